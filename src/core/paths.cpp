@@ -1,0 +1,31 @@
+#include "core/paths.h"
+
+namespace ardane {
+
+std::string Joindre_chemin(std::string_view dossier, std::string_view nom) {
+  std::string chemin(dossier);
+  if (chemin.empty() || chemin.back() != séparateur_de_chemin) chemin.push_back(séparateur_de_chemin);
+  return chemin.append(nom);
+}
+
+std::string Dossier_de(std::string_view chemin) {
+  const auto dernier = chemin.rfind(séparateur_de_chemin);
+  return dernier == std::string_view::npos ? std::string{} : std::string(chemin.substr(0, dernier));
+}
+
+std::filesystem::path chemin_natif(std::string_view utf8) {
+  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::string texte_du_chemin(const std::filesystem::path &chemin) {
+  const std::u8string texte = chemin.u8string();
+  return {texte.begin(), texte.end()};
+}
+
+bool fichier_existe(std::string_view chemin) {
+  std::error_code erreur;
+  const auto état = std::filesystem::status(chemin_natif(chemin), erreur);
+  return std::filesystem::exists(état) && !std::filesystem::is_directory(état);
+}
+
+}  // namespace ardane

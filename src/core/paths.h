@@ -1,0 +1,23 @@
+// Paths of files and folders as plain text, UTF-8.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace ardane {
+
+constexpr char séparateur_de_chemin = '/';
+
+/// `dossier` and `nom` with one separator between; none is added if the folder already ends in one.
+std::string Joindre_chemin(std::string_view dossier, std::string_view nom);
+/// Everything before the last separator; empty for a path that has none.
+std::string Dossier_de(std::string_view chemin);
+/// The path for the file functions of the standard library.
+std::filesystem::path chemin_natif(std::string_view utf8);
+/// The other way.
+std::string texte_du_chemin(const std::filesystem::path &chemin);
+/// True if a file (not a folder) of that name can be found.
+bool fichier_existe(std::string_view chemin);
+
+}  // namespace ardane

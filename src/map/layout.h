@@ -1,0 +1,15 @@
+// The main window laid out from the screen's size, the work area and the map's size.
+#pragma once
+
+#include "core/context.h"
+
+namespace ardane {
+
+/// Sizes viewport, bars and window. A screen too small for the panel leaves a negative size: fatal error.
+void DisposerCarte(Contexte &c);
+/// Keeps the screen rectangle of the viewport, outer edges, in `Rect_carte`.
+void Lire_rectangle_carte(Contexte &c);
+/// Lays the whole window out, scrolled back to 0. Run again it moves nothing.
+void Disposer_écran(Contexte &c);
+
+}  // namespace ardane

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "core/context.h"
+
+namespace ardane {
+
+/// Puts tables, counters and map into the state that a stage starts from: nothing of it placed but what the
+/// configuration leaves out, the map scrolled to 0, nothing asked.
+void RemiseAZéroCarte(Contexte &c);
+
+}  // namespace ardane

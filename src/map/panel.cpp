@@ -1,0 +1,120 @@
+#include "map/panel.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+#include "core/game_state.h"
+#include "map/main_window.h"
+
+namespace ardane {
+namespace {
+
+void montrer_devant(Ecran_principal &e, Contrôle &contrôle, bool visible = true) {
+  contrôle.visible = visible;
+  if (visible) e.au_premier_plan(contrôle);
+}
+
+bool en_jeu(int étape) { return étape >= étape_provinces && étape <= étape_régions; }
+
+struct Zone_question {
+  int étape;
+  int niveau_premier, niveau_dernier;
+  bool texte, image;
+};
+
+// Which parts of the question are seen; modes that stand in no row see none.
+constexpr std::array zones = std::to_array<Zone_question>({
+    {étape_provinces, 1, 3, true, true},
+    {étape_provinces, 4, 4, true, false},
+    {étape_villes, 1, 2, true, true},
+    {étape_villes, 3, 4, true, false},
+    {étape_drapeaux, 1, 4, false, true},
+    {étape_régions, 1, 4, true, true},
+});
+
+void afficher_question(Contexte &c) {
+  Ecran_principal &e = c.écran;
+  Zone_question zone{};
+  for (const Zone_question &z : zones)
+    if (z.étape == c.état.Etape && c.état.Niveau >= z.niveau_premier && c.état.Niveau <= z.niveau_dernier)
+      zone = z;
+  montrer_devant(e, e.Texte_à_chercher, zone.texte);
+  montrer_devant(e, e.Elément_recherché, zone.image);
+  montrer_devant(e, e.Image_recherchée, zone.image);
+}
+
+/// Decimal digits of `nombre`, zeros in front, the units at index 1.
+template <class Chiffres>
+void afficher_chiffres(Chiffres &boîtes, int combien, long nombre) {
+  for (int i = 1; i <= combien; ++i, nombre /= 10) boîtes(i).texte = std::string(1, static_cast<char>('0' + nombre % 10));
+}
+
+}  // namespace
+
+void AfficherPanneau(Contexte &c) {
+  Ecran_principal &e = c.écran;
+  const bool jeu = en_jeu(c.état.Etape);
+  const bool compté = jeu && !c.état.ModeApprentissage;
+  montrer_devant(e, e.que_faire, jeu);
+  e.Boîte_score.visible = compté;
+  if (jeu) e.au_premier_plan(e.Boîte_score);
+  e.Boîte_restants.visible = jeu;
+  for (int i = 0; i <= 6; ++i) montrer_devant(e, e.Digit(i), compté);
+  for (int i = 1; i <= 3; ++i) montrer_devant(e, e.Reste(i), jeu);
+  afficher_question(c);
+  const bool régions = c.état.Etape == étape_régions;
+  montrer_devant(e, e.BoîteProvinces, régions);
+  montrer_devant(e, e.EtiquetteProvinces, régions);
+  montrer_devant(e, e.NombreProvinces, régions);
+}
+
+void MasquerPanneau(Contexte &c) {
+  Ecran_principal &e = c.écran;
+  for (Contrôle *contrôle : {&e.que_faire, &e.Boîte_score, &e.Boîte_restants, &e.Texte_à_chercher,
+                             &e.Elément_recherché, &e.Image_recherchée, &e.NombreProvinces,
+                             &e.BoîteProvinces, &e.EtiquetteProvinces})
+    contrôle->visible = false;
+  for (int i = 0; i <= 6; ++i) e.Digit(i).visible = false;
+  for (int i = 1; i <= 3; ++i) e.Reste(i).visible = false;
+}
+
+void MasquerParamétrage(Contexte &c) {
+  Ecran_principal &e = c.écran;
+  for (int i = 1; i <= 13; ++i) e.LBL_param(i).visible = false;
+  for (int i = 1; i <= 16; ++i) e.Bouton(i).visible = false;
+  for (int i = 1; i <= 2; ++i) e.BTN(i).visible = false;
+  e.BTN_Sauvegarde.visible = e.BTN_Démarrage.visible = false;
+  for (const std::string_view nom : {"menu_fichier", "menu_scores", "Menu_réviser", "menu_paramétrer"})
+    e.menu(nom).actif = true;
+}
+
+void AfficherScore(Contexte &c) {
+  const long score = c.état.Score;
+  afficher_chiffres(c.écran.Digit, 6, std::labs(score));
+  c.écran.Digit(0).texte = score < 0 ? "-" : "";
+}
+
+void AfficherReste(Contexte &c, int nombre) {
+  const GameState &g = c.état;
+  std::string &légende = c.écran.Boîte_restants.texte;
+  switch (g.Etape) {
+    case étape_provinces: légende = message(g, 155); break;
+    case étape_villes: légende = message(g, 157); break;
+    case étape_drapeaux: légende = "Drapeaux à placer"; break;
+    case étape_régions: légende = message(g, 156); break;
+    default: break;
+  }
+  afficher_chiffres(c.écran.Reste, 3, nombre);
+}
+
+int reste_de_l_étape(const GameState &g) {
+  switch (g.Etape) {
+    case étape_villes: return g.VillesRestantes;
+    case étape_régions: return g.RégionsRestantes;
+    default: return g.ProvincesRestantes;
+  }
+}
+
+}  // namespace ardane

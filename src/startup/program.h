@@ -1,0 +1,53 @@
+// One run of the program: its state, its main window, the order of start and stop, and what each event of
+// its windows calls. Front ends make one over their own world and hand events to its windows.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/context.h"
+#include "core/game_state.h"
+#include "map/main_window.h"
+#include "platform/services.h"
+
+namespace ardane {
+
+class Programme : private Ouvreur {
+ public:
+  /// `monde` and `ressources` must outlive the run.
+  Programme(const Monde &monde, const Ressources &ressources);
+
+  /// Starts: settings, hit-test table, main window. `répertoire` is the program's folder. False if the
+  /// program ended at once, after a box that told the player why. Throws ErreurFatale.
+  bool Démarrage(const std::string &répertoire);
+
+  /// True while the main window is there. Its own events end it: the close control
+  /// (`écran().demande_de_fermeture`) and the menu entry `fichier_quitter`.
+  bool en_cours() const { return écran_.ouverte; }
+
+  /// The F1 key in a window: opens the help at the window's context.
+  void aide(const Fenêtre &fenêtre);
+
+  GameState &état() { return état_; }
+  Ecran_principal &écran() { return écran_; }
+  Contexte &contexte() { return contexte_; }
+
+ private:
+  void ouvrir_modale(std::string_view nom) override;
+  void décharger();
+  void brancher();
+
+  using Fabrique = std::function<std::unique_ptr<Fenêtre>(Contexte &)>;
+
+  const Ressources &ressources_;
+  GameState état_;
+  Ecran_principal écran_;
+  Plateforme plateforme_;
+  Contexte contexte_;
+  std::map<std::string_view, Fabrique> fabriques_;
+};
+
+}  // namespace ardane

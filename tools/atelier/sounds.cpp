@@ -5,6 +5,7 @@
 #include <fstream>
 #include <span>
 #include <stdexcept>
+#include <utility>
 
 #include "math.h"
 
@@ -43,7 +44,7 @@ constexpr double do5 = 523.25, mi5 = 659.26, sol5 = 783.99, do6 = 1046.50;
 constexpr double la4 = 440.00, sol4 = 392.00, fa4 = 349.23, ré4 = 293.66;
 
 constexpr Note appel_juste[] = {{0.0, sol5, 0.8}, {0.105, do6, 1.0}};
-constexpr Note coups_erreur[] = {{0.0, 172.0, 1.0}, {0.135, 136.0, 0.85}};
+constexpr Note coups_erreur[] = {{0.0, 233.0, 1.0}, {0.135, 185.0, 0.85}};
 constexpr Note carillon_gagné[] = {
     {0.0, do5, 0.75}, {0.115, mi5, 0.75}, {0.23, sol5, 0.8}, {0.36, do6, 1.0}, {0.36, mi5, 0.45}};
 constexpr Note descente_perdu[] = {{0.0, la4, 1.0}, {0.19, sol4, 0.9}, {0.38, fa4, 0.85}, {0.60, ré4, 1.0}};
@@ -62,9 +63,9 @@ double sinus_de_tours(double tours) {
   return sine(2.0 * pi * (tours - std::floor(tours)));
 }
 
-/// Rises from 0 to 1 in `durée` seconds, so that no note begins with a step.
+/// Rises from 0 to 1 in `durée` seconds, so that no note begins with a step or a kink.
 double montée(double t, double durée) {
-  return t >= durée ? 1.0 : t / durée;
+  return smooth_step(0.0, durée, t);
 }
 
 void frapper(Onde &onde, const Note &note, std::span<const Partiel> corps, double attaque) {
@@ -183,7 +184,7 @@ std::vector<Son> composer_sons() {
   sons.push_back(achever("carte_ok.wav", jouer(0.80, appel_juste, lame_de_marimba, 0.002), 0.20));
   sons.push_back(achever("carte_ga.wav", jouer(1.45, carillon_gagné, lame_de_carillon, 0.002), 0.40));
   sons.push_back(achever("carte_pe.wav", jouer(1.40, descente_perdu, lame_douce, 0.012), 0.35));
-  sons.push_back(achever("carte_es.wav", jouer(0.09, coup_choisi, baguette, 0.001), 0.02));
+  sons.push_back(achever("carte_es.wav", jouer(0.09, coup_choisi, baguette, 0.003), 0.02));
   sons.push_back(achever("carte_hl.wav", feuille_tournée(), 0.04));
   return sons;
 }

@@ -1,0 +1,15 @@
+// Systems other than Linux: no lock. The settings are still replaced in one piece, so two instances can lose
+// each other's last change but never the file.
+#if !defined(__linux__)
+
+#include "platform/registry_lock.h"
+
+namespace ardane {
+
+struct VerrouRegistre::Prise {};
+VerrouRegistre::VerrouRegistre(const std::filesystem::path &) {}
+VerrouRegistre::~VerrouRegistre() = default;
+
+}  // namespace ardane
+
+#endif

@@ -1,0 +1,86 @@
+// The store of settings: in memory for scripts and tests, in a text file for players.
+//
+// The file is UTF-8, one setting a line under the key it belongs to:
+//
+//     [HKEY_CURRENT_USER\Software\Mirabonde\Ardane]
+//     "joueur"="Ann"
+//
+// In names and texts \\ stands for a backslash, \" for a quotation mark, \n and \r for the line ends; a key
+// stands as it is. A line of another form is passed over and stays where it is when the file is rewritten.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/services.h"
+
+namespace ardane {
+
+/// Keys and values for one run. The empty key is the root of all keys: its `sous_clés` are the topmost ones.
+/// Empty parts of a key are passed over. A name or text that is not UTF-8, and a key that holds a line end,
+/// are refused.
+class RegistreMémoire : public Registre {
+ public:
+  bool existe(std::string_view clé) const override;
+  bool créer(std::string_view clé) override;
+  std::optional<std::string> lire(std::string_view clé, std::string_view nom) const override;
+  bool écrire(std::string_view clé, std::string_view nom, std::string_view texte) override;
+  std::vector<std::string> valeurs(std::string_view clé) const override;
+  std::vector<std::string> sous_clés(std::string_view clé) const override;
+
+ private:
+  struct Valeur {
+    std::string nom;
+    std::string texte;
+  };
+  struct Clé {
+    std::string chemin;
+    std::vector<Valeur> valeurs;
+  };
+  /// Place of a key in `clés_`; their number if there is no such key.
+  std::size_t rang(std::string_view clé) const;
+
+  std::vector<Clé> clés_;
+};
+
+/// The same, kept in a file that is read once, at the making, and rewritten whole at each change: what stands
+/// in it then, other instances' changes included, with the change in it, goes to a new file beside it, which
+/// takes its name. So the file is always whole, before or after the change.
+///
+/// A file that cannot be read or written, or whose folder cannot be made, makes `créer` and `écrire` return
+/// false; what was to be kept is still there for the rest of the run, and goes along with the next change
+/// that can be kept. A file that exists and cannot be read is never replaced.
+class RegistreFichier : public Registre {
+ public:
+  explicit RegistreFichier(const std::filesystem::path &fichier);
+
+  bool existe(std::string_view clé) const override { return mémoire_.existe(clé); }
+  bool créer(std::string_view clé) override;
+  std::optional<std::string> lire(std::string_view clé, std::string_view nom) const override;
+  bool écrire(std::string_view clé, std::string_view nom, std::string_view texte) override;
+  std::vector<std::string> valeurs(std::string_view clé) const override { return mémoire_.valeurs(clé); }
+  std::vector<std::string> sous_clés(std::string_view clé) const override { return mémoire_.sous_clés(clé); }
+
+ private:
+  struct Changement {
+    std::string clé;
+    std::optional<std::string> nom;  ///< none for a key to make
+    std::string texte;
+  };
+  bool garder(Changement changement);
+  bool enregistrer();
+
+  std::filesystem::path fichier_;
+  RegistreMémoire mémoire_;
+  std::vector<Changement> en_attente_;  ///< not kept yet, oldest first
+};
+
+/// Where a player's settings lie: "mirabonde/registre" in $XDG_CONFIG_HOME, or in ~/.config where that is
+/// unset or no absolute path. Empty if there is no home folder either.
+std::filesystem::path fichier_registre_par_défaut();
+
+}  // namespace ardane

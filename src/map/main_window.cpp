@@ -1,6 +1,9 @@
 #include "map/main_window.h"
 
+#include <algorithm>
 #include <array>
+
+#include "platform/window_layout.h"
 
 namespace ardane {
 namespace {
@@ -10,12 +13,6 @@ constexpr Couleur noir{0, 0, 0};
 constexpr Police titre_panneau{Famille_police::times, 12, true};
 constexpr Police chiffre{Famille_police::times, 18, true};
 constexpr Police consigne{Famille_police::sans_serif, 9.75, true};
-
-struct Place {
-  std::string_view nom;
-  Genre genre;
-  double gauche, haut, largeur, hauteur;
-};
 
 // Designed places, in pixels; the layout moves the panel and the grid from here. The height of `barre_h` and
 // the width of `barre_v` are the standard ones of the bars.
@@ -104,10 +101,6 @@ constexpr std::array barre_de_menus = std::to_array<Entrée_menu>({
     {"Menu_à_propos", ""},
 });
 
-std::string indexé(std::string_view nom, int i) {
-  return std::string(nom) + "(" + std::to_string(i) + ")";
-}
-
 template <class Images>
 void prendre(Images &images, const CatalogueImages &catalogue, std::string_view famille) {
   for (int i = Images::premier; i <= Images::dernier; ++i) images(i) = catalogue.chercher(famille, i);
@@ -138,19 +131,11 @@ Graphismes::Graphismes(const CatalogueImages &catalogue) {
 }
 
 Contrôle &Ecran_principal::placer(std::string_view nom_contrôle, Contrôle *conteneur) {
-  for (const Place &p : places) {
-    if (p.nom != nom_contrôle) continue;
-    Contrôle contrôle;
-    contrôle.nom = p.nom;
-    contrôle.genre = p.genre;
-    contrôle.gauche = p.gauche;
-    contrôle.haut = p.haut;
-    contrôle.largeur = p.largeur;
-    contrôle.hauteur = p.hauteur;
-    contrôle.conteneur = conteneur;
-    return ajouter(std::move(contrôle));
-  }
-  throw ErreurFatale("Contrôle sans place : " + std::string(nom_contrôle), Lieu::ici());
+  const auto place = std::find_if(places.begin(), places.end(), [&](const Place &p) { return p.nom == nom_contrôle; });
+  if (place == places.end()) throw ErreurFatale("Contrôle sans place : " + std::string(nom_contrôle), Lieu::ici());
+  Contrôle &contrôle = ardane::placer(*this, *place);
+  contrôle.conteneur = conteneur;
+  return contrôle;
 }
 
 Contrôle &Ecran_principal::placer_image(std::string nom_contrôle, Contrôle &conteneur, Image image) {
@@ -213,9 +198,7 @@ void Ecran_principal::créer_menus() {
 }
 
 Contrôle &Ecran_principal::menu(std::string_view nom_entrée) {
-  Contrôle *entrée = chercher(nom_entrée);
-  if (entrée == nullptr) throw ErreurFatale("Entrée de menu inconnue", Lieu::ici());
-  return *entrée;
+  return contrôle(*this, nom_entrée);
 }
 
 void Ecran_principal::créer_couches() {

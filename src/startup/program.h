@@ -37,6 +37,7 @@ class Programme : private Ouvreur {
 
  private:
   void ouvrir_modale(std::string_view nom) override;
+  bool existe(std::string_view nom) const override { return fabriques_.contains(nom); }
   void décharger();
   void brancher();
 

@@ -1,0 +1,14 @@
+#include "core/window_placing.h"
+
+#include <cmath>
+
+#include "core/game_state.h"
+
+namespace ardane {
+
+void Centrer_fenêtre(const GameState &g, Fenêtre &fenêtre) {
+  fenêtre.haut = std::floor((g.Hauteur_écran - fenêtre.hauteur) / 2);
+  fenêtre.gauche = std::floor((g.Largeur_écran - fenêtre.largeur) / 2);
+}
+
+}  // namespace ardane

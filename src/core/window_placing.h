@@ -1,0 +1,11 @@
+#pragma once
+
+#include "core/context.h"
+#include "platform/controls.h"
+
+namespace ardane {
+
+/// Centres a window's client area on the screen, to the whole pixel; the frame is not counted.
+void Centrer_fenêtre(const GameState &g, Fenêtre &fenêtre);
+
+}  // namespace ardane

@@ -1,0 +1,24 @@
+#include "play/card.h"
+
+#include "core/game_state.h"
+#include "core/sound.h"
+#include "map/layers.h"
+
+namespace ardane {
+
+void Ouvrir_fiche(Contexte &c, int province, bool retenue) {
+  if (!c.plateforme.fenêtres.existe("Pompe")) return;
+  GameState &g = c.état;
+  Jouer_son(c, g.SonFiche);
+  g.ProvinceFiche = static_cast<std::int16_t>(province);
+  Poser_rond(c, province, true, false);
+  c.plateforme.fenêtres.ouvrir_modale("Pompe");
+  Poser_rond(c, province, false, retenue);
+}
+
+void Conseiller_fiches(Contexte &c) {
+  c.plateforme.boîtes.montrer({Icône::information, message(c.état, 17), message(c.état, 137)});
+  c.état.ConseilFicheVu = true;
+}
+
+}  // namespace ardane

@@ -1,0 +1,128 @@
+#include "play/stage_sequencer.h"
+
+#include "core/game_state.h"
+#include "core/sound.h"
+#include "map/layers.h"
+#include "map/layout.h"
+#include "map/main_window.h"
+#include "map/map_reset.h"
+#include "map/panel.h"
+#include "play/end_of_game.h"
+#include "play/question_selection.h"
+
+namespace ardane {
+namespace {
+
+/// What is said when a stage ends, and when it comes next: message indices by stage code.
+struct Annonces {
+  int fin, suite;
+};
+
+Annonces annonces(int jeu) {
+  switch (jeu) {
+    case étape_provinces: return {21, 24};
+    case étape_villes: return {22, 25};
+    case étape_drapeaux: return {23, 26};
+    case étape_régions: return {172, 128};
+    default: throw ErreurFatale("Jeu inconnu : " + std::to_string(jeu), Lieu::ici());
+  }
+}
+
+int rang_dans_l_ordre(const GameState &g, int jeu) {
+  int rang = 1;
+  while (g.Ordre_jeux(rang) != jeu) ++rang;
+  return rang;
+}
+
+std::int16_t jeu_suivant(const GameState &g) {
+  const int rang = rang_dans_l_ordre(g, g.Etape);
+  return rang == nombre_jeux ? std::int16_t{0} : g.Ordre_jeux(rang + 1);
+}
+
+void effacer_statistiques(GameState &g) {
+  for (int i = 1; i <= nombre_provinces; ++i) {
+    g.TableProvinces(i).points_perdus.remplir(0);
+    g.TableProvinces(i).trouvée_étape.remplir(false);
+  }
+  for (int r = 1; r <= nombre_régions; ++r) {
+    g.TableRégions(r).points_perdus = 0;
+    g.TableRégions(r).trouvée_étape = false;
+  }
+  for (int v = 1; v <= nombre_villes; ++v) {
+    g.TableVilles(v).points_perdus = 0;
+    g.TableVilles(v).trouvée_étape = false;
+  }
+}
+
+bool partie_en_cours(const GameState &g) {
+  return !g.PartieVierge && !g.PartieClose && g.Etape != étape_paramétrage_affiché;
+}
+
+}  // namespace
+
+void NouvellePartie(Contexte &c) {
+  GameState &g = c.état;
+  if (!ConfirmerAbandon(c)) return;
+  c.écran.contexte_aide = 10;
+  c.plateforme.fenêtres.ouvrir_modale("nouvelle_partie");
+  RemiseAZéroCarte(c);
+  MasquerCarte(c);
+  MasquerParamétrage(c);
+  effacer_statistiques(g);
+  g.PartieVierge = true;
+  g.Carte_pleine_largeur = false;
+  g.ConseilFicheVu = false;
+  DisposerCarte(c);
+  if (g.Etape == étape_repos) {
+    MasquerPanneau(c);
+    MasquerCarte(c);
+    return;
+  }
+  g.Score = score_de_départ;
+  AfficherPanneau(c);
+  RedessinerCarte(c);
+  AfficherScore(c);
+  AfficherReste(c, reste_de_l_étape(g));
+  QuestionSuivante(c);
+}
+
+void EtapeSuivante(Contexte &c) {
+  GameState &g = c.état;
+  const std::int16_t suivant = jeu_suivant(g);
+  if (suivant == 0) {
+    g.Etape = étape_repos;
+    EntréeTopTen(c);
+    TerminerPartie(c);
+    return;
+  }
+  Jouer_son(c, g.SonGagné);
+  c.plateforme.boîtes.montrer({Icône::information, message(g, 20),
+                               message(g, annonces(g.Etape).fin) + message(g, annonces(suivant).suite)});
+  g.Etape = suivant;
+  RemiseAZéroCarte(c);
+  RedessinerCarte(c);
+  AfficherScore(c);
+  AfficherPanneau(c);
+  AfficherReste(c, reste_de_l_étape(g));
+  QuestionSuivante(c);
+}
+
+bool ConfirmerAbandon(Contexte &c) {
+  GameState &g = c.état;
+  if (partie_en_cours(g) &&
+      c.plateforme.boîtes.montrer({Icône::question, message(g, 33), message(g, 32), Boutons::oui_non}) !=
+          Réponse::oui)
+    return false;
+  if (partie_en_cours(g)) {
+    ScoreDeProgression(c);
+    if (g.Score != 0) {
+      AfficherScore(c);
+      EntréeTopTen(c);
+    }
+  }
+  MasquerCarte(c);
+  MasquerPanneau(c);
+  return true;
+}
+
+}  // namespace ardane

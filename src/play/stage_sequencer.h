@@ -1,0 +1,16 @@
+// The spine of a game: setting it up, one stage after the other, and dropping it.
+#pragma once
+
+#include "core/context.h"
+
+namespace ardane {
+
+/// The menu entry `fichier_nouveau`.
+void NouvellePartie(Contexte &c);
+/// The stage's last object has been placed: the next stage, or the end of the game.
+void EtapeSuivante(Contexte &c);
+/// Asks before a running game is dropped, and scores it as abandoned. False if the player keeps it; nothing
+/// has changed then.
+bool ConfirmerAbandon(Contexte &c);
+
+}  // namespace ardane

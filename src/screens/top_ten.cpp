@@ -1,0 +1,84 @@
+#include "screens/top_ten.h"
+
+#include <array>
+
+#include "core/game_state.h"
+#include "core/resources.h"
+#include "core/window_placing.h"
+#include "platform/window_layout.h"
+
+namespace ardane {
+namespace {
+
+constexpr std::array places = std::to_array<Place>({
+    {"Etiquette", Genre::étiquette, 131, 9, 265, 24},
+    {"Command1", Genre::bouton, 528, 144, 39, 40, 0, "OK"},
+    {"BoutonStatistiques", Genre::bouton, 528, 248, 40, 37, 1},
+});
+
+// The rows are irregular by a pixel.
+constexpr std::array<double, nombre_rangs> hauts_des_rangs = {55, 85, 116, 146, 177, 207, 237, 268, 298, 329};
+
+/// Titles by level, from 1. That of the expert level is a message of its own beside the menu entry's.
+constexpr std::array<int, plus_haut_niveau> titres = {52, 53, 54, 130};
+
+void habiller(Contrôle &étiquette, Alignement alignement) {
+  étiquette.police = {Famille_police::times, 15.75, true};
+  étiquette.couleur = Couleur{255, 255, 0};
+  étiquette.fond = Couleur{0, 0, 0};
+  étiquette.alignement = alignement;
+}
+
+}  // namespace
+
+void AfficherScores(Contexte &c, int niveau) {
+  c.état.Niveau_affiché = static_cast<std::int16_t>(niveau);
+  c.plateforme.fenêtres.ouvrir_modale("Affichage_scores");
+}
+
+Affichage_scores::Affichage_scores(Contexte &c) : Fenêtre("Affichage_scores") {
+  largeur = 593;
+  hauteur = 377;
+  redimensionnable = true;
+  titre = message(c.état, 50);
+  contexte_aide = 90;
+  placer_tout(*this, places);
+  habiller(contrôle(*this, "Etiquette"), Alignement::centre);
+  for (int i = 1; i <= nombre_rangs; ++i) {
+    const double haut_du_rang = hauts_des_rangs[static_cast<std::size_t>(i - 1)];
+    habiller(placer(*this, {indexé("nomjoueur", i), Genre::étiquette, 27, haut_du_rang, 368, 28}),
+             Alignement::gauche);
+    habiller(placer(*this, {indexé("valeurscore", i), Genre::étiquette, 409, haut_du_rang, 89, 28}),
+             Alignement::centre);
+  }
+  Centrer_fenêtre(c.état, *this);
+  contrôle(*this, "Command1").police = {Famille_police::times, 14.25, true};
+  contrôle(*this, "Command1").clic = [this] { fermer(); };
+  Contrôle &statistiques = contrôle(*this, "BoutonStatistiques");
+  statistiques.image = c.ressources.images.chercher("Affichage_scores.BoutonStatistiques");
+  statistiques.visible = c.état.AprèsPartie;
+  statistiques.actif = c.plateforme.fenêtres.existe("Stats");
+  statistiques.clic = [&c] { c.plateforme.fenêtres.ouvrir_modale("Stats"); };
+  écrire_titre(c);
+  écrire_liste(c);
+}
+
+void Affichage_scores::écrire_titre(Contexte &c) {
+  GameState &g = c.état;
+  if (g.Niveau_affiché == 0) {
+    c.plateforme.boîtes.montrer({Icône::information, message(g, 14), message(g, 13)});
+    g.Niveau_affiché = 1;
+  }
+  contrôle(*this, "Etiquette").texte = message(g, titres.at(static_cast<std::size_t>(g.Niveau_affiché - 1)));
+}
+
+void Affichage_scores::écrire_liste(const Contexte &c) {
+  for (int i = 1; i <= nombre_rangs; ++i) {
+    const Meilleur_score &entrée = c.état.Meilleurs_scores(c.état.Niveau_affiché, i);
+    const bool vide = entrée.score == 0;
+    contrôle(*this, indexé("nomjoueur", i)).texte = vide ? "" : entrée.nom;
+    contrôle(*this, indexé("valeurscore", i)).texte = vide ? "" : std::to_string(entrée.score);
+  }
+}
+
+}  // namespace ardane

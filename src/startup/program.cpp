@@ -1,0 +1,119 @@
+#include "startup/program.h"
+
+#include "configuration/folder_chooser.h"
+#include "core/hit_test_table.h"
+#include "core/paths.h"
+#include "core/resources.h"
+#include "map/layers.h"
+#include "map/layout.h"
+#include "map/map_reset.h"
+#include "map/panel.h"
+#include "map/scrolling.h"
+#include "persistence/score_file.h"
+#include "play/assistance.h"
+#include "play/map_clicks.h"
+#include "play/stage_sequencer.h"
+#include "screens/new_game.h"
+#include "screens/top_ten.h"
+#include "services/system_sounds.h"
+#include "services/texts.h"
+#include "services/update_list.h"
+#include "startup/main_window_start.h"
+#include "startup/settings.h"
+
+namespace ardane {
+namespace {
+
+constexpr int mode_dossier_d_information = 6;
+
+template <class F>
+std::unique_ptr<Fenêtre> fabriquer(Contexte &c) {
+  return std::make_unique<F>(c);
+}
+
+}  // namespace
+
+Programme::Programme(const Monde &monde, const Ressources &ressources)
+    : ressources_(ressources),
+      écran_(ressources.images),
+      plateforme_{monde, *this},
+      contexte_{état_, écran_, plateforme_, ressources_},
+      fabriques_{{"nouvelle_partie", fabriquer<Nouvelle_partie>},
+                 {"Affichage_scores", fabriquer<Affichage_scores>},
+                 {"Paramétrage_répertoires", fabriquer<Paramétrage_répertoires>}} {}
+
+bool Programme::Démarrage(const std::string &répertoire) {
+  état_.Scores_non_sauvés = false;
+  état_.Fin_de_ligne = "\r\n";
+  état_.Répertoire_programme = répertoire;
+  if (répertoire.size() > 1 && répertoire.back() == séparateur_de_chemin) état_.Répertoire_programme.pop_back();
+  Lire_mises_à_jour(contexte_);
+  Lire_réglages(contexte_);
+  état_.SonActif = true;
+  if (!Charger_points(contexte_)) return false;
+  plateforme_.écran.sablier(true);
+  Initialiser_écran(contexte_);
+  brancher();
+  plateforme_.façade.montrer(écran_);
+  plateforme_.écran.sablier(false);
+  return true;
+}
+
+void Programme::ouvrir_modale(std::string_view nom) {
+  const std::unique_ptr<Fenêtre> fenêtre = fabriques_.at(nom)(contexte_);
+  plateforme_.façade.montrer_modale(*fenêtre);
+}
+
+void Programme::aide(const Fenêtre &fenêtre) { Ouvrir_aide(contexte_, fenêtre.contexte_aide); }
+
+/// Unload event of the main window: a refusal leaves the game as it was.
+void Programme::décharger() {
+  if (!ConfirmerAbandon(contexte_)) return;
+  Rendre_sons_système(contexte_);
+  écran_.fermer();
+  plateforme_.façade.retirer(écran_);
+}
+
+void Programme::brancher() {
+  Contexte &c = contexte_;
+  Ecran_principal &e = écran_;
+  const auto entrée = [&](std::string_view nom, auto action) {
+    e.menu(nom).clic = [&c, action] { action(c); };
+  };
+  entrée("fichier_nouveau", NouvellePartie);
+  entrée("score_en_cours", [](Contexte &k) { AfficherScores(k, k.état.Niveau); });
+  entrée("score_facile", [](Contexte &k) { AfficherScores(k, 1); });
+  entrée("score_moyen", [](Contexte &k) { AfficherScores(k, 2); });
+  entrée("score_difficile", [](Contexte &k) { AfficherScores(k, 3); });
+  entrée("score_expert", [](Contexte &k) { AfficherScores(k, 4); });
+  entrée("menu_Scoresraz", Remise_à_zéro);
+  entrée("MenuSon", Basculer_son);
+  entrée("Menu_langue", Changer_langue);
+  entrée("Menu_aide", Aide_du_menu);
+  entrée("Menu_à_propos", A_propos);
+  entrée("FichierVersion", Chercher_mises_à_jour);
+  entrée("menu_inf", [](Contexte &k) {
+    k.état.Mode_sélection = mode_dossier_d_information;
+    k.plateforme.fenêtres.ouvrir_modale("Paramétrage_répertoires");
+  });
+  e.menu("fichier_quitter").clic = [this] { décharger(); };
+  désactiver_entrées_sans_effet(e);
+
+  e.demande_de_fermeture = [this] { décharger(); };
+  e.déplacement = [&c] { Lire_rectangle_carte(c); };
+  e.tic = [&c] { Clignotant(c); };
+  e.barre_h.changement = [&c] { Défiler_horizontal(c); };
+  e.barre_v.changement = [&c] { Défiler_vertical(c); };
+  e.Bouton_gruge.clic = [&c] { AideClignotante(c); };
+  e.BoutonPasse.clic = [&c] { JePasse(c); };
+
+  e.image_région.clic = [&c] { Clic_carte(c, 0); };
+  for (int i = 1; i <= nombre_provinces; ++i)
+    e.Pays(i).clic = e.Inv(i).clic = [&c, i] { Clic_carte(c, c.état.TableProvinces(i).encart); };
+  for (int i = 1; i <= nombre_villes; ++i) {
+    e.rond(i).clic = [&c, i] { ClicProvince(c, i); };
+    repère(e, i).clic = [&c, i] { Clic_repère(c, i); };
+  }
+}
+
+}  // namespace ardane

@@ -1,0 +1,136 @@
+#include "startup/settings.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "core/dates.h"
+#include "core/game_state.h"
+#include "core/paths.h"
+#include "core/resources.h"
+#include "persistence/folders.h"
+#include "persistence/registry.h"
+#include "services/system_sounds.h"
+#include "services/update_list.h"
+
+namespace ardane {
+namespace {
+
+constexpr int jours_entre_rappels = 60;
+constexpr int mode_dossier_de_sauvegarde = 7;
+
+void écrire_réglage(Contexte &c, std::string_view nom, const std::string &texte) {
+  Ecrire_registre(c.plateforme.registre, clé_du_jeu, nom, texte);
+}
+
+void lire_réglage(Contexte &c, std::string_view nom, std::string &variable) {
+  Lire_registre(c.plateforme.registre, clé_du_jeu, nom, variable);
+}
+
+void dater(Contexte &c) {
+  const Horloge &horloge = c.plateforme.horloge;
+  Ecrire_registre(c.plateforme.registre, clé_de_famille, "date",
+                  date_et_heure(horloge.aujourd_hui(), horloge.heure()));
+}
+
+void faire_choisir_dossier(Contexte &c) {
+  GameState &g = c.état;
+  c.plateforme.boîtes.montrer({Icône::information, message(g, 118), message(g, 122)});
+  g.Mode_sélection = mode_dossier_de_sauvegarde;
+  c.plateforme.fenêtres.ouvrir_modale("Paramétrage_répertoires");
+}
+
+/// The folders go back to the program's own; without leave to write there the player chooses one. The
+/// registry takes the full path of the score file, the variable its bare name.
+void revenir_au_dossier_du_programme(Contexte &c) {
+  GameState &g = c.état;
+  if (Tester_ecriture(g.Répertoire_programme)) {
+    écrire_réglage(c, "répertoire", g.Répertoire_programme);
+    g.Répertoire_sauvegarde = g.Répertoire_programme;
+    écrire_réglage(c, "fichier de lancement", Joindre_chemin(g.Répertoire_sauvegarde, "ARDANE.SCI"));
+    g.Fichier_lancement = "ARDANE.SCI";
+  } else {
+    faire_choisir_dossier(c);
+  }
+  g.Répertoire_info = g.Répertoire_programme;
+  écrire_réglage(c, "répertoire information", g.Répertoire_info);
+}
+
+void Première_utilisation(Contexte &c) {
+  GameState &g = c.état;
+  dater(c);
+  écrire_réglage(c, "version", g.Version_programme);
+  écrire_réglage(c, "joueur", "");
+  écrire_réglage(c, "langue", "1");
+  g.Langue = 1;
+  Charger_textes(c);
+  revenir_au_dossier_du_programme(c);
+  Lire_versions_locales(c);
+  Annoncer_mises_à_jour(c);
+}
+
+void Nouvelle_version(Contexte &c) {
+  dater(c);
+  écrire_réglage(c, "version", c.état.Version_programme);
+  revenir_au_dossier_du_programme(c);
+}
+
+/// The reminder comes every 60 days; a date that cannot be read brings none.
+void rappeler_mises_à_jour(Contexte &c) {
+  std::string texte;
+  Lire_registre(c.plateforme.registre, clé_de_famille, "date", texte);
+  const auto date = lire_date(texte);
+  if (!date) return;
+  Lire_versions_locales(c);
+  if (jours_entre(*date, c.plateforme.horloge.aujourd_hui()) < jours_entre_rappels) return;
+  Annoncer_mises_à_jour(c);
+  dater(c);
+}
+
+int lire_langue(Contexte &c) {
+  std::string texte;
+  lire_réglage(c, "langue", texte);
+  return std::max(1, nombre_en_tête(texte));
+}
+
+void reprendre_réglages(Contexte &c) {
+  GameState &g = c.état;
+  lire_réglage(c, "joueur", g.Nom_joueur);
+  lire_réglage(c, "répertoire", g.Répertoire_sauvegarde);
+  if (Tester_ecriture(g.Répertoire_sauvegarde))
+    Changer_dossier(g.Répertoire_sauvegarde);
+  else
+    faire_choisir_dossier(c);
+  lire_réglage(c, "fichier de lancement", g.Fichier_lancement);
+  lire_réglage(c, "répertoire information", g.Répertoire_info);
+}
+
+void reprendre(Contexte &c, const std::string &version) {
+  GameState &g = c.état;
+  g.Langue = static_cast<std::int16_t>(lire_langue(c));
+  Charger_textes(c);
+  if (version != g.Version_programme)
+    Nouvelle_version(c);
+  else
+    rappeler_mises_à_jour(c);
+  reprendre_réglages(c);
+}
+
+}  // namespace
+
+void Lire_réglages(Contexte &c) {
+  GameState &g = c.état;
+  g.Version_programme = c.ressources.chaînes.chaîne(1000);
+  Fusionner_catalogue(c);
+  std::string version;
+  const int résultat = Lire_registre(c.plateforme.registre, clé_du_jeu, "version", version);
+  if (résultat == registre_sans_clé) {
+    if (Créer_clé(c.plateforme.registre, clé_du_jeu) == 0) Première_utilisation(c);
+  } else if (résultat == registre_sans_valeur || version.empty()) {
+    Première_utilisation(c);
+  } else {
+    reprendre(c, version);
+  }
+  Sauver_sons_système(c);
+}
+
+}  // namespace ardane

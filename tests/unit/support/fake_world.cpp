@@ -1,0 +1,89 @@
+#include "support/fake_world.h"
+
+#include <unistd.h>
+
+#include <sstream>
+
+#include "play/map_clicks.h"
+#include "platform/window_layout.h"
+
+#ifndef ARDANE_RESOURCES
+#error "the build names the folder of the resources"
+#endif
+
+namespace ardane {
+
+DossierTemporaire::DossierTemporaire() {
+  std::string modèle = texte_du_chemin(std::filesystem::temp_directory_path() / "ardane-XXXXXX");
+  if (mkdtemp(modèle.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  dossier_ = chemin_natif(modèle);
+}
+
+DossierTemporaire::~DossierTemporaire() {
+  std::error_code erreur;
+  std::filesystem::permissions(dossier_, std::filesystem::perms::owner_all, erreur);
+  std::filesystem::remove_all(dossier_, erreur);
+}
+
+MondeFactice::MondeFactice()
+    : dossier_précédent(std::filesystem::current_path()),
+      programme({boîtes, registre, écran, son, horloge, hasard, web, aide, façade}, ressources_du_programme()) {
+  std::filesystem::current_path(chemin_natif(dossier.chemin()));
+  std::filesystem::copy_file(std::filesystem::path(ARDANE_RESOURCES) / "ardane.pts",
+                             chemin_natif(dossier.fichier("ardane.pts")));
+}
+
+MondeFactice::~MondeFactice() {
+  std::error_code erreur;
+  std::filesystem::current_path(dossier_précédent, erreur);
+}
+
+void MondeFactice::démarrer() {
+  if (!programme.Démarrage(dossier.chemin())) throw std::runtime_error("the program ended at its start");
+  boîtes.montrées.clear();
+  façade.ouvertes.clear();
+}
+
+void MondeFactice::nouvelle_partie(int niveau, const std::string &nom) {
+  static const char *const options[] = {"Niveau_apprentissage", "niveau_facile", "niveau_moyen",
+                                        "niveau_difficile", "niveau_expert"};
+  const auto joueur = façade.joueur;
+  façade.joueur = [&](Fenêtre &f) {
+    if (f.nom != "nouvelle_partie") return;
+    saisir(contrôle(f, "boîte_nom_joueur"), nom);
+    cliquer(f, contrôle(f, options[niveau]));
+    cliquer(f, contrôle(f, "bouton_sortie"));
+  };
+  cliquer(e(), e().menu("fichier_nouveau"));
+  façade.joueur = joueur;
+}
+
+void MondeFactice::cliquer_carte(int x, int y) {
+  écran.place_du_curseur = {g().Rect_carte.gauche + x - e().barre_h.valeur,
+                            g().Rect_carte.haut + y - e().barre_v.valeur};
+  Clic_carte(c(), 0);
+}
+
+void MondeFactice::répondre_juste() { ClicProvince(c(), g().ProvinceCourante); }
+
+void MondeFactice::répondre_faux() { ClicProvince(c(), autre_province()); }
+
+int MondeFactice::autre_province() const {
+  for (int i = 1; i <= nombre_provinces; ++i)
+    if (i != g().ProvinceCourante && !g().TableProvinces(i).trouvée && !g().TableProvinces(i).inhibée) return i;
+  throw std::runtime_error("no other province is left");
+}
+
+std::string lire_fichier(const std::string &chemin) {
+  std::ifstream fichier(chemin_natif(chemin), std::ios::binary);
+  std::ostringstream contenu;
+  contenu << fichier.rdbuf();
+  return contenu.str();
+}
+
+void écrire_fichier(const std::string &chemin, std::string_view contenu) {
+  std::ofstream fichier(chemin_natif(chemin), std::ios::binary);
+  fichier.write(contenu.data(), static_cast<std::streamsize>(contenu.size()));
+}
+
+}  // namespace ardane

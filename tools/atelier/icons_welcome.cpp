@@ -1,5 +1,7 @@
 #include "icons_welcome.h"
 
+#include <cmath>
+
 #include "icons_figure.h"
 #include "math.h"
 
@@ -11,6 +13,16 @@ namespace fs = std::filesystem;
 constexpr int largeur = 120;
 constexpr int hauteur = 132;
 constexpr const char *fichier = "icons/accueil.gif";
+
+/// A shade that runs from 0 to 1 in a few steps, the pixels of two neighbouring steps mixed by Bayer's
+/// ordered 4 x 4 pattern: a GIF has too few colours for every step of every shade, and a regular pattern is
+/// quieter to the eye than the dots of error diffusion.
+double en_marches(double t, int x, int y) {
+  constexpr int marches = 12;
+  constexpr int motif[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
+  const double seuil = (motif[y & 3][x & 3] + 0.5) / 16;
+  return clamp01(std::floor(t * marches + seuil) / marches);
+}
 
 /// Draws shapes into one picture, clipped to its frame.
 class Toile {
@@ -25,8 +37,8 @@ class Toile {
 
   /// Filled from `haut` at height y0 to `bas` at height y1.
   void poser(const Path &forme, Pixel haut, Pixel bas, double y0, double y1) {
-    fill_within(image, forme.transformed(agrandissement_), pochoir_, [=, this](int, int y) {
-      const double t = clamp01(((y + 0.5) / échelle_ - y0) / (y1 - y0));
+    fill_within(image, forme.transformed(agrandissement_), pochoir_, [=, this](int x, int y) {
+      const double t = en_marches(clamp01(((y + 0.5) / échelle_ - y0) / (y1 - y0)), x, y);
       const auto ton = [t](std::uint8_t a, std::uint8_t b) {
         return static_cast<std::uint8_t>(mix(a, b, t) + 0.5);
       };

@@ -119,7 +119,7 @@ Onde feuille_tournée() {
     }
     if (t >= pose) {
       const double u = t - pose;
-      onde[i] += 0.9 * montée(u, 0.002) * exponential(-u / 0.022) * tape.filtrer(entrée, 900.0, 0.9);
+      onde[i] += 3.0 * montée(u, 0.002) * exponential(-u / 0.022) * tape.filtrer(entrée, 900.0, 0.9);
     }
   }
   return onde;

@@ -7,6 +7,8 @@
 #include "catalogue.h"
 #include "country_map.h"
 #include "data.h"
+#include "marks.h"
+#include "sounds.h"
 
 int main(int argc, char **argv) {
   namespace fs = std::filesystem;
@@ -23,6 +25,8 @@ int main(int argc, char **argv) {
     auto textes = données.messages;
     atelier::Catalogue catalogue;
     atelier::dessiner_carte(données, images, catalogue, sortie / "ardane.pts", textes);
+    atelier::dessiner_repères(images, catalogue);
+    atelier::écrire_sons(sortie);
     catalogue.enregistrer(sortie / "images.txt");
     atelier::écrire_textes(sortie / "textes.txt", textes);
   } catch (const std::exception &failure) {

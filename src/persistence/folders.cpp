@@ -1,0 +1,75 @@
+#include "persistence/folders.h"
+
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "core/game_state.h"
+#include "core/paths.h"
+#include "core/text_encoding.h"
+#include "persistence/registry.h"
+#include "persistence/slot_file.h"
+
+namespace ardane {
+namespace {
+
+constexpr std::string_view nom_de_la_sonde = "~zut.tmp";
+
+bool écrire_sonde(const std::string &chemin) {
+  std::ofstream flux(chemin_natif(chemin), std::ios::binary | std::ios::trunc);
+  Scripteur_de_cases cases(flux);
+  cases.texte(chemin);
+  return flux.is_open() && cases.terminer();
+}
+
+std::string pour_comparer(std::string_view dossier) {
+  return en_majuscules(sans_blancs(dossier));
+}
+
+}  // namespace
+
+bool Tester_ecriture(std::string_view dossier) {
+  const std::string sonde = Joindre_chemin(dossier, nom_de_la_sonde);
+  const bool écrite = fichier_existe(sonde) || écrire_sonde(sonde);
+  // A probe whose writing failed half-way must not stay behind either.
+  const bool effacée = Effacer_fichier(sonde);
+  return écrite && effacée;
+}
+
+bool Changer_dossier(std::string_view dossier) {
+  std::error_code erreur;
+  std::filesystem::current_path(chemin_natif(dossier), erreur);
+  return !erreur;
+}
+
+std::string Dossier_courant() {
+  std::error_code erreur;
+  return texte_du_chemin(std::filesystem::current_path(erreur));
+}
+
+void Proposer_répertoire(Contexte &c, const std::string &dossier) {
+  GameState &g = c.état;
+  if (pour_comparer(dossier) == pour_comparer(g.Répertoire_sauvegarde)) return;
+  const Réponse réponse = c.plateforme.boîtes.montrer(
+      {Icône::question, message(g, 118), message(g, 117) + dossier, Boutons::oui_non});
+  if (réponse != Réponse::oui) return;
+  Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_répertoire, dossier);
+  // A folder that has gone meanwhile is found out by the probe of the next start.
+  Changer_dossier(dossier);
+  g.Répertoire_sauvegarde = dossier;
+}
+
+bool Effacer_fichier(std::string_view chemin) {
+  if (!est_fichier_ordinaire(chemin)) return false;
+  const std::filesystem::path fichier = chemin_natif(chemin);
+  if (!std::ofstream(fichier, std::ios::binary | std::ios::app).is_open()) return false;
+  std::error_code erreur;
+  return std::filesystem::remove(fichier, erreur);
+}
+
+bool est_fichier_ordinaire(std::string_view chemin) {
+  std::error_code erreur;
+  return std::filesystem::is_regular_file(chemin_natif(chemin), erreur);
+}
+
+}  // namespace ardane

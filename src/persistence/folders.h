@@ -1,0 +1,32 @@
+// The folders that the player's files go to, proved by a real write, and the deleting of files.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/context.h"
+
+namespace ardane {
+
+/// True if a file could be written to the folder and deleted again: "~zut.tmp", holding its own path as a
+/// slot file does, so that a path of more than 126 characters fails too. A file of that name that is there
+/// already is deleted and proves the folder as well.
+bool Tester_ecriture(std::string_view dossier);
+
+/// Makes a folder the current one; false, and the current folder stays, if there is no such folder.
+bool Changer_dossier(std::string_view dossier);
+/// The current folder; empty if it is gone.
+std::string Dossier_courant();
+
+/// Asks whether a folder other than `Répertoire_sauvegarde` shall take its place, and on Oui makes it that,
+/// in the settings too, and the current folder. Folders are compared in capitals, without blanks around.
+void Proposer_répertoire(Contexte &c, const std::string &dossier);
+
+/// Deletes a plain file. False if there is none, or if it is write-protected, though its folder would allow
+/// it.
+bool Effacer_fichier(std::string_view chemin);
+
+/// True for a plain file, which can be opened without waiting for anyone.
+bool est_fichier_ordinaire(std::string_view chemin);
+
+}  // namespace ardane

@@ -1,0 +1,113 @@
+#include "persistence/score_file.h"
+
+#include <array>
+#include <fstream>
+
+#include "core/game_state.h"
+#include "core/paths.h"
+#include "persistence/folders.h"
+#include "persistence/registry.h"
+#include "persistence/score_format.h"
+
+namespace ardane {
+namespace {
+
+constexpr std::array<std::int16_t, nombre_jeux> ordre_par_défaut = {étape_provinces, étape_régions,
+                                                                    étape_villes, étape_drapeaux};
+
+Contenu_scores contenu_à_écrire(const GameState &g, bool avec_scores) {
+  Contenu_scores contenu;
+  contenu.version = g.Version_programme;
+  contenu.ordre = g.Ordre_jeux;
+  for (int p = 1; p <= nombre_provinces; ++p) contenu.inhibée(p) = g.TableProvinces(p).inhibée;
+  contenu.langue = g.Langue;
+  if (!avec_scores) return contenu;
+  for (int niveau = 1; niveau <= plus_haut_niveau; ++niveau) {
+    for (int rang = 1; rang <= g.Nombre_scores(niveau); ++rang) {
+      const Meilleur_score &score = g.Meilleurs_scores(niveau, rang);
+      contenu.scores.push_back({score.nom, score.score, static_cast<std::int16_t>(niveau)});
+    }
+  }
+  return contenu;
+}
+
+bool écrire_fichier(const std::string &chemin, const Contenu_scores &contenu) {
+  if (fichier_existe(chemin) && !Effacer_fichier(chemin)) return false;
+  std::ofstream flux(chemin_natif(chemin), std::ios::binary | std::ios::trunc);
+  if (!flux || écrire_scores(flux, contenu)) return false;
+  flux.close();
+  return !flux.fail();
+}
+
+/// Version line of a score file; empty if it has none.
+std::string version_du_fichier(const std::string &chemin) {
+  std::ifstream flux(chemin_natif(chemin), std::ios::binary);
+  return Lecteur_de_cases(flux).texte().value_or("");
+}
+
+void ajouter_scores(GameState &g, const std::vector<Enregistrement_score> &scores) {
+  // Level 0 is never emptied nor shown: its count starts again with each file.
+  g.Nombre_scores(0) = 0;
+  for (const Enregistrement_score &score : scores)
+    g.Meilleurs_scores(score.niveau, ++g.Nombre_scores(score.niveau)) = {score.nom, score.score};
+}
+
+/// Takes the default file and configuration, the file in use deleted. Failures change nothing more.
+void réparer(Contexte &c) {
+  GameState &g = c.état;
+  if (!g.Fichier_lancement.empty()) Effacer_fichier(g.Fichier_lancement);
+  g.Fichier_lancement = Joindre_chemin(g.Répertoire_sauvegarde, nom_fichier_scores);
+  Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_fichier_lancement, g.Fichier_lancement);
+  for (int i = 1; i <= nombre_jeux; ++i)
+    g.Ordre_jeux(i) = ordre_par_défaut.at(static_cast<std::size_t>(i - 1));
+  for (int p = 1; p <= nombre_provinces; ++p) g.TableProvinces(p).inhibée = false;
+}
+
+}  // namespace
+
+void Vider_scores(Contexte &c) {
+  GameState &g = c.état;
+  for (int niveau = 1; niveau <= plus_haut_niveau; ++niveau) {
+    g.Nombre_scores(niveau) = 0;
+    for (int rang = 1; rang <= nombre_rangs; ++rang) g.Meilleurs_scores(niveau, rang) = {};
+  }
+}
+
+bool Ecrire_scores(Contexte &c, bool avec_scores) {
+  GameState &g = c.état;
+  const bool écrit = écrire_fichier(g.Fichier_lancement, contenu_à_écrire(g, avec_scores));
+  if (!écrit) {
+    c.plateforme.boîtes.montrer(
+        {Icône::information, message(g, 46),
+         message(g, 134) + g.Fichier_lancement + " ! " + g.Fin_de_ligne + message(g, 135)});
+  }
+  g.Scores_non_sauvés = !écrit;
+  return écrit;
+}
+
+bool Lire_fichier_scores(Contexte &c) {
+  return appliquer(c.état, lire_fichier(c.état.Fichier_lancement));
+}
+
+void Charger_scores(Contexte &c) {
+  GameState &g = c.état;
+  Vider_scores(c);
+  if (est_fichier_ordinaire(g.Fichier_lancement)) {
+    // A file of any other version is refused, even where its form is the same.
+    if (version_du_fichier(g.Fichier_lancement) == g.Version_programme && Lire_fichier_scores(c)) return;
+    c.plateforme.boîtes.montrer(
+        {Icône::exclamation, message(g, 28), g.Fichier_lancement + " : " + message(g, 27)});
+  }
+  réparer(c);
+}
+
+void Remise_à_zéro(Contexte &c) {
+  const GameState &g = c.état;
+  const Réponse réponse =
+      c.plateforme.boîtes.montrer({Icône::question, message(g, 31), message(g, 30), Boutons::oui_non});
+  if (réponse != Réponse::oui) return;
+  Vider_scores(c);
+  Ecrire_scores(c, false);
+}
+
+}  // namespace ardane

@@ -1,0 +1,34 @@
+// The score file in use, `Fichier_lancement`: the ten best of each level and the configuration they were made
+// under.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "core/context.h"
+
+namespace ardane {
+
+constexpr std::string_view nom_fichier_scores = "ARDANE.SCI";
+constexpr std::string_view extension_scores = ".SCI";
+
+/// Empties the ten best of the levels 1 to 4.
+void Vider_scores(Contexte &c);
+
+/// Writes the file whole, the old one deleted first; without the scores if `avec_scores` is false. On any
+/// failure a box tells the player, `Scores_non_sauvés` is set and the result is false.
+bool Ecrire_scores(Contexte &c, bool avec_scores);
+
+/// Reads the file's configuration, and its scores into the emptied lists. False on any fault: the scores
+/// above it are then there, and the configuration is as it was.
+bool Lire_fichier_scores(Contexte &c);
+
+/// Loads the file. One that is damaged or was written by another version is told to the player and deleted.
+/// Where there is none, or none any more, the default file's name and the default configuration take its
+/// place.
+void Charger_scores(Contexte &c);
+
+/// `menu_Scoresraz`: after a question, forgets all scores, in the file too.
+void Remise_à_zéro(Contexte &c);
+
+}  // namespace ardane

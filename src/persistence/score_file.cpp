@@ -86,7 +86,14 @@ bool Ecrire_scores(Contexte &c, bool avec_scores) {
 }
 
 bool Lire_fichier_scores(Contexte &c) {
-  return appliquer(c.état, lire_fichier(c.état.Fichier_lancement));
+  GameState &g = c.état;
+  std::ifstream flux(chemin_natif(g.Fichier_lancement), std::ios::binary);
+  const Lecture_scores lecture = lire_scores(flux);
+  ajouter_scores(g, lecture.contenu.scores);
+  if (lecture.défaut) return false;
+  g.Ordre_jeux = lecture.contenu.ordre;
+  for (int p = 1; p <= nombre_provinces; ++p) g.TableProvinces(p).inhibée = lecture.contenu.inhibée(p);
+  return true;
 }
 
 void Charger_scores(Contexte &c) {

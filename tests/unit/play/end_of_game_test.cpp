@@ -1,0 +1,170 @@
+#include "play/end_of_game.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "play/map_clicks.h"
+#include "play/stage_sequencer.h"
+#include "platform/window_layout.h"
+#include "support/fake_world.h"
+
+namespace ardane {
+namespace {
+
+using testing::ElementsAre;
+
+class EndOfGame : public testing::Test {
+ protected:
+  void SetUp() override {
+    m.démarrer();
+    m.nouvelle_partie(1, "Zoé");
+    m.boîtes.montrées.clear();
+    m.façade.ouvertes.clear();
+    m.son.joués.clear();
+  }
+  void remplir_table(int niveau, int dixième) {
+    m.g().Nombre_scores(niveau) = 10;
+    for (int rang = 1; rang <= 10; ++rang)
+      m.g().Meilleurs_scores(niveau, rang) = {"ancien " + std::to_string(rang), dixième + 10 * (10 - rang)};
+  }
+  void entrer(int score) {
+    m.g().Score = score;
+    EntréeTopTen(m.c());
+  }
+  MondeFactice m;
+};
+
+TEST_F(EndOfGame, AScoreEqualToTheTenthOfAFullTableIsNotEntered) {
+  remplir_table(1, 1000);
+  entrer(1000);
+  EXPECT_EQ(m.g().Meilleurs_scores(1, 10).nom, "ancien 10");
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 43));
+  EXPECT_THAT(m.son.joués, ElementsAre("carte_pe.wav"));
+  EXPECT_EQ(m.g().Nombre_scores(1), 10);
+}
+
+TEST_F(EndOfGame, ATieLeavesTheOlderEntryAheadAndTheTenthFallsOut) {
+  remplir_table(1, 1000);
+  entrer(1040);
+  EXPECT_EQ(m.g().Meilleurs_scores(1, 6).nom, "ancien 6");
+  EXPECT_EQ(m.g().Meilleurs_scores(1, 7).nom, "Zoé");
+  EXPECT_EQ(m.g().Meilleurs_scores(1, 8).nom, "ancien 7");
+  EXPECT_EQ(m.g().Meilleurs_scores(1, 10).nom, "ancien 9");
+}
+
+TEST_F(EndOfGame, TheFirstGameOfALevelEntersAtTheTopWhateverItsScore) {
+  entrer(-999999);
+  EXPECT_EQ(m.g().Nombre_scores(1), 1);
+  EXPECT_EQ(m.g().Meilleurs_scores(1, 1).score, -999999);
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 41));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 42));
+}
+
+TEST_F(EndOfGame, AGoodScoreIsPraised) {
+  entrer(1);
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 39));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 40));
+  EXPECT_THAT(m.son.joués, ElementsAre("carte_ga.wav"));
+}
+
+TEST_F(EndOfGame, ALearningGameIsToldAndShownAndWritesNothing) {
+  m.nouvelle_partie(0);
+  m.son.joués.clear();
+  entrer(500000);
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 44));
+  EXPECT_EQ(m.façade.ouvertes.back(), "Affichage_scores");
+  EXPECT_THAT(m.son.joués, ElementsAre("carte_pe.wav"));
+  EXPECT_FALSE(fichier_existe(m.dossier.fichier("ARDANE.SCI")));
+  EXPECT_EQ(m.g().Nombre_scores(1), 0);
+}
+
+TEST_F(EndOfGame, AnEntryInTheTopTenIsWrittenToTheScoreFile) {
+  entrer(1234);
+  EXPECT_NE(lire_fichier(m.dossier.fichier("ARDANE.SCI")).find("Zo\xE9"), std::string::npos);
+}
+
+TEST_F(EndOfGame, AnExhaustedScoreOnTheLastObjectIsPaidBeforeTheGameCanEnd) {
+  for (int i = 1; i < nombre_provinces; ++i) m.répondre_juste();
+  m.g().Score = 1;
+  ClicProvince(m.c(), 0);
+  EXPECT_EQ(m.g().Etape, étape_repos);
+  EXPECT_LT(m.g().Meilleurs_scores(1, 1).score, 0);
+}
+
+TEST_F(EndOfGame, TheTopTenIsShownBeforeTheActionThatWasAskedForGoesOn) {
+  m.répondre_juste();
+  m.façade.joueur = [](Fenêtre &f) {
+    if (f.nom == "nouvelle_partie") cliquer(f, contrôle(f, "Bouton_annuler"));
+  };
+  m.façade.ouvertes.clear();
+  NouvellePartie(m.c());
+  EXPECT_THAT(m.façade.ouvertes, ElementsAre("Affichage_scores", "nouvelle_partie"));
+}
+
+TEST_F(EndOfGame, AGameOfFlagsAloneIsWorthNothingHoweverFarItWent) {
+  m.g().Ordre_jeux.remplir(0);
+  m.g().Ordre_jeux(1) = étape_drapeaux;
+  m.nouvelle_partie(1);
+  for (int i = 0; i < 50; ++i) m.répondre_juste();
+  ScoreDeProgression(m.c());
+  EXPECT_EQ(m.g().Score, -999999);
+}
+
+TEST_F(EndOfGame, AGameDroppedRightAfterACompleteStageOfProvincesIsWorthThatStage) {
+  m.g().Ordre_jeux(1) = étape_provinces;
+  m.g().Ordre_jeux(2) = étape_drapeaux;
+  m.nouvelle_partie(1);
+  for (int i = 0; i < nombre_provinces; ++i) m.répondre_juste();
+  EXPECT_EQ(m.g().Etape, étape_drapeaux);
+  ScoreDeProgression(m.c());
+  EXPECT_EQ(m.g().Score, -893079);
+}
+
+TEST_F(EndOfGame, TownsWeighSixAndCountByTowns) {
+  m.g().Ordre_jeux.remplir(0);
+  m.g().Ordre_jeux(1) = étape_villes;
+  m.nouvelle_partie(1);
+  for (int i = 0; i < 10; ++i) m.répondre_juste();
+  ScoreDeProgression(m.c());
+  EXPECT_EQ(m.g().Score, -999999 + 10 * 6 * 324);
+}
+
+TEST_F(EndOfGame, WithNothingInPlayTheProgressIsNone) {
+  for (int i = 1; i <= nombre_provinces; ++i) m.g().TableProvinces(i).inhibée = true;
+  m.nouvelle_partie(1);
+  ScoreDeProgression(m.c());
+  EXPECT_EQ(m.g().Score, -999999);
+}
+
+TEST_F(EndOfGame, ALostGameTellsSoWithTheStopIconAndScoresItsProgress) {
+  m.répondre_juste();
+  m.g().Score = 1;
+  m.répondre_faux();
+  EXPECT_EQ(m.boîtes.montrées[0].icône, Icône::stop);
+  EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), 34));
+  EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), 35));
+  EXPECT_EQ(m.g().Meilleurs_scores(1, 1).score, -999999 + 3 * 324);
+  EXPECT_TRUE(m.g().PartieClose);
+  EXPECT_TRUE(m.g().PartieVierge);
+  EXPECT_FALSE(m.e().que_faire.visible);
+}
+
+TEST_F(EndOfGame, AfterAnyEndingNothingIsAskedOrScoredAgain) {
+  m.g().Score = 1;
+  m.répondre_faux();
+  m.boîtes.montrées.clear();
+  EXPECT_TRUE(ConfirmerAbandon(m.c()));
+  EXPECT_TRUE(m.boîtes.montrées.empty());
+  EXPECT_EQ(m.g().Nombre_scores(1), 1);
+}
+
+TEST_F(EndOfGame, TheStatisticsOfTheGameStayInMemoryAfterItsEnd) {
+  const int p = m.g().ProvinceCourante;
+  m.répondre_faux();
+  m.g().Score = 1;
+  m.répondre_faux();
+  EXPECT_EQ(m.g().TableProvinces(p).points_perdus(1), 3);
+}
+
+}  // namespace
+}  // namespace ardane

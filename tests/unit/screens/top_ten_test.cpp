@@ -1,0 +1,89 @@
+#include "screens/top_ten.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/window_layout.h"
+#include "support/fake_world.h"
+
+namespace ardane {
+namespace {
+
+class TopTenWindow : public testing::Test {
+ protected:
+  void SetUp() override { m.démarrer(); }
+  void ouvrir(std::string_view entrée, std::function<void(Fenêtre &)> regarder) {
+    m.façade.joueur = std::move(regarder);
+    cliquer(m.e(), m.e().menu(entrée));
+    m.façade.joueur = nullptr;
+  }
+  MondeFactice m;
+};
+
+TEST_F(TopTenWindow, AnEmptyListShowsItsTitleAndTenBlankRows) {
+  ouvrir("score_moyen", [](Fenêtre &f) {
+    EXPECT_EQ(contrôle(f, "Etiquette").texte, "Niveau moyen");
+    for (int i = 1; i <= 10; ++i) {
+      EXPECT_EQ(contrôle(f, indexé("nomjoueur", i)).texte, "");
+      EXPECT_EQ(contrôle(f, indexé("valeurscore", i)).texte, "");
+    }
+  });
+}
+
+TEST_F(TopTenWindow, AnEntryOfExactlyZeroIsBlankEvenAboveAFilledRow) {
+  m.g().Meilleurs_scores(1, 1) = {"Zéro", 0};
+  m.g().Meilleurs_scores(1, 2) = {"Bob", -5};
+  ouvrir("score_facile", [](Fenêtre &f) {
+    EXPECT_EQ(contrôle(f, "nomjoueur(1)").texte, "");
+    EXPECT_EQ(contrôle(f, "nomjoueur(2)").texte, "Bob");
+  });
+}
+
+TEST_F(TopTenWindow, ANegativeScoreIsShownWithItsMinusSign) {
+  m.g().Meilleurs_scores(3, 1) = {"Bob", -1250};
+  ouvrir("score_difficile", [](Fenêtre &f) { EXPECT_EQ(contrôle(f, "valeurscore(1)").texte, "-1250"); });
+}
+
+TEST_F(TopTenWindow, TheTitleOfTheExpertLevelIsAMessageOfItsOwn) {
+  m.g().Messages(130) = "Experts";
+  ouvrir("score_expert", [](Fenêtre &f) { EXPECT_EQ(contrôle(f, "Etiquette").texte, "Experts"); });
+  EXPECT_EQ(m.e().menu("score_expert").texte, message(m.g(), 141));
+}
+
+TEST_F(TopTenWindow, TheWayToTheStatisticsStaysFromTheEndOfAGameUntilTheNextOne) {
+  const auto bouton = [&] {
+    bool visible = false;
+    ouvrir("score_facile", [&](Fenêtre &f) { visible = contrôle(f, "BoutonStatistiques").visible; });
+    return visible;
+  };
+  EXPECT_FALSE(bouton());
+  m.nouvelle_partie(1);
+  m.g().Score = 1;
+  m.répondre_faux();
+  EXPECT_TRUE(bouton());
+  m.nouvelle_partie(1);
+  EXPECT_FALSE(bouton());
+}
+
+TEST_F(TopTenWindow, WithNoLevelChosenItSaysSoAndShowsFacile) {
+  m.boîtes.montrées.clear();
+  ouvrir("score_en_cours", [](Fenêtre &f) { EXPECT_EQ(contrôle(f, "Etiquette").texte, "Niveau facile"); });
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 13));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 14));
+  EXPECT_EQ(m.g().Niveau_affiché, 1);
+}
+
+TEST_F(TopTenWindow, TheCurrentLevelIsThatOfTheGame) {
+  m.nouvelle_partie(3);
+  ouvrir("score_en_cours", [](Fenêtre &f) { EXPECT_EQ(contrôle(f, "Etiquette").texte, "Niveau difficile"); });
+}
+
+TEST_F(TopTenWindow, ItsButtonClosesIt) {
+  ouvrir("score_facile", [](Fenêtre &f) {
+    EXPECT_TRUE(f.fermable);
+    cliquer(f, contrôle(f, "Command1"));
+    EXPECT_FALSE(f.ouverte);
+  });
+}
+
+}  // namespace
+}  // namespace ardane

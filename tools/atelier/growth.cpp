@@ -31,6 +31,11 @@ std::vector<Box> boxes_of(const Grid<int> &labels) {
   return boxes;
 }
 
+/// Whether a cell of the grid of twice the cells a side lies in the rectangle.
+bool within_doubled(const Box &b, Cell c) {
+  return c.x >= 2 * b.left && c.x <= 2 * b.right + 1 && c.y >= 2 * b.top && c.y <= 2 * b.bottom + 1;
+}
+
 /// How strong a label is around every cell of its surroundings: the blurred picture of the label alone.
 struct Strength {
   Cell origin;
@@ -216,8 +221,7 @@ Grid<int> doubled_labels(const Grid<int> &labels, const Mask &domain) {
         const int x = i + 2 * s.origin.x;
         const int y = j + 2 * s.origin.y;
         if (!domain.contains(x, y) || !domain.at(x, y)) continue;
-        const Box &b = boxes[l];
-        if (x < 2 * b.left || x > 2 * b.right + 1 || y < 2 * b.top || y > 2 * b.bottom + 1) continue;
+        if (!within_doubled(boxes[l], {x, y})) continue;
         const double v = sampled(s.values, (i + 0.5) / 2, (j + 0.5) / 2);
         if (v <= best.at(x, y)) continue;
         best.at(x, y) = v;
@@ -225,6 +229,12 @@ Grid<int> doubled_labels(const Grid<int> &labels, const Mask &domain) {
       }
   }
   join_pieces(result);
+  // What a joined piece would add beyond its new label's rectangle is a cell or two of shore.
+  for (std::size_t i = 0; i < result.size(); ++i) {
+    const Box &b = boxes[static_cast<std::size_t>(result[i])];
+    const Cell c = result.cell(i);
+    if (result[i] != 0 && !within_doubled(b, c)) result[i] = 0;
+  }
   return result;
 }
 

@@ -1,0 +1,42 @@
+// The window `Paramétrage_répertoires`: the player picks a folder or makes one. It closes on a folder that
+// can be written and has no other way out.
+#pragma once
+
+#include <string>
+
+#include "core/context.h"
+#include "platform/controls.h"
+
+namespace ardane {
+
+/// Values of `Mode_sélection` that this window answers to.
+constexpr int mode_dossier_info = 6;        ///< where the information file lies
+constexpr int mode_dossier_sauvegarde = 7;  ///< where scores and saved games go
+
+/// `Répertoire` lists the folders of the one that is open, ".." first; a double click or the Enter key opens
+/// the selected one. `Nom_fichier` shows the open folder, `Fichier` its files of the kind in question.
+/// `Lecteur` stays hidden: there are no drives.
+class Paramétrage_répertoires : public Fenêtre {
+ public:
+  explicit Paramétrage_répertoires(Contexte &c);
+
+  /// Makes the folder that `Sous_répertoire` names in the open one. False, after a box that tells why, if it
+  /// is there already or cannot be made; also if no name is given.
+  bool Créer_sous_répertoire();
+
+ private:
+  void poser_textes();
+  void ouvrir(const std::string &dossier);
+  void ouvrir_choix();
+  void montrer_saisie();
+  void créer_puis_ouvrir();
+  void accepter();
+  void retenir_dossier_info();
+  void retenir_dossier_sauvegarde();
+  void refuser(int numéro_message);
+
+  Contexte &c_;
+  std::string dossier_;  ///< the open folder, without a separator at its end unless it is the root
+};
+
+}  // namespace ardane

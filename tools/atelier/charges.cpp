@@ -194,13 +194,6 @@ void lire_dessin(std::string mot, Ligne_de_meuble &ligne, Meuble &meuble) {
   }
 }
 
-Pixel lire_couleur(const std::string &texte) {
-  if (texte.size() != 7 || texte[0] != '#') throw std::runtime_error("not a colour: " + texte);
-  const int valeur = std::stoi(texte.substr(1), nullptr, 16);
-  return {static_cast<std::uint8_t>(valeur >> 16), static_cast<std::uint8_t>(valeur >> 8),
-          static_cast<std::uint8_t>(valeur)};
-}
-
 Meuble lire_tête(const std::string &ligne) {
   std::vector<std::string> champs;
   std::istringstream flux(ligne);
@@ -215,6 +208,13 @@ Meuble lire_tête(const std::string &ligne) {
 }
 
 }  // namespace
+
+Pixel lire_couleur(const std::string &texte) {
+  if (texte.size() != 7 || texte[0] != '#') throw std::runtime_error("not a colour: " + texte);
+  const int valeur = std::stoi(texte.substr(1), nullptr, 16);
+  return {static_cast<std::uint8_t>(valeur >> 16), static_cast<std::uint8_t>(valeur >> 8),
+          static_cast<std::uint8_t>(valeur)};
+}
 
 Path Trait_de_meuble::surface() const {
   return plume > 0 ? stroked(forme, plume) : forme;

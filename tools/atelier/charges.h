@@ -14,7 +14,7 @@
 //   trait 2 ombre <shape>     the trace of a pen 2 wide, without outline
 //
 // Each drawing command names its paint: corps (the charge's tincture), ombre and clair (a darker and a lighter
-// tone of it), encre (the outline's ink), a tincture, or a détail. A "*" behind the command adds the mirror
+// tone of it), encre (the outline's ink), a tincture, a colour as #a0703c, or a détail. A "*" behind the command adds the mirror
 // image about the box's vertical axis; "@n" lays the shape n times in a circle around the box's centre.
 //
 //   svg M 0 0 L ...           path data
@@ -65,6 +65,9 @@ struct Meuble {
   /// All outlined shapes: what must lie within the room given to the charge.
   Path silhouette() const;
 };
+
+/// The colour of "#a0703c". Throws std::runtime_error when the text has another form.
+Pixel lire_couleur(const std::string &texte);
 
 class Meubles {
  public:

@@ -658,6 +658,7 @@ class Peintre {
     if (nom_ == "ombre") return t.ombre;
     if (nom_ == "clair") return t.clair;
     if (nom_ == "encre") return encre;
+    if (nom_.starts_with('#')) return lire_couleur(nom_);
     for (int i = 0; i <= static_cast<int>(Émail::pourpre); ++i)
       if (nom(static_cast<Émail>(i)) == nom_) return couleur(static_cast<Émail>(i));
     throw Erreur_de_blason("charge \"" + meuble.nom + "\": no paint named " + nom_);

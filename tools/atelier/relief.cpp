@@ -99,7 +99,15 @@ double shade(double dx, double dy) {
   return 0.7 * lit(-d, -d) + 0.15 * lit(-s, 0) + 0.15 * lit(0, -s);
 }
 
-/// The shading of one field of heights; `steepness` turns metres a map pixel into slope.
+/// Heights as the relief is modelled: slopes of the plains exaggerated, those of the mountains restrained, so that
+/// both show their forms in the same light.
+Field modelled(const Field &height) {
+  Field result = height;
+  for (std::size_t i = 0; i < result.size(); ++i) result[i] = 1.08 * power(height[i] + 20, 0.38);
+  return result;
+}
+
+/// The shading of one field of heights; `steepness` exaggerates its slopes.
 Field shading(const Field &height, double steepness) {
   Field result(height.width(), height.height());
   const double k = steepness * fine / 8.0;

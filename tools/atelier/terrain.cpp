@@ -242,7 +242,7 @@ Level refined(const Level &coarse, const Field &land, double cell, std::uint64_t
         h = 0;
         continue;
       }
-      const double rough = 0.035 * h + 0.6;
+      const double rough = 0.06 * h + 0.6;
       h = std::max(0.5, h + rough * fractal_noise(seed, i * cell, j * cell, 7 * cell, 3, 0.6));
     }
   return level;
@@ -290,13 +290,13 @@ Terrain raise_terrain(const Plan &plan, const Shores &shores) {
   constexpr double erodibility = 0.9;
   Level level = first_relief(plan, shores);
   // The uplift is scaled so that the highest crests come to rest near the height that was drawn for them.
-  for (std::size_t i = 0; i < level.uplift.size(); ++i) level.uplift[i] *= 0.0022;
+  for (std::size_t i = 0; i < level.uplift.size(); ++i) level.uplift[i] *= 0.0017;
   for (int step = 0; step < 120; ++step) erode(level, 2.0, erodibility * 0.02, 0.05);
   const Field half = halved(shores.land);
   level = refined(level, half, 1, plan.seed + 41);
-  for (int step = 0; step < 25; ++step) erode(level, 1.0, erodibility * 0.02, 0.08);
+  for (int step = 0; step < 60; ++step) erode(level, 1.0, erodibility * 0.02, 0.03);
   level = refined(level, shores.land, 0.5, plan.seed + 42);
-  for (int step = 0; step < 6; ++step) erode(level, 0.5, erodibility * 0.02, 0.1);
+  for (int step = 0; step < 18; ++step) erode(level, 1.0, erodibility * 0.02, 0.03);
   flatten_lakes(level, shores.lake);
 
   Terrain terrain;

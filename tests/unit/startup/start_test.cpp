@@ -1,0 +1,262 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "persistence/registry.h"
+#include "platform/window_layout.h"
+#include "support/fake_world.h"
+
+namespace ardane {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+using namespace std::chrono_literals;
+
+class Start : public testing::Test {
+ protected:
+  bool démarrer() { return m.programme.Démarrage(m.dossier.chemin()); }
+  std::string réglage(std::string_view nom, std::string_view clé = clé_du_jeu) {
+    return m.registre.lire(clé, nom).value_or("absent");
+  }
+  void poser(std::string_view nom, std::string_view texte, std::string_view clé = clé_du_jeu) {
+    m.registre.créer(clé);
+    m.registre.écrire(clé, nom, texte);
+  }
+  /// Settings as an earlier run of this version left them.
+  void réglages_d_une_partie_passée() {
+    poser("version", ressources_du_programme().chaînes.chaîne(1000));
+    poser("langue", "1");
+    poser("joueur", "Ann");
+    poser("répertoire", m.dossier.chemin());
+    poser("fichier de lancement", m.dossier.fichier("ARDANE.SCI"));
+    poser("répertoire information", m.dossier.chemin());
+    poser("date", "20/11/2026 10:00:00", clé_de_famille);
+  }
+  std::vector<std::string> titres() {
+    std::vector<std::string> titres;
+    for (const Boîte &boîte : m.boîtes.montrées) titres.push_back(boîte.titre);
+    return titres;
+  }
+  /// Makes the write probe fail in a folder, for any user.
+  static void refuser_écriture(const std::string &dossier) {
+    std::filesystem::create_directories(chemin_natif(Joindre_chemin(dossier, "~zut.tmp/occupé")));
+  }
+
+  MondeFactice m;
+};
+
+TEST_F(Start, AFirstRunWritesEverySettingAndShowsTheReminder) {
+  m.registre.créer(clé_du_jeu);
+  ASSERT_TRUE(démarrer());
+  const std::string dossier = m.dossier.chemin();
+  EXPECT_EQ(réglage("version"), m.g().Version_programme);
+  EXPECT_EQ(réglage("joueur"), "");
+  EXPECT_EQ(réglage("langue"), "1");
+  EXPECT_EQ(réglage("répertoire"), dossier);
+  EXPECT_EQ(réglage("fichier de lancement"), Joindre_chemin(dossier, "ARDANE.SCI"));
+  EXPECT_EQ(réglage("répertoire information"), dossier);
+  EXPECT_EQ(réglage("date", clé_de_famille), "21/11/2026 00:00:00");
+  EXPECT_THAT(titres(), ElementsAre("Publicité gratuite..."));
+}
+
+TEST_F(Start, AFirstRunOnAnEmptyRegistryMakesTheKey) {
+  ASSERT_TRUE(démarrer());
+  EXPECT_EQ(réglage("langue"), "1");
+}
+
+TEST_F(Start, AnEmptyVersionIsAFirstRun) {
+  poser("version", "");
+  poser("joueur", "Ann");
+  ASSERT_TRUE(démarrer());
+  EXPECT_EQ(réglage("joueur"), "");
+}
+
+TEST_F(Start, ALanguageOfZeroOrOfNoNumberIsTheFirst) {
+  for (const char *texte : {"0", "beaucoup", "", "2", "-1"}) {
+    réglages_d_une_partie_passée();
+    poser("langue", texte);
+    ASSERT_TRUE(démarrer());
+    EXPECT_EQ(m.g().Langue, 1) << texte;
+    EXPECT_EQ(message(m.g(), 46), "Erreur");
+  }
+}
+
+TEST_F(Start, After59DaysThereIsNoReminderAndTheDateStays) {
+  réglages_d_une_partie_passée();
+  poser("date", "23/09/2026 18:00:00", clé_de_famille);
+  ASSERT_TRUE(démarrer());
+  EXPECT_THAT(titres(), IsEmpty());
+  EXPECT_EQ(réglage("date", clé_de_famille), "23/09/2026 18:00:00");
+}
+
+TEST_F(Start, After60DaysTheReminderShowsAndTheDateBecomesToday) {
+  réglages_d_une_partie_passée();
+  poser("date", "22/09/2026", clé_de_famille);
+  ASSERT_TRUE(démarrer());
+  EXPECT_THAT(titres(), ElementsAre("Publicité gratuite..."));
+  EXPECT_EQ(réglage("date", clé_de_famille), "21/11/2026 00:00:00");
+}
+
+TEST_F(Start, ADateThatCannotBeReadBringsNoReminderAndTheStartGoesOn) {
+  réglages_d_une_partie_passée();
+  poser("date", "hier", clé_de_famille);
+  ASSERT_TRUE(démarrer());
+  EXPECT_THAT(titres(), IsEmpty());
+  EXPECT_EQ(m.g().Nom_joueur, "Ann");
+}
+
+TEST_F(Start, InAReadOnlyProgramFolderTheFolderWindowComesBeforeAnythingElse) {
+  refuser_écriture(m.dossier.chemin());
+  DossierTemporaire autre;
+  m.façade.joueur = [&](Fenêtre &f) {
+    EXPECT_EQ(f.nom, "Paramétrage_répertoires");
+    EXPECT_EQ(m.g().Mode_sélection, 7);
+    m.g().Répertoire_sauvegarde = autre.chemin();
+  };
+  ASSERT_TRUE(démarrer());
+  ASSERT_FALSE(m.façade.ouvertes.empty());
+  EXPECT_EQ(m.façade.ouvertes.front(), "Paramétrage_répertoires");
+  EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), 118));
+  EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), 122));
+}
+
+TEST_F(Start, ASaveFolderThatCannotBeWrittenOpensTheFolderWindowAndTheStartGoesOn) {
+  réglages_d_une_partie_passée();
+  poser("répertoire", m.dossier.fichier("nulle part"));
+  ASSERT_TRUE(démarrer());
+  EXPECT_THAT(m.façade.ouvertes, ElementsAre("Paramétrage_répertoires", "Ecran_principal"));
+}
+
+TEST_F(Start, ANewVersionKeepsNameAndLanguageAndResetsTheFolders) {
+  réglages_d_une_partie_passée();
+  poser("version", "Version 0.90 du 01/01/2006");
+  poser("répertoire", "/ailleurs");
+  ASSERT_TRUE(démarrer());
+  EXPECT_EQ(réglage("version"), m.g().Version_programme);
+  EXPECT_EQ(réglage("répertoire"), m.dossier.chemin());
+  EXPECT_EQ(réglage("joueur"), "Ann");
+  EXPECT_EQ(m.g().Nom_joueur, "Ann");
+  EXPECT_EQ(m.g().Fichier_lancement, m.dossier.fichier("ARDANE.SCI"));
+  EXPECT_THAT(titres(), IsEmpty());
+}
+
+TEST_F(Start, TheFirstRunLeavesTheBareNameOfTheScoreFileInMemory) {
+  m.registre.créer(clé_du_jeu);
+  écrire_fichier(m.dossier.fichier("ARDANE.SCI"), "");
+  std::string nom;
+  m.boîtes.pendant = [&](const Boîte &) {
+    if (nom.empty()) nom = m.g().Fichier_lancement;
+  };
+  ASSERT_TRUE(démarrer());
+  EXPECT_EQ(nom, "ARDANE.SCI");
+}
+
+TEST_F(Start, WithoutAPointsFileTheProgramTellsSoAndEndsWithTheSystemSoundsSilenced) {
+  constexpr std::string_view clé =
+      R"(HKEY_CURRENT_USER\AppEvents\Schemes\Apps\.Default\SystemHand\.current)";
+  poser("", "ding.wav", clé);
+  std::filesystem::remove(chemin_natif(m.dossier.fichier("ardane.pts")));
+  EXPECT_FALSE(démarrer());
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 132));
+  EXPECT_EQ(m.dernière_boîte().icône, Icône::information);
+  EXPECT_THAT(m.façade.ouvertes, Not(Contains("Ecran_principal")));
+  EXPECT_EQ(réglage("", clé), "");
+}
+
+class RegistreFermé : public RegistreMémoire {
+ public:
+  bool créer(std::string_view) override { return false; }
+};
+
+TEST_F(Start, ARegistryKeyThatCannotBeMadeStopsTheProgramAtTheFirstText) {
+  RegistreFermé fermé;
+  Programme autre({m.boîtes, fermé, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, m.façade},
+                  ressources_du_programme());
+  EXPECT_THROW(autre.Démarrage(m.dossier.chemin()), ErreurFatale);
+}
+
+TEST_F(Start, TheSystemSoundsAreSilencedWhileTheProgramRunsAndGivenBackAtItsEnd) {
+  constexpr std::string_view présent =
+      R"(HKEY_CURRENT_USER\AppEvents\Schemes\Apps\.Default\SystemAsterisk\.current)";
+  constexpr std::string_view sans_valeur =
+      R"(HKEY_CURRENT_USER\AppEvents\Schemes\Apps\.Default\SystemQuestion\.current)";
+  constexpr std::string_view absent =
+      R"(HKEY_CURRENT_USER\AppEvents\Schemes\Apps\.Default\SystemHand\.current)";
+  poser("", "chimes.wav", présent);
+  m.registre.créer(sans_valeur);
+  ASSERT_TRUE(démarrer());
+  EXPECT_EQ(réglage("", présent), "");
+  EXPECT_EQ(réglage("", sans_valeur), "absent");
+  m.e().demande_de_fermeture();
+  EXPECT_EQ(réglage("", présent), "chimes.wav");
+  EXPECT_EQ(réglage("", sans_valeur), "");
+  EXPECT_FALSE(m.registre.existe(absent));
+}
+
+TEST_F(Start, ARefusedClosingLeavesTheSystemSoundsSilentAndPlayGoesOn) {
+  constexpr std::string_view clé =
+      R"(HKEY_CURRENT_USER\AppEvents\Schemes\Apps\.Default\SystemAsterisk\.current)";
+  poser("", "chimes.wav", clé);
+  m.démarrer();
+  m.nouvelle_partie(1);
+  m.répondre_juste();
+  m.boîtes.réponses = {Réponse::non};
+  m.e().demande_de_fermeture();
+  EXPECT_TRUE(m.programme.en_cours());
+  EXPECT_EQ(réglage("", clé), "");
+  EXPECT_EQ(m.g().Etape, étape_provinces);
+}
+
+TEST_F(Start, EveryStartHasTheSoundOn) {
+  m.démarrer();
+  cliquer(m.e(), m.e().menu("MenuSon"));
+  EXPECT_FALSE(m.g().SonActif);
+  EXPECT_EQ(m.e().menu("MenuSon").texte, "Mettre le son");
+  m.démarrer();
+  EXPECT_TRUE(m.g().SonActif);
+  EXPECT_EQ(m.e().menu("MenuSon").texte, "Couper le son");
+}
+
+TEST_F(Start, TheProgramFolderLosesOneTrailingSeparator) {
+  ASSERT_TRUE(m.programme.Démarrage(m.dossier.chemin() + "/"));
+  EXPECT_EQ(m.g().Répertoire_programme, m.dossier.chemin());
+}
+
+TEST_F(Start, AfterItTheProgramWaitsIdleWithTheMapEmpty) {
+  ASSERT_TRUE(démarrer());
+  EXPECT_EQ(m.g().Etape, étape_repos);
+  EXPECT_EQ(m.g().Niveau, 0);
+  EXPECT_TRUE(m.g().PartieVierge);
+  EXPECT_FALSE(m.e().que_faire.visible);
+  EXPECT_FALSE(m.e().LBL_param(1).visible);
+  for (int i = 1; i <= nombre_provinces; ++i) EXPECT_FALSE(m.e().Pays(i).visible || m.e().Inv(i).visible);
+  EXPECT_EQ(m.hasard.semailles, 1);
+  EXPECT_EQ(m.écran.sabliers.back(), false);
+}
+
+TEST_F(Start, NoMenuEntryIsADeadEnd) {
+  ASSERT_TRUE(démarrer());
+  for (const Contrôle &entrée : m.e().contrôles()) {
+    if (entrée.genre != Genre::menu || entrée.conteneur == nullptr) continue;
+    EXPECT_EQ(entrée.actif, static_cast<bool>(entrée.clic)) << entrée.nom;
+  }
+  EXPECT_TRUE(m.e().menu("fichier_nouveau").actif);
+}
+
+TEST_F(Start, TwoRunsLiveInOneProcessWithoutKnowingOfEachOther) {
+  m.démarrer();
+  RegistreMémoire registre;
+  FaçadeFactice façade;
+  Programme autre({m.boîtes, registre, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, façade},
+                  ressources_du_programme());
+  ASSERT_TRUE(autre.Démarrage(m.dossier.chemin()));
+  m.nouvelle_partie(1);
+  EXPECT_EQ(m.g().Etape, étape_provinces);
+  EXPECT_EQ(autre.état().Etape, étape_repos);
+}
+
+}  // namespace
+}  // namespace ardane

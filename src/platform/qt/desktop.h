@@ -1,0 +1,65 @@
+// The desktop program: one run over the real world.
+#pragma once
+
+#include <QTimer>
+#include <filesystem>
+#include <string>
+
+#include "core/resources.h"
+#include "platform/qt/boxes.h"
+#include "platform/qt/clock.h"
+#include "platform/qt/dispatcher.h"
+#include "platform/qt/help_window.h"
+#include "platform/qt/on_demand.h"
+#include "platform/qt/picture_store.h"
+#include "platform/qt/renderer.h"
+#include "platform/qt/screen.h"
+#include "platform/registry_store.h"
+#include "startup/program.h"
+
+namespace ardane {
+
+/// Where a run finds its files.
+struct DesktopPlaces {
+  std::string programme;           ///< the program's folder
+  std::filesystem::path registre;  ///< the file of settings
+};
+
+/// One run of the program in the desktop's windows. Needs a QApplication.
+class Desktop : public QObject {
+ public:
+  Desktop(const DesktopPlaces &places, const Ressources &ressources);
+  ~Desktop() override;
+
+  /// Starts the program. False if it ended at once; it has then told the player why.
+  bool start();
+  /// Plays until the main window has closed.
+  void play();
+
+  Programme &programme() { return programme_; }
+  Renderer &renderer() { return renderer_; }
+  PictureStore &pictures() { return pictures_; }
+  HelpQt &help() { return help_; }
+
+ private:
+  void tell_missing_pictures();
+  void tick();
+
+  const std::string folder_;
+  Dispatcher dispatcher_;
+  ScreenQt screen_;
+  PictureStore pictures_;
+  RegistreFichier registry_;
+  BoxesQt boxes_;
+  SoundOnDemand sound_;
+  SystemClock clock_;
+  RandomSource random_;
+  WebOnDemand web_;
+  HelpQt help_;
+  Renderer renderer_;
+  Programme programme_;
+  QTimer timer_;
+  QEventLoop loop_;
+};
+
+}  // namespace ardane

@@ -1,0 +1,48 @@
+// The one door through which the player's events reach the program.
+#pragma once
+
+#include <functional>
+
+namespace ardane {
+
+/// Runs what events call. No exception crosses Qt's event loop: an error that the program has no answer to is
+/// told to the player in a box, and the process ends at once with exit code 1, without another line of the
+/// program being run.
+class Dispatcher {
+ public:
+  using Event = std::function<void()>;
+
+  /// Called after each event, to bring the windows in step with the data.
+  Event after_event;
+
+  /// Runs an event, then `after_event`. An empty event does nothing.
+  void run(const Event &event);
+  /// Runs it now, or from the event loop if a procedure of the program is at work.
+  void run_when_idle(const Event &event);
+
+  /// True while a procedure of the program is at work, which must not meet another.
+  bool busy() const { return busy_; }
+
+  /// For as long as it lives the program waits for the player, inside an event: other events may come.
+  class Waiting {
+   public:
+    explicit Waiting(Dispatcher &dispatcher) : dispatcher_(dispatcher), busy_(dispatcher.busy_) {
+      dispatcher.busy_ = false;
+    }
+    ~Waiting() { dispatcher_.busy_ = busy_; }
+    Waiting(const Waiting &) = delete;
+    Waiting &operator=(const Waiting &) = delete;
+
+   private:
+    Dispatcher &dispatcher_;
+    bool busy_;
+  };
+
+ private:
+  [[noreturn]] void end_with(const char *what);
+
+  bool busy_ = false;
+  bool ended_ = false;
+};
+
+}  // namespace ardane

@@ -1,0 +1,79 @@
+#include "platform/qt/picture_store.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <array>
+
+#include "platform/qt/appearance.h"
+
+namespace ardane {
+namespace {
+
+bool is_flag(const std::string &name) { return name.starts_with("Graphismes.Drapeau"); }
+
+/// True for a file that begins like a GIF, a PNG or a JPEG.
+bool looks_like_picture(const QString &path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return false;
+  const QByteArray head = file.read(4);
+  return head == "GIF8" || head == "\x89PNG" || head.startsWith("\xff\xd8\xff");
+}
+
+QPixmap read_picture(const QString &path) {
+  QImageReader reader(path, QFileInfo(path).suffix().toLatin1());
+  QImage image = reader.read();
+  return image.isNull() ? QPixmap{} : QPixmap::fromImage(std::move(image), Qt::NoFormatConversion);
+}
+
+}  // namespace
+
+PictureStore::PictureStore(const CatalogueImages &catalogue, QString folder)
+    : catalogue_(catalogue), folder_(std::move(folder)), pixmaps_(catalogue.toutes().size() + 1) {}
+
+QString PictureStore::file(Image image, bool doubled) const {
+  QString name = to_qt(catalogue_.fichier(image));
+  if (doubled) name.insert(name.lastIndexOf(QLatin1Char('.')), QLatin1String("@2x"));
+  return folder_ + QLatin1Char('/') + name;
+}
+
+QPixmap PictureStore::load(Image image) const {
+  if (doubled_) {
+    const QString path = file(image, true);
+    if (QFileInfo::exists(path)) {
+      QPixmap pixmap = read_picture(path);
+      pixmap.setDevicePixelRatio(2);
+      if (!pixmap.isNull()) return pixmap;
+    }
+  }
+  return read_picture(file(image, false));
+}
+
+const QPixmap &PictureStore::pixmap(Image image, double ratio) {
+  static const QPixmap none;
+  if (!image) return none;
+  if (doubled_ != (ratio >= 2)) {
+    doubled_ = ratio >= 2;
+    pixmaps_.assign(pixmaps_.size(), std::nullopt);
+  }
+  std::optional<QPixmap> &pixmap = pixmaps_.at(image.rang);
+  if (!pixmap) pixmap = load(image);
+  return *pixmap;
+}
+
+void PictureStore::preload(double ratio) {
+  for (const Image image : catalogue_.toutes())
+    if (!is_flag(catalogue_.nom(image))) pixmap(image, ratio);
+}
+
+QStringList PictureStore::unreadable() const {
+  QStringList names;
+  for (const Image image : catalogue_.toutes()) {
+    const std::optional<QPixmap> &loaded = pixmaps_[image.rang];
+    if (loaded ? loaded->isNull() : !looks_like_picture(file(image, false)))
+      names.append(to_qt(catalogue_.nom(image)));
+  }
+  return names;
+}
+
+}  // namespace ardane

@@ -1,0 +1,30 @@
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "platform/qt/control_kinds.h"
+#include "platform/qt/picture_views.h"
+
+namespace ardane {
+
+std::unique_ptr<ControlView> make_view(Contrôle &control, const ViewContext &context, QWidget *parent) {
+  switch (control.genre) {
+    case Genre::image: return std::make_unique<PictureView>(control, context, parent);
+    case Genre::étiquette: return std::make_unique<LabelView>(control, context, parent);
+    case Genre::cadre: return std::make_unique<FrameView>(control, context, parent);
+    case Genre::texte:
+      if (control.multiligne) return std::make_unique<PageView>(control, context, parent);
+      return std::make_unique<LineView>(control, context, parent);
+    case Genre::bouton: return std::make_unique<ButtonView>(control, context, new QPushButton(parent));
+    case Genre::case_à_cocher: return std::make_unique<ButtonView>(control, context, new QCheckBox(parent));
+    case Genre::option: return std::make_unique<ButtonView>(control, context, new QRadioButton(parent));
+    case Genre::liste: return std::make_unique<ListView>(control, context, parent);
+    case Genre::barre: return std::make_unique<BarView>(control, context, parent);
+    case Genre::boîte_image: return std::make_unique<PictureBoxView>(control, context, parent);
+    case Genre::vue: return std::make_unique<MapControlView>(control, context, parent);
+    case Genre::menu: break;
+  }
+  return nullptr;
+}
+
+}  // namespace ardane

@@ -65,16 +65,13 @@ int nombre_en_tête(std::string_view champ) {
   constexpr int plus_grand = 32767;
   const auto début = champ.find_first_not_of(' ');
   if (début == std::string_view::npos) return 0;
-  champ.remove_prefix(début);
-  const bool négatif = champ.front() == '-';
-  if (négatif || champ.front() == '+') champ.remove_prefix(1);
   int nombre = 0;
-  for (const char c : champ) {
+  for (const char c : champ.substr(début)) {
     if (c < '0' || c > '9') break;
     nombre = nombre * 10 + (c - '0');
     if (nombre > plus_grand) throw ErreurFatale("Nombre trop grand dans une ligne de la table", Lieu::ici());
   }
-  return négatif ? -nombre : nombre;
+  return nombre;
 }
 
 }  // namespace ardane

@@ -19,11 +19,11 @@ void déplacer_tout(Contexte &c) {
 void défiler_jusqu_à(Contrôle &barre, double place) { fixer_valeur(barre, static_cast<int>(std::trunc(place))); }
 
 /// One bar of the two: the layer's begin and length along it, those of the map and of the view, and the
-/// length that the far edge is measured with.
+/// length that the far edge is measured with. Setting the bar moves layer, map and marker at once, so the
+/// second test must see them anew.
 struct Axe {
   Contrôle &barre;
-  const double &début, &carte_début;
-  double longueur, carte_longueur, vue_longueur, repère;
+  const double &début, &carte_début, &longueur, &carte_longueur, &vue_longueur, &repère;
 };
 
 void centrer(const Axe &axe) {

@@ -13,14 +13,18 @@
 namespace ardane {
 
 struct VerrouRegistre::Prise {
+  explicit Prise(int ouvert) : descripteur(ouvert) {}
+  ~Prise() { close(descripteur); }  // which gives the lock back
+  Prise(const Prise &) = delete;
+  Prise &operator=(const Prise &) = delete;
+
   int descripteur;
-  ~Prise() { close(descripteur); }  // the last descriptor closed gives the lock back
 };
 
 VerrouRegistre::VerrouRegistre(const std::filesystem::path &fichier) {
   const int descripteur = open(fichier.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
   if (descripteur < 0) return;
-  prise_ = std::make_unique<Prise>(Prise{descripteur});
+  prise_ = std::make_unique<Prise>(descripteur);
   while (flock(descripteur, LOCK_EX) != 0 && errno == EINTR) {
   }
 }

@@ -1,9 +1,9 @@
 #include "platform/registry_store.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <random>
 #include <system_error>
 
@@ -238,7 +238,9 @@ std::optional<Document> lire_document(const fs::path &fichier) {
   if (état.type() != fs::file_type::regular) return std::nullopt;
   std::ifstream flux(fichier, std::ios::binary);
   if (!flux) return std::nullopt;
-  const std::string contenu{std::istreambuf_iterator<char>(flux), std::istreambuf_iterator<char>()};
+  std::string contenu;
+  for (std::array<char, 4096> morceau; flux.read(morceau.data(), morceau.size()), flux.gcount() > 0;)
+    contenu.append(morceau.data(), static_cast<std::size_t>(flux.gcount()));
   if (flux.bad()) return std::nullopt;
   return Document(contenu);
 }

@@ -358,8 +358,8 @@ class Lecteur {
     return lire_objet(*nombre, féminin);
   }
 
-  const Meuble &exiger_meuble(int nombre, std::optional<bool> féminin = {}) {
-    // The longest name first: "fleur de lys" before "fleur".
+  /// The charge whose name stands here, the longest one: "fleur de lys" before "fleur". Its words are counted.
+  std::pair<const Meuble *, std::size_t> meuble_ici(int nombre) const {
     const Meuble *meilleur = nullptr;
     std::size_t longueur = 0;
     for (const Meuble &meuble : meubles_.tous()) {
@@ -370,10 +370,15 @@ class Lecteur {
         longueur = noms.size();
       }
     }
-    if (!meilleur) échouer("no charge of this name");
-    if (féminin && *féminin != meilleur->féminin) échouer("the article has the wrong gender");
+    return {meilleur, longueur};
+  }
+
+  const Meuble &exiger_meuble(int nombre, std::optional<bool> féminin = {}) {
+    const auto [meuble, longueur] = meuble_ici(nombre);
+    if (!meuble) échouer("no charge of this name");
+    if (féminin && *féminin != meuble->féminin) échouer("the article has the wrong gender");
     i_ += longueur;
-    return *meilleur;
+    return *meuble;
   }
 
   Objet lire_objet(int nombre, std::optional<bool> féminin) {
@@ -383,7 +388,8 @@ class Lecteur {
     const auto pièce = std::find_if(pièces.begin(), pièces.end(), [&](const Nom_de_pièce &candidat) {
       return mot() == (nombre > 1 ? candidat.pluriel : candidat.nom);
     });
-    if (pièce != pièces.end()) {
+    // "Croix pattée" is a charge, "croix" alone an ordinary.
+    if (pièce != pièces.end() && meuble_ici(nombre).second < 2) {
       if (féminin && *féminin != pièce->féminin) échouer("the article has the wrong gender");
       if (nombre > 1 && !est_parmi(pièce->pièce, pièces_en_nombre)) échouer("there can be only one");
       objet.pièce = pièce->pièce;

@@ -133,13 +133,15 @@ std::vector<Point> frontière(Point a, Point b, Ligne ligne, double pas) {
   const auto point = [&](double t, double écart) {
     return Point{a.x + dx * t + travers.x * écart, a.y + dy * t + travers.y * écart};
   };
+  // On a slanted line a wave of the usual height would look like stairs.
+  const double onde = pas * (dx != 0 && dy != 0 ? 0.12 : 0.19);
   std::vector<Point> points;
   for (int i = 0; i < n; ++i) {
     const double t = static_cast<double>(i);
     switch (ligne) {
       case Ligne::ondée:
         for (int k = 0; k < 16; ++k)
-          points.push_back(point((t + k / 16.0) / n, sine(2 * pi * k / 16.0) * pas * 0.19));
+          points.push_back(point((t + k / 16.0) / n, sine(2 * pi * k / 16.0) * onde));
         break;
       case Ligne::engrêlée:
         for (int k = 0; k < 12; ++k)
@@ -200,6 +202,8 @@ std::vector<int> rangs_usuels(int nombre, const Cadre &c, double allongement) {
   if (c.l > c.h * 1.55 && nombre <= 6) return {nombre};
   if (c.h > c.l * 1.9) return std::vector<int>(n, 1);
   switch (nombre) {
+    case 1:
+      return {1};
     case 2:
       return allongement < 0.8 ? std::vector{2} : std::vector{1, 1};
     case 3:
@@ -259,11 +263,11 @@ class Géométrie {
       case Pièce::chef:
         return c_.h * 0.3;
       case Pièce::champagne:
-        return c_.h * 0.27;
+        return c_.h * 0.3;
       case Pièce::terrasse:
-        return c_.h * 0.2;
+        return c_.h * 0.27;
       case Pièce::bordure:
-        return petit * 0.115;
+        return petit * 0.105;
       case Pièce::fasce:
         return nombre == 1 ? c_.h * 0.3 : c_.h / (2 * nombre + 1);
       case Pièce::burelle:
@@ -363,8 +367,8 @@ class Géométrie {
       }
       case Pièce::pairle: {
         const Point m = cœur();
-        Path path = bandeau(prolongé(m, haut_dextre()), m, e, ligne, pas());
-        path.add(bandeau(m, prolongé(m, haut_sénestre()), e, ligne, pas()));
+        Path path = bandeau(prolongé(m, haut_dextre()), m, e, ligne, pas() * 1.35);
+        path.add(bandeau(m, prolongé(m, haut_sénestre()), e, ligne, pas() * 1.35));
         path.add(bandeau(m, {m.x, y2}, e, ligne, pas()));
         path.add_circle(m, e / 2);
         result.push_back(path);
@@ -512,7 +516,7 @@ class Géométrie {
     const Point d{-(b.y - a.y) / longueur * décalage, (b.x - a.x) / longueur * décalage};
     const Point de = entre(b, a, 1.3);
     const Point à = entre(a, b, 1.3);
-    return bandeau({de.x + d.x, de.y + d.y}, {à.x + d.x, à.y + d.y}, e, ligne, pas());
+    return bandeau({de.x + d.x, de.y + d.y}, {à.x + d.x, à.y + d.y}, e, ligne, pas() * 1.35);
   }
 
   Path chevron(int i, int nombre, double e, Ligne ligne) const {
@@ -583,8 +587,10 @@ class Peintre {
 
   void peindre(const Blason &blason, const Zone &entière) {
     peindre_champ(blason.champ, entière);
+    const Partition partition = blason.champ.partition;
+    const bool encadré = partition == Partition::chapé || partition == Partition::chaussé;
     // Pieces on the edge take their room first; the rest of the field is what the others are set in.
-    Zone reste = entière;
+    Zone reste = encadré ? dans(entière, parts_du_champ(blason.champ, entière.cadre).front().first) : entière;
     for (const Objet &objet : blason.objets)
       if (est_de_bord(objet.pièce)) reste = hors_de(reste, chemin_de_bord(objet, entière));
     for (const Objet &objet : blason.objets)
@@ -697,8 +703,8 @@ class Peintre {
 
   void semer(const Zone &zone_, const Meuble &meuble, Émail émail) {
     const Cadre &c = zone_.cadre;
-    const double pas = std::max(11 * u_, std::min(c.l, c.h) / 4.6);
-    const double taille = pas * 0.72;
+    const double pas = std::max(11 * u_, std::min(c.l, c.h) / 3.9);
+    const double taille = pas * 0.76;
     const double k = taille / std::max(meuble.largeur, meuble.hauteur);
     Objet objet;
     objet.émail = émail;
@@ -882,7 +888,7 @@ class Peintre {
         break;
       }
       case Partition::chapé:
-        ajouter(polygone({{k.x, y1}, {x2 + c.l * 0.02, bas}, {x2, y2}, {x1, y2}, {x1 - c.l * 0.02, bas}}), 0);
+        ajouter(polygone({{k.x, y1}, {x2, bas}, {x2, y2}, {x1, y2}, {x1, bas}}), 0);
         ajouter(polygone({{x1, y1}, {k.x, y1}, {x1, bas}}), 1);
         ajouter(polygone({{x2, y1}, {k.x, y1}, {x2, bas}}), 1);
         break;
@@ -904,7 +910,7 @@ class Peintre {
   Path bordure(const Objet &objet, const Zone &entière) const {
     const double e = Géométrie(entière.cadre, u_).épaisseur(Pièce::bordure, 1);
     std::vector<Point> bord = lieu_intérieur(entière, e);
-    if (objet.ligne != Ligne::droite) bord = bord_travaillé(bord, objet.ligne, Géométrie(entière.cadre, u_).pas() * 0.8);
+    if (objet.ligne != Ligne::droite) bord = bord_travaillé(bord, objet.ligne, Géométrie(entière.cadre, u_).pas() * 0.6);
     const Cadre &c = entière.cadre;
     const double m = 4 * u_;
     Path path;
@@ -1039,7 +1045,13 @@ class Peintre {
   }
 
   double marge(const Zone &zone_) const {
-    return std::clamp(std::min(zone_.cadre.l, zone_.cadre.h) * 0.05, 1.8 * u_, 4.2 * u_);
+    return std::clamp(std::min(zone_.cadre.l, zone_.cadre.h) * 0.05, 1.8 * u_, 4.4 * u_);
+  }
+
+  /// A banner leaves a single charge more air than a shield, whose shape already holds it off the edge.
+  double marge_du_principal(const Objet &objet, const Zone &zone_) const {
+    const bool bannière = zone_.cadre.l > zone_.cadre.h * 1.2;
+    return marge(zone_) * (bannière && objet.nombre == 1 ? 2 : 1);
   }
 
   /// A charge with what surrounds it: strips of the field are given to the others, the rest to it.
@@ -1060,7 +1072,7 @@ class Peintre {
         peindre_pièce(autre, zone_, formes);
         // The charge stands a little inside the ground, as feet do.
         const double y = zone_.cadre.y + zone_.cadre.h -
-                         Géométrie(zone_.cadre, u_).épaisseur(autre.pièce, 1) * 0.62;
+                         Géométrie(zone_.cadre, u_).épaisseur(autre.pièce, 1) * 0.72;
         c.h = y - c.y;
         sur_un_sol = true;
         continue;
@@ -1110,7 +1122,7 @@ class Peintre {
     else if (sur_un_sol)
       poser(meuble, objet, disposés(objet, objet.nombre, c, meuble), libre, m, true);
     else
-      poser(meuble, objet, disposés(objet, objet.nombre, c, meuble), libre, m);
+      poser(meuble, objet, disposés(objet, objet.nombre, c, meuble), libre, marge_du_principal(objet, zone_));
   }
 
   std::vector<Place> disposés(const Objet &objet, int nombre, const Cadre &c, const Meuble &meuble) const {

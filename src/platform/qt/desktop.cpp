@@ -10,6 +10,8 @@ namespace ardane {
 namespace {
 
 constexpr std::chrono::milliseconds blink_period{500};
+/// The main window is painted first.
+constexpr std::chrono::milliseconds settling_delay{100};
 constexpr qsizetype names_told = 5;
 
 }  // namespace
@@ -40,11 +42,15 @@ bool Desktop::start() {
   bool started = false;
   dispatcher_.run([&] { started = programme_.Démarrage(folder_); });
   if (!started) return false;
-  QWidget *main = renderer_.frame(programme_.écran());
-  pictures_.preload(main->devicePixelRatioF());
-  tell_missing_pictures();
   timer_.start(blink_period);
+  QTimer::singleShot(settling_delay, this, [this] { tell_missing_pictures(); });
   return true;
+}
+
+void Desktop::load_all_pictures() {
+  const double ratio = renderer_.frame(programme_.écran())->devicePixelRatioF();
+  for (const Contrôle &picture : programme_.écran().contrôles())
+    if (picture.conteneur == &programme_.écran().Carte) pictures_.pixmap(picture.image, ratio);
 }
 
 void Desktop::play() {

@@ -36,6 +36,10 @@ class Desktop : public QObject {
   /// Plays until the main window has closed.
   void play();
 
+  /// Decodes every picture that the map can show, flags included; they come one by one otherwise, each when it
+  /// is first shown.
+  void load_all_pictures();
+
   Programme &programme() { return programme_; }
   Renderer &renderer() { return renderer_; }
   PictureStore &pictures() { return pictures_; }

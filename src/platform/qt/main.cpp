@@ -1,17 +1,45 @@
 // The program `ardane`.
 #include <QApplication>
+#include <cstdio>
 
-#include "core/paths.h"
 #include "core/resources.h"
 #include "platform/qt/appearance.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/options.h"
+#include "platform/qt/ready_report.h"
 
-int main(int argc, char **argv) {
+namespace ardane {
+namespace {
+
+int play(int argc, char **argv, const Options &options) {
   QApplication application(argc, argv);
-  ardane::Desktop desktop({ardane::to_utf8(QCoreApplication::applicationDirPath()),
-                           ardane::fichier_registre_par_défaut()},
-                          ardane::ressources_du_programme());
+  Desktop desktop({options.programme.value_or(to_utf8(QCoreApplication::applicationDirPath())),
+                   options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut()},
+                  ressources_du_programme());
   if (!desktop.start()) return 1;
+  if (options.prêt_et_quitter) {
+    await_first_paint(*desktop.renderer().frame(desktop.programme().écran()));
+    report("prêt");
+    desktop.load_all_pictures();
+    report("chargé");
+    return 0;
+  }
   desktop.play();
   return 0;
+}
+
+}  // namespace
+}  // namespace ardane
+
+int main(int argc, char **argv) {
+  const ardane::Options options = ardane::read_options(argc, argv);
+  if (!options.erreur.empty()) {
+    std::fprintf(stderr, "%s\n%s", options.erreur.c_str(), ardane::help_text().c_str());
+    return 2;
+  }
+  if (options.aide) {
+    std::printf("%s", ardane::help_text().c_str());
+    return 0;
+  }
+  return ardane::play(argc, argv, options);
 }

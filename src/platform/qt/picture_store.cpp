@@ -10,8 +10,6 @@
 namespace ardane {
 namespace {
 
-bool is_flag(const std::string &name) { return name.starts_with("Graphismes.Drapeau"); }
-
 /// True for a file that begins like a GIF, a PNG or a JPEG.
 bool looks_like_picture(const QString &path) {
   QFile file(path);
@@ -23,7 +21,9 @@ bool looks_like_picture(const QString &path) {
 QPixmap read_picture(const QString &path) {
   QImageReader reader(path, QFileInfo(path).suffix().toLatin1());
   QImage image = reader.read();
-  return image.isNull() ? QPixmap{} : QPixmap::fromImage(std::move(image), Qt::NoFormatConversion);
+  if (image.isNull()) return {};
+  image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  return QPixmap::fromImage(std::move(image), Qt::NoFormatConversion);
 }
 
 }  // namespace
@@ -59,11 +59,6 @@ const QPixmap &PictureStore::pixmap(Image image, double ratio) {
   std::optional<QPixmap> &pixmap = pixmaps_.at(image.rang);
   if (!pixmap) pixmap = load(image);
   return *pixmap;
-}
-
-void PictureStore::preload(double ratio) {
-  for (const Image image : catalogue_.toutes())
-    if (!is_flag(catalogue_.nom(image))) pixmap(image, ratio);
 }
 
 QStringList PictureStore::unreadable() const {

@@ -20,9 +20,6 @@ class PictureStore {
   /// one. A null pixmap for no picture, or for a file that is absent or no picture.
   const QPixmap &pixmap(Image image, double ratio);
 
-  /// Decodes all pictures but the flags, which come one at a time and are decoded when they come.
-  void preload(double ratio);
-
   /// Names of the pictures whose file is absent or no picture.
   QStringList unreadable() const;
 

@@ -29,7 +29,6 @@ WindowView &Renderer::view(Fenêtre &window) {
     if (window.avec_titre && (!below->window().avec_titre || below->waiting != nullptr)) parent = &below->frame();
   const ViewContext context{window, dispatcher_, pictures_, screen_};
   views_.push_back(std::make_unique<WindowView>(context, events_of(window), parent));
-  views_.back()->sync();
   return *views_.back();
 }
 
@@ -107,8 +106,10 @@ void Renderer::remove(const Fenêtre &window) {
 }
 
 void Renderer::repeindre(Fenêtre &fenêtre) {
-  view(fenêtre).sync();
-  view(fenêtre).await_first_paint();
+  WindowView &shown = view(fenêtre);
+  if (!shown.frame().isVisible()) return shown.sync_window();
+  shown.sync();
+  shown.await_first_paint();
 }
 
 Rect Renderer::rectangle(const Fenêtre &fenêtre, const Contrôle &contrôle) const {

@@ -97,18 +97,18 @@ QSize WindowView::client_offset() const {
 }
 
 void WindowView::sync() {
-  sync_frame();
-  if (menu_ != nullptr) menu_->sync();
-  sync_geometry();
+  sync_window();
   make_missing_views();
   for (const auto &view : views_) view->sync();
   sync_stacking();
   sync_focus();
 }
 
-void WindowView::sync_frame() {
+void WindowView::sync_window() {
   const QString title = to_qt(window().titre).trimmed();
   if (frame_.windowTitle() != title) frame_.setWindowTitle(title);
+  if (menu_ != nullptr) menu_->sync();
+  sync_geometry();
 }
 
 void WindowView::sync_geometry() {

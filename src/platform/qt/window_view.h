@@ -29,6 +29,8 @@ class WindowView : public QObject {
 
   /// Brings the window and its widgets in step with the data.
   void sync();
+  /// Brings the window alone in step, without its widgets: enough to measure where they will stand.
+  void sync_window();
   void show(Qt::WindowModality modality);
   void hide();
   /// Waits a moment for a window that the desktop has yet to put up, and paints it. One that has been painted
@@ -48,7 +50,6 @@ class WindowView : public QObject {
   };
 
   QSize client_offset() const;
-  void sync_frame();
   void sync_geometry();
   void make_missing_views();
   void sync_stacking();

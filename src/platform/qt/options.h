@@ -1,0 +1,23 @@
+// The command line of the desktop program.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace ardane {
+
+struct Options {
+  bool aide = false;
+  bool prêt_et_quitter = false;              ///< measure the start and end
+  std::optional<std::string> démonstration;  ///< folder for the pictures of a game that plays itself
+  std::optional<std::string> programme;      ///< the program's folder, in place of the executable's
+  std::optional<std::string> registre;       ///< the file of settings, in place of the player's own
+  std::string erreur;                        ///< why the command line was not understood; empty if it was
+};
+
+Options read_options(int argc, const char *const *argv);
+
+/// What --help prints.
+std::string help_text();
+
+}  // namespace ardane

@@ -111,7 +111,9 @@ void double_cliquer(Session &s, const Arguments &a) {
 void cliquer_carte(Session &s, const Arguments &a) {
   Ecran_principal &écran = s.programme.écran();
   if (&fenêtre_du_dessus(s) != &écran) throw Refus("La carte n'est pas dans la fenêtre du dessus");
-  const Visée visée = viser(s, lire_entier(a[0]), lire_entier(a[1]));
+  const int x = lire_entier(a[0]);
+  const int y = lire_entier(a[1]);
+  const Visée visée = viser(s, x, y);
   if (visée.image == nullptr) throw Refus("Le point " + a[0] + " " + a[1] + " de la carte n'est pas en vue");
   s.monde.écran.placer_curseur(visée.écran);
   cliquer(écran, *visée.image);

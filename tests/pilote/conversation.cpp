@@ -1,0 +1,142 @@
+#include "conversation.h"
+
+#include <stdlib.h>
+
+#include <semaphore>
+#include <sstream>
+#include <stdexcept>
+#include <streambuf>
+#include <thread>
+
+#include "core/paths.h"
+#include "platform/pilote/pilot.h"
+
+namespace ardane {
+
+DossierDeJeu::DossierDeJeu(const std::filesystem::path &livrés) {
+  namespace fs = std::filesystem;
+  std::string modèle = texte_du_chemin(fs::temp_directory_path() / "ardane-XXXXXX");
+  if (mkdtemp(modèle.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  dossier_ = chemin_natif(modèle);
+  const fs::path programme = dossier_ / "programme";
+  fs::create_directory(programme);
+  for (const auto &livré : fs::directory_iterator(livrés))
+    if (livré.is_regular_file()) fs::copy_file(livré.path(), programme / livré.path().filename());
+}
+
+DossierDeJeu::~DossierDeJeu() {
+  std::error_code erreur;
+  std::filesystem::remove_all(dossier_, erreur);
+}
+
+std::string DossierDeJeu::chemin(std::string_view nom) const {
+  return texte_du_chemin(nom.empty() ? dossier_ : dossier_ / chemin_natif(nom));
+}
+
+std::string Réplique::attend() const {
+  return lignes.empty() ? std::string() : lignes.back().value("attend", "");
+}
+
+std::string Réplique::erreur() const {
+  const Json raison = valeur("erreur");
+  return raison.is_string() ? raison.get<std::string>() : std::string();
+}
+
+Json Réplique::valeur(std::string_view clé) const {
+  for (const Json &ligne : lignes)
+    if (const auto place = ligne.find(std::string(clé)); place != ligne.end()) return *place;
+  return {};
+}
+
+std::string Réplique::texte() const {
+  std::string texte;
+  for (const Json &ligne : lignes) texte += ligne.dump() + "\n";
+  return texte;
+}
+
+/// The pilot's thread and the test's take turns: one of them always waits.
+struct Conversation::Fil {
+  /// Where the pilot reads: to ask for a line is to end its turn.
+  class Entrée : public std::streambuf {
+   public:
+    explicit Entrée(Fil &fil) : fil_(fil) {}
+
+   private:
+    int_type underflow() override {
+      fil_.tour_du_test.release();
+      fil_.tour_du_pilote.acquire();
+      if (fil_.muet) return traits_type::eof();
+      ligne_ = fil_.commande + "\n";
+      setg(ligne_.data(), ligne_.data(), ligne_.data() + ligne_.size());
+      return traits_type::to_int_type(ligne_.front());
+    }
+    Fil &fil_;
+    std::string ligne_;
+  };
+
+  explicit Fil(const Options &options) : pilote(flux_entrée, sortie, options) {
+    fil = std::thread([this] {
+      code = pilote.exécuter();
+      fini = true;
+      tour_du_test.release();
+    });
+    tour_du_test.acquire();
+  }
+
+  ~Fil() {
+    if (!fini) {
+      muet = true;
+      tour_du_pilote.release();
+    }
+    fil.join();
+  }
+
+  std::binary_semaphore tour_du_test{0}, tour_du_pilote{0};
+  std::string commande;
+  bool muet = false;  ///< nothing more will be said
+  bool fini = false;
+  int code = 0;
+  Entrée entrée{*this};
+  std::istream flux_entrée{&entrée};
+  std::ostringstream sortie;
+  Pilote pilote;
+  std::thread fil;
+};
+
+Conversation::Conversation(const Options &options, const std::string &dossier)
+    : dossier_précédent_(std::filesystem::current_path()) {
+  std::filesystem::current_path(chemin_natif(dossier));
+  fil_ = std::make_unique<Fil>(options);
+}
+
+Conversation::~Conversation() {
+  fil_.reset();
+  std::error_code erreur;
+  std::filesystem::current_path(dossier_précédent_, erreur);
+}
+
+Réplique Conversation::dire(const std::string &commande) {
+  if (fil_->fini) throw std::logic_error("the pilot has left already");
+  fil_->commande = commande;
+  fil_->tour_du_pilote.release();
+  fil_->tour_du_test.acquire();
+  std::istringstream sortie(fil_->sortie.str());
+  fil_->sortie.str({});
+  Réplique réplique;
+  for (std::string ligne; std::getline(sortie, ligne);) réplique.lignes.push_back(Json::parse(ligne));
+  return réplique;
+}
+
+Json Conversation::état(const std::string &chemin) {
+  return dire("état " + chemin).valeur("état");
+}
+
+bool Conversation::finie() const {
+  return fil_->fini;
+}
+
+int Conversation::code() const {
+  return fil_->code;
+}
+
+}  // namespace ardane

@@ -1,0 +1,252 @@
+// The player's hand in windows of every kind of control.
+#include <gmock/gmock.h>
+
+#include "session_fixture.h"
+
+namespace ardane {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+using Main_du_joueur = EssaiDeSession;
+
+TEST_F(Main_du_joueur, a_click_reaches_the_control) {
+  ajouter("OK", Genre::bouton).clic = noter("clic");
+  ouvrir();
+  EXPECT_THAT(faire("clic OK"), IsEmpty());
+  EXPECT_THAT(gestes, ElementsAre("clic"));
+}
+
+TEST_F(Main_du_joueur, a_box_is_checked_before_its_click_is_handled) {
+  Contrôle &case_ = ajouter("case", Genre::case_à_cocher);
+  case_.clic = [&] { gestes.push_back(case_.coché ? "cochée" : "vide"); };
+  ouvrir();
+  faire("clic case");
+  faire("clic case");
+  EXPECT_THAT(gestes, ElementsAre("cochée", "vide"));
+}
+
+TEST_F(Main_du_joueur, of_a_group_of_options_one_is_chosen) {
+  Contrôle &cadre = ajouter("cadre", Genre::cadre);
+  Contrôle &un = ajouter("un", Genre::option);
+  Contrôle &deux = ajouter("deux", Genre::option);
+  Contrôle &ailleurs = ajouter("ailleurs", Genre::option);
+  un.conteneur = deux.conteneur = &cadre;
+  un.coché = ailleurs.coché = true;
+  ouvrir();
+  faire("clic deux");
+  EXPECT_FALSE(un.coché);
+  EXPECT_TRUE(deux.coché);
+  EXPECT_TRUE(ailleurs.coché);
+}
+
+TEST_F(Main_du_joueur, cannot_reach_what_is_hidden_or_disabled) {
+  Contrôle &cadre = ajouter("cadre", Genre::cadre);
+  Contrôle &bouton = ajouter("bouton", Genre::bouton);
+  bouton.clic = noter("clic");
+  bouton.conteneur = &cadre;
+  ouvrir();
+  bouton.visible = false;
+  EXPECT_EQ(refus("clic bouton"), "Le contrôle bouton est caché");
+  bouton.visible = true;
+  bouton.actif = false;
+  EXPECT_EQ(refus("clic bouton"), "Le contrôle bouton est inactif");
+  EXPECT_EQ(refus("double_clic bouton"), "Le contrôle bouton est inactif");
+  EXPECT_EQ(refus("entrée bouton"), "Le contrôle bouton est inactif");
+  bouton.actif = true;
+  cadre.visible = false;
+  EXPECT_EQ(refus("clic bouton"), "Le contrôle bouton est caché");
+  cadre.visible = true;
+  cadre.actif = false;
+  EXPECT_EQ(refus("clic bouton"), "Le contrôle bouton est inactif");
+  EXPECT_THAT(gestes, IsEmpty());
+}
+
+TEST_F(Main_du_joueur, cannot_reach_what_is_not_there) {
+  EXPECT_EQ(refus("clic OK"), "Aucune fenêtre n'est ouverte");
+  ouvrir();
+  EXPECT_EQ(refus("clic OK"), "La fenêtre essai n'a pas de contrôle « OK »");
+  for (const char *commande :
+       {"double_clic OK", "texte OK a", "entrée OK", "sélection OK a", "valeur OK 1", "menu OK"})
+    EXPECT_THAT(refus(commande), HasSubstr("« OK »")) << commande;
+}
+
+TEST_F(Main_du_joueur, a_double_click_begins_with_a_click) {
+  Contrôle &liste = ajouter("liste", Genre::liste);
+  liste.clic = noter("clic");
+  liste.double_clic = noter("double clic");
+  ajouter("simple", Genre::image);
+  ouvrir();
+  faire("double_clic liste");
+  faire("double_clic simple");
+  EXPECT_THAT(gestes, ElementsAre("clic", "double clic"));
+}
+
+TEST_F(Main_du_joueur, typing_replaces_the_text) {
+  Contrôle &boîte = ajouter("nom", Genre::texte);
+  boîte.texte = "ancien";
+  boîte.changement = [&] { gestes.push_back(boîte.texte); };
+  ouvrir();
+  faire("texte nom Ann  de la Tour ");
+  faire("texte nom un\\ndeux\\\\trois\\t\\");
+  faire("texte nom ");
+  faire("texte nom");
+  EXPECT_THAT(gestes, ElementsAre("Ann  de la Tour ", "un\ndeux\\trois\\t\\", "", ""));
+}
+
+TEST_F(Main_du_joueur, types_only_where_one_can_type) {
+  ajouter("OK", Genre::bouton);
+  Contrôle &boîte = ajouter("nom", Genre::texte);
+  boîte.texte = "ancien";
+  boîte.lecture_seule = true;
+  ouvrir();
+  EXPECT_EQ(refus("texte OK a"), "Le contrôle OK est du genre bouton, et non texte");
+  EXPECT_EQ(refus("texte nom a"), "Le contrôle nom ne se modifie pas");
+  boîte.lecture_seule = false;
+  boîte.actif = false;
+  EXPECT_EQ(refus("texte nom a"), "Le contrôle nom est inactif");
+  EXPECT_EQ(boîte.texte, "ancien");
+}
+
+TEST_F(Main_du_joueur, the_enter_key_is_handled_or_presses_the_button) {
+  ajouter("nom", Genre::texte).entrée = noter("entrée");
+  ajouter("OK", Genre::bouton).clic = noter("clic");
+  ajouter("prénom", Genre::texte).clic = noter("clic de prénom");
+  ajouter("image", Genre::image).clic = noter("clic d'image");
+  ouvrir();
+  faire("entrée nom");
+  faire("entrée OK");
+  faire("entrée prénom");
+  EXPECT_EQ(refus("entrée image"), "Le contrôle image ne prend pas le clavier");
+  EXPECT_THAT(gestes, ElementsAre("entrée", "clic"));
+}
+
+TEST_F(Main_du_joueur, selects_an_item_by_its_text_or_its_rank) {
+  Contrôle &liste = ajouter("liste", Genre::liste);
+  liste.éléments = {"un", "deux mots", "#x"};
+  liste.changement = [&] { gestes.push_back(std::to_string(liste.choix)); };
+  ouvrir();
+  faire("sélection liste deux mots");
+  faire("sélection liste #1");
+  faire("sélection liste #x");
+  EXPECT_THAT(gestes, ElementsAre("2", "1", "3"));
+  EXPECT_EQ(refus("sélection liste deux"), "La liste liste n'a pas d'élément « deux »");
+  EXPECT_EQ(refus("sélection liste #4"), "La liste liste n'a que 3 éléments");
+  EXPECT_EQ(refus("sélection liste #0"), "La liste liste n'a que 3 éléments");
+  EXPECT_EQ(refus("sélection liste"), "La commande sélection attend un argument de plus");
+  EXPECT_EQ(liste.choix, 3);
+  ajouter("OK", Genre::bouton);
+  EXPECT_EQ(refus("sélection OK #1"), "Le contrôle OK est du genre bouton, et non liste");
+}
+
+TEST_F(Main_du_joueur, moves_a_bar_within_its_range) {
+  Contrôle &barre = ajouter("barre", Genre::barre);
+  barre.max = 60;
+  barre.changement = [&] { gestes.push_back(std::to_string(barre.valeur)); };
+  ouvrir();
+  faire("valeur barre 20");
+  faire("valeur barre 20");
+  faire("valeur barre 900");
+  faire("valeur barre -3");
+  EXPECT_THAT(gestes, ElementsAre("20", "60", "0"));
+  EXPECT_EQ(refus("valeur barre beaucoup"), "« beaucoup » n'est pas un nombre entier");
+  EXPECT_EQ(refus("valeur barre 1.5"), "« 1.5 » n'est pas un nombre entier");
+  ajouter("OK", Genre::bouton);
+  EXPECT_EQ(refus("valeur OK 1"), "Le contrôle OK est du genre bouton, et non barre");
+}
+
+TEST_F(Main_du_joueur, chooses_menu_entries_that_can_be_seen_and_used) {
+  Contrôle &fichier = ajouter("fichier", Genre::menu);
+  Contrôle &nouveau = ajouter("nouveau", Genre::menu);
+  nouveau.conteneur = &fichier;
+  nouveau.clic = noter("nouveau");
+  ajouter("OK", Genre::bouton);
+  ouvrir();
+  faire("menu nouveau");
+  faire("menu fichier");
+  EXPECT_THAT(gestes, ElementsAre("nouveau"));
+  fichier.actif = false;
+  EXPECT_EQ(refus("menu nouveau"), "Le contrôle nouveau est inactif");
+  fichier.actif = true;
+  nouveau.visible = false;
+  EXPECT_EQ(refus("menu nouveau"), "Le contrôle nouveau est caché");
+  EXPECT_EQ(refus("menu OK"), "Le contrôle OK est du genre bouton, et non menu");
+  EXPECT_THAT(gestes, ElementsAre("nouveau"));
+}
+
+TEST_F(Main_du_joueur, takes_the_focus_along_and_the_control_left_is_told_first) {
+  ajouter("nom", Genre::texte).perte_du_focus = noter("nom quitté");
+  ajouter("OK", Genre::bouton).clic = noter("OK");
+  ajouter("image", Genre::image).clic = noter("image");
+  ouvrir();
+  faire("texte nom a");
+  EXPECT_EQ(fenêtre.focus, fenêtre.chercher("nom"));
+  faire("clic image");
+  faire("clic OK");
+  EXPECT_THAT(gestes, ElementsAre("image", "nom quitté", "OK"));
+  EXPECT_EQ(fenêtre.focus, fenêtre.chercher("OK"));
+}
+
+TEST_F(Main_du_joueur, a_focus_moved_by_the_program_is_lost_as_well) {
+  Contrôle &nom = ajouter("nom", Genre::texte);
+  nom.perte_du_focus = noter("nom quitté");
+  Contrôle &autre = ajouter("autre", Genre::texte);
+  nom.entrée = [&] { fenêtre.focus = &autre; };
+  ouvrir();
+  faire("entrée nom");
+  EXPECT_THAT(gestes, ElementsAre("nom quitté"));
+}
+
+TEST_F(Main_du_joueur, closes_windows_that_have_a_close_control) {
+  ouvrir();
+  fenêtre.fermable = false;
+  EXPECT_EQ(refus("fermer"), "La fenêtre essai n'a pas de bouton de fermeture");
+  EXPECT_TRUE(fenêtre.ouverte);
+  fenêtre.fermable = true;
+  EXPECT_EQ(faire("fermer").at(0).dump(), R"({"fenêtre":"essai","ouverte":false,"modale":false})");
+  EXPECT_EQ(refus("fermer"), "Aucune fenêtre n'est ouverte");
+}
+
+TEST_F(Main_du_joueur, a_window_can_have_its_own_answer_to_the_close_control) {
+  fenêtre.demande_de_fermeture = noter("non");
+  ouvrir();
+  faire("fermer");
+  EXPECT_THAT(gestes, ElementsAre("non"));
+  EXPECT_TRUE(fenêtre.ouverte);
+}
+
+TEST_F(Main_du_joueur, the_window_on_top_takes_the_commands) {
+  ajouter("OK", Genre::bouton).clic = noter("dessous");
+  Fenêtre dessus("dessus");
+  Contrôle bouton;
+  bouton.nom = "OK";
+  bouton.genre = Genre::bouton;
+  bouton.clic = noter("dessus");
+  dessus.ajouter(bouton);
+  ouvrir();
+  monde.façade.montrer(dessus);
+  faire("clic OK");
+  monde.façade.retirer(dessus);
+  faire("clic OK");
+  EXPECT_THAT(gestes, ElementsAre("dessus", "dessous"));
+}
+
+TEST_F(Main_du_joueur, a_place_on_the_screen_counts_all_containers_and_is_cut_to_the_pixel) {
+  Contrôle &cadre = ajouter("cadre", Genre::cadre);
+  Contrôle &dedans = ajouter("dedans", Genre::option);
+  dedans.conteneur = &cadre;
+  fenêtre.gauche = 100;
+  fenêtre.haut = 50;
+  cadre.gauche = 10.5;
+  cadre.haut = 20;
+  dedans.gauche = 1.25;
+  dedans.haut = 2;
+  dedans.largeur = 30.5;
+  dedans.hauteur = 40;
+  EXPECT_EQ(monde.façade.rectangle(fenêtre, dedans), (Rect{111, 72, 142, 112}));
+}
+
+}  // namespace
+}  // namespace ardane

@@ -9,31 +9,31 @@ namespace ardane {
 // Each calls `champ(name, variable)` for every field, in the order of the record.
 
 template <class R, class F>
-  requires std::is_same_v<std::remove_const_t<R>, Rect>
+requires std::is_same_v<std::remove_const_t<R>, Rect>
 void décrire(R &r, F &&champ) {
   champ("left", r.gauche), champ("top", r.haut), champ("right", r.droite), champ("bottom", r.bas);
 }
 
 template <class R, class F>
-  requires std::is_same_v<std::remove_const_t<R>, Segment_carte>
+requires std::is_same_v<std::remove_const_t<R>, Segment_carte>
 void décrire(R &r, F &&champ) {
   champ("carte", r.carte), champ("abscisse", r.abscisse), champ("code", r.code);
 }
 
 template <class R, class F>
-  requires std::is_same_v<std::remove_const_t<R>, Meilleur_score>
+requires std::is_same_v<std::remove_const_t<R>, Meilleur_score>
 void décrire(R &r, F &&champ) {
   champ("nom", r.nom), champ("score", r.score);
 }
 
 template <class R, class F>
-  requires std::is_same_v<std::remove_const_t<R>, Fiche_mode>
+requires std::is_same_v<std::remove_const_t<R>, Fiche_mode>
 void décrire(R &r, F &&champ) {
   champ("largeur", r.largeur), champ("hauteur", r.hauteur), champ("couleurs", r.couleurs);
 }
 
 template <class R, class F>
-  requires std::is_same_v<std::remove_const_t<R>, Fiche_jeu>
+requires std::is_same_v<std::remove_const_t<R>, Fiche_jeu>
 void décrire(R &r, F &&champ) {
   champ("clé", r.clé), champ("libellé", r.libellé), champ("version_locale", r.version_locale),
       champ("date_locale", r.date_locale), champ("version_site", r.version_site),
@@ -41,7 +41,7 @@ void décrire(R &r, F &&champ) {
 }
 
 template <class R, class F>
-  requires std::is_same_v<std::remove_const_t<R>, Fiche_province>
+requires std::is_same_v<std::remove_const_t<R>, Fiche_province>
 void décrire(R &r, F &&champ) {
   champ("haut", r.haut), champ("gauche", r.gauche), champ("trouvée", r.trouvée),
       champ("villes_restantes", r.villes_restantes), champ("région", r.région), champ("encart", r.encart),
@@ -50,7 +50,7 @@ void décrire(R &r, F &&champ) {
 }
 
 template <class R, class F>
-  requires std::is_same_v<std::remove_const_t<R>, Fiche_région>
+requires std::is_same_v<std::remove_const_t<R>, Fiche_région>
 void décrire(R &r, F &&champ) {
   champ("nom", r.nom), champ("nombre_provinces", r.nombre_provinces),
       champ("provinces_restantes", r.provinces_restantes), champ("trouvée", r.trouvée),
@@ -60,15 +60,15 @@ void décrire(R &r, F &&champ) {
 }
 
 template <class R, class F>
-  requires std::is_same_v<std::remove_const_t<R>, Fiche_ville>
+requires std::is_same_v<std::remove_const_t<R>, Fiche_ville>
 void décrire(R &r, F &&champ) {
   champ("nom", r.nom), champ("capitale", r.capitale), champ("province", r.province),
-      champ("trouvée", r.trouvée), champ("trouvée_étape", r.trouvée_étape), champ("x", r.x),
-      champ("y", r.y), champ("points_perdus", r.points_perdus);
+      champ("trouvée", r.trouvée), champ("trouvée_étape", r.trouvée_étape), champ("x", r.x), champ("y", r.y),
+      champ("points_perdus", r.points_perdus);
 }
 
 template <class G, class F>
-  requires std::is_same_v<std::remove_const_t<G>, GameState>
+requires std::is_same_v<std::remove_const_t<G>, GameState>
 void décrire(G &g, F &&champ) {
   champ("Répertoire_programme", g.Répertoire_programme);
   champ("Répertoire_sauvegarde", g.Répertoire_sauvegarde);

@@ -27,7 +27,9 @@ std::int16_t champ_nombre(const std::string &ligne, int n) {
   return static_cast<std::int16_t>(nombre_en_tête(Champ_ligne(ligne, n)));
 }
 
-std::string champ_texte(const std::string &ligne, int n) { return std::string(Champ_ligne(ligne, n)); }
+std::string champ_texte(const std::string &ligne, int n) {
+  return std::string(Champ_ligne(ligne, n));
+}
 
 }  // namespace
 

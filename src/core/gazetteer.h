@@ -24,11 +24,11 @@ struct Fiche_province {
   bool trouvée = false;               ///< found in the stage being played, or out of the game
   std::int16_t villes_restantes = 0;  ///< its cities still to place in the town stage
   std::int16_t région = 0;
-  std::int16_t encart = 0;            ///< number of the map picture that it lies on
+  std::int16_t encart = 0;  ///< number of the map picture that it lies on
   std::string nom;
-  bool inhibée = false;                          ///< left out of play by the configuration
+  bool inhibée = false;                               ///< left out of play by the configuration
   Table<std::int32_t, 0, nombre_jeux> points_perdus;  ///< 0 the total, 1..4 by stage code
-  Table<bool, 0, nombre_jeux> trouvée_étape;     ///< placed in the stage of that code
+  Table<bool, 0, nombre_jeux> trouvée_étape;          ///< placed in the stage of that code
 };
 
 struct Fiche_région {

@@ -1,9 +1,9 @@
 // The run-length table of the map: which province each pixel belongs to.
 //
-// "ardane.pts" is a sequence of 4-byte records, little-endian: map number (8 bits), abscissa (signed 16 bits),
-// province code (8 bits). The first record must be {0, 0, 4}, the version of the format; a later {-, 0, 0}
-// opens the next pixel row; every other record is a run of the current row. Map number 255 means the same
-// map as before. One row mark more than there are rows closes the file.
+// "ardane.pts" is a sequence of 4-byte records, little-endian: map number (8 bits), abscissa (signed 16
+// bits), province code (8 bits). The first record must be {0, 0, 4}, the version of the format; a later {-,
+// 0, 0} opens the next pixel row; every other record is a run of the current row. Map number 255 means the
+// same map as before. One row mark more than there are rows closes the file.
 #pragma once
 
 #include "core/context.h"

@@ -43,8 +43,9 @@ Image CatalogueImages::image(std::size_t rang) const {
 }
 
 Image CatalogueImages::chercher(std::string_view nom) const {
-  const auto place = std::lower_bound(par_nom_.begin(), par_nom_.end(), nom,
-                                      [&](std::uint16_t rang, std::string_view n) { return fiches_[rang].nom < n; });
+  const auto place =
+      std::lower_bound(par_nom_.begin(), par_nom_.end(), nom,
+                       [&](std::uint16_t rang, std::string_view n) { return fiches_[rang].nom < n; });
   return place == par_nom_.end() || fiches_[*place].nom != nom ? Image{} : image(*place);
 }
 

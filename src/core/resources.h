@@ -38,8 +38,8 @@ class CatalogueImages {
   const Fiche &fiche(Image image) const { return fiches_.at(image.rang); }
   Image image(std::size_t rang) const;
 
-  std::vector<Fiche> fiches_{Fiche{}};    ///< index 0 is no picture
-  std::vector<std::uint16_t> par_nom_;    ///< ranks, ascending by name
+  std::vector<Fiche> fiches_{Fiche{}};  ///< index 0 is no picture
+  std::vector<std::uint16_t> par_nom_;  ///< ranks, ascending by name
 };
 
 struct Ressources {

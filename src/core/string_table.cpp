@@ -12,8 +12,8 @@ std::string sans_échappement(std::string_view texte) {
   std::string clair;
   clair.reserve(texte.size());
   for (std::size_t i = 0; i < texte.size(); ++i) {
-    const bool échappé = texte[i] == '\\' && i + 1 < texte.size() &&
-                         (texte[i + 1] == 'n' || texte[i + 1] == '\\');
+    const bool échappé =
+        texte[i] == '\\' && i + 1 < texte.size() && (texte[i + 1] == 'n' || texte[i + 1] == '\\');
     if (!échappé) {
       clair.push_back(texte[i]);
     } else {

@@ -63,7 +63,8 @@ class TableauDynamique {
 
   /// Makes it Premier..dernier, every element empty.
   void dimensionner(int dernier_indice) {
-    éléments_.assign(dernier_indice < Premier ? 0 : static_cast<std::size_t>(dernier_indice - Premier + 1), T{});
+    éléments_.assign(dernier_indice < Premier ? 0 : static_cast<std::size_t>(dernier_indice - Premier + 1),
+                     T{});
   }
   /// Makes it Premier..dernier, keeping what it holds.
   void redimensionner(int dernier_indice) {

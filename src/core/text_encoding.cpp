@@ -11,9 +11,9 @@ constexpr char32_t inconnu = 0xFFFD;
 
 // Windows-1252 differs from Latin-1 in 0x80..0x9F only (table of the WHATWG Encoding Standard).
 constexpr std::array<char32_t, 32> haut_de_page = {
-    0x20AC, 0x81,   0x201A, 0x192,  0x201E, 0x2026, 0x2020, 0x2021, 0x2C6, 0x2030, 0x160,
+    0x20AC, 0x81,   0x201A, 0x192,  0x201E, 0x2026, 0x2020, 0x2021, 0x2C6,  0x2030, 0x160,
     0x2039, 0x152,  0x8D,   0x17D,  0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x2DC,  0x2122, 0x161,  0x203A, 0x153,  0x9D,   0x17E, 0x178};
+    0x2013, 0x2014, 0x2DC,  0x2122, 0x161,  0x203A, 0x153,  0x9D,   0x17E,  0x178};
 
 void ajouter_utf8(std::string &texte, char32_t c) {
   const auto octet = [&](char32_t o) { texte.push_back(static_cast<char>(static_cast<unsigned char>(o))); };
@@ -38,8 +38,12 @@ void ajouter_utf8(std::string &texte, char32_t c) {
 char32_t lire_point(std::string_view texte, std::size_t &i) {
   const auto octet = [&](std::size_t k) { return static_cast<unsigned char>(texte[k]); };
   const unsigned char premier = octet(i);
-  const int suite = premier < 0x80 ? 0 : premier < 0xC2 ? -1 : premier < 0xE0 ? 1 : premier < 0xF0 ? 2
-                    : premier < 0xF5 ? 3 : -1;
+  const int suite = premier < 0x80   ? 0
+                    : premier < 0xC2 ? -1
+                    : premier < 0xE0 ? 1
+                    : premier < 0xF0 ? 2
+                    : premier < 0xF5 ? 3
+                                     : -1;
   if (suite == 0) {
     ++i;
     return premier;
@@ -58,8 +62,8 @@ char32_t lire_point(std::string_view texte, std::size_t &i) {
     c = (c << 6) | (o & 0x3F);
   }
   constexpr std::array<char32_t, 4> plus_petit = {0, 0x80, 0x800, 0x10000};
-  const bool permis = c >= plus_petit[static_cast<std::size_t>(suite)] && c <= 0x10FFFF &&
-                      !(c >= 0xD800 && c <= 0xDFFF);
+  const bool permis =
+      c >= plus_petit[static_cast<std::size_t>(suite)] && c <= 0x10FFFF && !(c >= 0xD800 && c <= 0xDFFF);
   i += permis ? static_cast<std::size_t>(suite) + 1 : 1;
   return permis ? c : inconnu;
 }

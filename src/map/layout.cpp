@@ -11,8 +11,12 @@ namespace {
 
 constexpr double écart = 10;
 
-double droite(const Contrôle &contrôle) { return contrôle.gauche + contrôle.largeur; }
-double bas(const Contrôle &contrôle) { return contrôle.haut + contrôle.hauteur; }
+double droite(const Contrôle &contrôle) {
+  return contrôle.gauche + contrôle.largeur;
+}
+double bas(const Contrôle &contrôle) {
+  return contrôle.haut + contrôle.hauteur;
+}
 
 void fixer_mesure(double &mesure, double valeur) {
   if (valeur < 0) throw ErreurFatale("L'écran est trop petit pour la carte", Lieu::ici());

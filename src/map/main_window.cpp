@@ -131,8 +131,10 @@ Graphismes::Graphismes(const CatalogueImages &catalogue) {
 }
 
 Contrôle &Ecran_principal::placer(std::string_view nom_contrôle, Contrôle *conteneur) {
-  const auto place = std::find_if(places.begin(), places.end(), [&](const Place &p) { return p.nom == nom_contrôle; });
-  if (place == places.end()) throw ErreurFatale("Contrôle sans place : " + std::string(nom_contrôle), Lieu::ici());
+  const auto place =
+      std::find_if(places.begin(), places.end(), [&](const Place &p) { return p.nom == nom_contrôle; });
+  if (place == places.end())
+    throw ErreurFatale("Contrôle sans place : " + std::string(nom_contrôle), Lieu::ici());
   Contrôle &contrôle = ardane::placer(*this, *place);
   contrôle.conteneur = conteneur;
   return contrôle;
@@ -257,13 +259,11 @@ void Ecran_principal::créer_grille() {
     LBL_param.placer(i, label);
   }
   for (int i = 1; i <= 16; ++i) {
-    Contrôle bouton;
-    bouton.nom = indexé("Bouton", i);
-    bouton.genre = Genre::case_à_cocher;
-    bouton.gauche = 824 + 32 * ((i - 1) / 4);
-    bouton.haut = 288 + 24 * ((i - 1) % 4);
-    bouton.largeur = bouton.hauteur = 17;
-    Bouton.placer(i, ajouter(std::move(bouton)));
+    const int colonne = (i - 1) / 4;
+    const int rang = (i - 1) % 4;
+    const std::string nom_bouton = indexé("Bouton", i);
+    const Place place{nom_bouton, Genre::case_à_cocher, 824.0 + 32 * colonne, 288.0 + 24 * rang, 17, 17};
+    Bouton.placer(i, ardane::placer(*this, place));
   }
   for (int i = 1; i <= 2; ++i) BTN.placer(i, placer(indexé("BTN", i)));
   BTN(1).texte = "OK";

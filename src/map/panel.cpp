@@ -16,7 +16,9 @@ void montrer_devant(Ecran_principal &e, Contrôle &contrôle, bool visible = tru
   if (visible) e.au_premier_plan(contrôle);
 }
 
-bool en_jeu(int étape) { return étape >= étape_provinces && étape <= étape_régions; }
+bool en_jeu(int étape) {
+  return étape >= étape_provinces && étape <= étape_régions;
+}
 
 struct Zone_question {
   int étape;
@@ -48,7 +50,8 @@ void afficher_question(Contexte &c) {
 /// Decimal digits of `nombre`, zeros in front, the units at index 1.
 template <class Chiffres>
 void afficher_chiffres(Chiffres &boîtes, int combien, long nombre) {
-  for (int i = 1; i <= combien; ++i, nombre /= 10) boîtes(i).texte = std::string(1, static_cast<char>('0' + nombre % 10));
+  for (int i = 1; i <= combien; ++i, nombre /= 10)
+    boîtes(i).texte = std::string(1, static_cast<char>('0' + nombre % 10));
 }
 
 }  // namespace
@@ -72,9 +75,9 @@ void AfficherPanneau(Contexte &c) {
 
 void MasquerPanneau(Contexte &c) {
   Ecran_principal &e = c.écran;
-  for (Contrôle *contrôle : {&e.que_faire, &e.Boîte_score, &e.Boîte_restants, &e.Texte_à_chercher,
-                             &e.Elément_recherché, &e.Image_recherchée, &e.NombreProvinces,
-                             &e.BoîteProvinces, &e.EtiquetteProvinces})
+  for (Contrôle *contrôle :
+       {&e.que_faire, &e.Boîte_score, &e.Boîte_restants, &e.Texte_à_chercher, &e.Elément_recherché,
+        &e.Image_recherchée, &e.NombreProvinces, &e.BoîteProvinces, &e.EtiquetteProvinces})
     contrôle->visible = false;
   for (int i = 0; i <= 6; ++i) e.Digit(i).visible = false;
   for (int i = 1; i <= 3; ++i) e.Reste(i).visible = false;
@@ -100,20 +103,32 @@ void AfficherReste(Contexte &c, int nombre) {
   const GameState &g = c.état;
   std::string &légende = c.écran.Boîte_restants.texte;
   switch (g.Etape) {
-    case étape_provinces: légende = message(g, 155); break;
-    case étape_villes: légende = message(g, 157); break;
-    case étape_drapeaux: légende = "Drapeaux à placer"; break;
-    case étape_régions: légende = message(g, 156); break;
-    default: break;
+    case étape_provinces:
+      légende = message(g, 155);
+      break;
+    case étape_villes:
+      légende = message(g, 157);
+      break;
+    case étape_drapeaux:
+      légende = "Drapeaux à placer";
+      break;
+    case étape_régions:
+      légende = message(g, 156);
+      break;
+    default:
+      break;
   }
   afficher_chiffres(c.écran.Reste, 3, nombre);
 }
 
 int reste_de_l_étape(const GameState &g) {
   switch (g.Etape) {
-    case étape_villes: return g.VillesRestantes;
-    case étape_régions: return g.RégionsRestantes;
-    default: return g.ProvincesRestantes;
+    case étape_villes:
+      return g.VillesRestantes;
+    case étape_régions:
+      return g.RégionsRestantes;
+    default:
+      return g.ProvincesRestantes;
   }
 }
 

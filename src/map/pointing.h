@@ -6,7 +6,6 @@
 
 namespace ardane {
 
-
 /// The topmost picture at a place of the viewport that takes clicks, in pixels of the viewport; null if there
 /// is none. Layers of regions let clicks through.
 Contrôle *image_sous(Ecran_principal &écran, double x, double y);

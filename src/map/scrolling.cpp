@@ -16,7 +16,9 @@ void déplacer_tout(Contexte &c) {
   RedessinerCarte(c);
 }
 
-void défiler_jusqu_à(Contrôle &barre, double place) { fixer_valeur(barre, static_cast<int>(std::trunc(place))); }
+void défiler_jusqu_à(Contrôle &barre, double place) {
+  fixer_valeur(barre, static_cast<int>(std::trunc(place)));
+}
 
 /// One bar of the two: the layer's begin and length along it, those of the map and of the view, and the
 /// length that the far edge is measured with. Setting the bar moves layer, map and marker at once, so the
@@ -28,11 +30,12 @@ struct Axe {
 
 void centrer(const Axe &axe) {
   const double demi_vue = axe.vue_longueur / 2;
-  if (axe.début < -axe.carte_début) défiler_jusqu_à(axe.barre, axe.début < demi_vue ? 0 : axe.début - demi_vue);
+  if (axe.début < -axe.carte_début)
+    défiler_jusqu_à(axe.barre, axe.début < demi_vue ? 0 : axe.début - demi_vue);
   if (axe.début + axe.longueur > axe.vue_longueur - axe.carte_début) {
     const bool près_du_bord = axe.carte_longueur - axe.début - axe.repère < demi_vue;
-    défiler_jusqu_à(axe.barre, près_du_bord ? axe.carte_longueur - axe.vue_longueur
-                                            : axe.début + axe.repère - demi_vue);
+    défiler_jusqu_à(axe.barre,
+                    près_du_bord ? axe.carte_longueur - axe.vue_longueur : axe.début + axe.repère - demi_vue);
   }
 }
 

@@ -77,8 +77,8 @@ struct Contrôle {
 
   std::function<void()> clic;
   std::function<void()> double_clic;
-  std::function<void()> entrée;           ///< the Enter key in this control
-  std::function<void()> changement;       ///< a bar's value, a list's choice
+  std::function<void()> entrée;      ///< the Enter key in this control
+  std::function<void()> changement;  ///< a bar's value, a list's choice
   std::function<void()> perte_du_focus;
 };
 
@@ -101,8 +101,8 @@ class Fenêtre {
   std::optional<Couleur> fond;
   Contrôle *focus = nullptr;
 
-  std::function<void()> activation;           ///< the window has just become the active one
-  std::function<void()> demande_de_fermeture; ///< the close control; without it the window just closes
+  std::function<void()> activation;            ///< the window has just become the active one
+  std::function<void()> demande_de_fermeture;  ///< the close control; without it the window just closes
 
   /// Adds a control on top of the stack. References stay valid as long as the window lives.
   Contrôle &ajouter(Contrôle contrôle);

@@ -239,7 +239,7 @@ std::optional<Document> lire_document(const fs::path &fichier) {
   std::ifstream flux(fichier, std::ios::binary);
   if (!flux) return std::nullopt;
   std::string contenu;
-  for (std::array<char, 4096> morceau; flux.read(morceau.data(), morceau.size()), flux.gcount() > 0;)
+  for (std::array<char, 4096> morceau{}; flux.read(morceau.data(), morceau.size()), flux.gcount() > 0;)
     contenu.append(morceau.data(), static_cast<std::size_t>(flux.gcount()));
   if (flux.bad()) return std::nullopt;
   return Document(contenu);

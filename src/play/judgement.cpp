@@ -50,10 +50,17 @@ void placer_région(Contexte &c) {
 void placer(Contexte &c) {
   switch (c.état.Etape) {
     case étape_provinces:
-    case étape_drapeaux: placer_province(c); break;
-    case étape_villes: placer_ville(c); break;
-    case étape_régions: placer_région(c); break;
-    default: break;
+    case étape_drapeaux:
+      placer_province(c);
+      break;
+    case étape_villes:
+      placer_ville(c);
+      break;
+    case étape_régions:
+      placer_région(c);
+      break;
+    default:
+      break;
   }
 }
 
@@ -80,8 +87,7 @@ void retirer_aide(Contexte &c) {
 void abandonner_question(Contexte &c) {
   GameState &g = c.état;
   Jouer_son(c, g.SonPerdu);
-  c.plateforme.boîtes.montrer(
-      {Icône::exclamation, message(g, 37), message(g, g.AssistanceActive ? 36 : 38)});
+  c.plateforme.boîtes.montrer({Icône::exclamation, message(g, 37), message(g, g.AssistanceActive ? 36 : 38)});
   g.AssistanceActive = false;
   g.TableClignotement(g.ProvinceCourante) = false;
   Montrer_province(c, g.ProvinceCourante, false);

@@ -13,7 +13,9 @@ namespace ardane {
 namespace {
 
 /// In the town stage of the high levels a town must be hit on its own dot.
-bool repère_exigé(const GameState &g) { return g.Etape == étape_villes && (g.Niveau == 3 || g.Niveau == 4); }
+bool repère_exigé(const GameState &g) {
+  return g.Etape == étape_villes && (g.Niveau == 3 || g.Niveau == 4);
+}
 
 /// The levels that keep what has been found to themselves: to click on it again is an error.
 bool oubli_payant(const GameState &g) {
@@ -76,11 +78,20 @@ void ClicProvince(Contexte &c, int p) {
   switch (g.Etape) {
     case étape_provinces:
     case étape_villes:
-    case étape_drapeaux: juger(c, p); break;
-    case étape_régions: ClicRégion(c, p); break;
-    case étape_révision: Ouvrir_fiche(c, p, false); break;
-    case étape_paramétrage_défini: basculer_province(c, p); break;
-    default: break;
+    case étape_drapeaux:
+      juger(c, p);
+      break;
+    case étape_régions:
+      ClicRégion(c, p);
+      break;
+    case étape_révision:
+      Ouvrir_fiche(c, p, false);
+      break;
+    case étape_paramétrage_défini:
+      basculer_province(c, p);
+      break;
+    default:
+      break;
   }
 }
 

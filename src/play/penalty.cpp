@@ -16,7 +16,9 @@ std::int32_t entier_32_bits(double valeur) {
   return static_cast<std::int32_t>(valeur);
 }
 
-void charger(std::int32_t &points_perdus, double coût) { points_perdus = entier_32_bits(points_perdus + coût); }
+void charger(std::int32_t &points_perdus, double coût) {
+  points_perdus = entier_32_bits(points_perdus + coût);
+}
 
 void charger_objet(GameState &g, double coût) {
   switch (g.Etape) {
@@ -29,8 +31,11 @@ void charger_objet(GameState &g, double coût) {
       if (g.Etape == étape_villes) charger(g.TableVilles(g.VilleCourante).points_perdus, coût);
       break;
     }
-    case étape_régions: charger(g.TableRégions(g.RégionCourante).points_perdus, coût); break;
-    default: break;
+    case étape_régions:
+      charger(g.TableRégions(g.RégionCourante).points_perdus, coût);
+      break;
+    default:
+      break;
   }
 }
 

@@ -10,7 +10,9 @@
 namespace ardane {
 namespace {
 
-void afficher_nombre(Contexte &c) { c.écran.NombreProvinces.texte = std::to_string(c.état.ResteRégion); }
+void afficher_nombre(Contexte &c) {
+  c.écran.NombreProvinces.texte = std::to_string(c.état.ResteRégion);
+}
 
 /// The selection without `province`, again from the top down without a hole. The working list holds 8: taking
 /// one out of more than 9 ends the program.

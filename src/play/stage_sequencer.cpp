@@ -20,11 +20,16 @@ struct Annonces {
 
 Annonces annonces(int jeu) {
   switch (jeu) {
-    case étape_provinces: return {21, 24};
-    case étape_villes: return {22, 25};
-    case étape_drapeaux: return {23, 26};
-    case étape_régions: return {172, 128};
-    default: throw ErreurFatale("Jeu inconnu : " + std::to_string(jeu), Lieu::ici());
+    case étape_provinces:
+      return {21, 24};
+    case étape_villes:
+      return {22, 25};
+    case étape_drapeaux:
+      return {23, 26};
+    case étape_régions:
+      return {172, 128};
+    default:
+      throw ErreurFatale("Jeu inconnu : " + std::to_string(jeu), Lieu::ici());
   }
 }
 
@@ -109,9 +114,8 @@ void EtapeSuivante(Contexte &c) {
 
 bool ConfirmerAbandon(Contexte &c) {
   GameState &g = c.état;
-  if (partie_en_cours(g) &&
-      c.plateforme.boîtes.montrer({Icône::question, message(g, 33), message(g, 32), Boutons::oui_non}) !=
-          Réponse::oui)
+  if (partie_en_cours(g) && c.plateforme.boîtes.montrer({Icône::question, message(g, 33), message(g, 32),
+                                                         Boutons::oui_non}) != Réponse::oui)
     return false;
   if (partie_en_cours(g)) {
     ScoreDeProgression(c);

@@ -62,7 +62,8 @@ Nouvelle_partie::Nouvelle_partie(Contexte &c) : Fenêtre("nouvelle_partie"), c_(
   placer_tout(*this, places);
   contrôle(*this, "Label1").police = {Famille_police::times, 12, true};
   contrôle(*this, "Label1").alignement = Alignement::centre;
-  for (const Légende &légende : légendes) contrôle(*this, légende.contrôle).texte = message(g, légende.message);
+  for (const Légende &légende : légendes)
+    contrôle(*this, légende.contrôle).texte = message(g, légende.message);
   Centrer_fenêtre(g, *this);
   contrôle(*this, option_du_niveau(g.Niveau)).coché = true;
   contrôle(*this, "boîte_nom_joueur").texte = g.Nom_joueur;

@@ -56,7 +56,8 @@ constexpr std::array légendes = std::to_array<Légende>({
 void Poser_textes(Contexte &c) {
   const GameState &g = c.état;
   c.écran.titre = message(g, 110);
-  for (const Légende &légende : légendes) contrôle(c.écran, légende.contrôle).texte = message(g, légende.message);
+  for (const Légende &légende : légendes)
+    contrôle(c.écran, légende.contrôle).texte = message(g, légende.message);
   c.écran.BoutonPasse.infobulle = message(g, 142);
   c.écran.menu("MenuSon").texte = message(g, g.SonActif ? 170 : 171);
 }

@@ -46,7 +46,8 @@ bool Programme::Démarrage(const std::string &répertoire) {
   état_.Scores_non_sauvés = false;
   état_.Fin_de_ligne = "\r\n";
   état_.Répertoire_programme = répertoire;
-  if (répertoire.size() > 1 && répertoire.back() == séparateur_de_chemin) état_.Répertoire_programme.pop_back();
+  if (répertoire.size() > 1 && répertoire.back() == séparateur_de_chemin)
+    état_.Répertoire_programme.pop_back();
   Lire_mises_à_jour(contexte_);
   Lire_réglages(contexte_);
   état_.SonActif = true;
@@ -64,7 +65,9 @@ void Programme::ouvrir_modale(std::string_view nom) {
   plateforme_.façade.montrer_modale(*fenêtre);
 }
 
-void Programme::aide(const Fenêtre &fenêtre) { Ouvrir_aide(contexte_, fenêtre.contexte_aide); }
+void Programme::aide(const Fenêtre &fenêtre) {
+  Ouvrir_aide(contexte_, fenêtre.contexte_aide);
+}
 
 /// Unload event of the main window: a refusal leaves the game as it was.
 void Programme::décharger() {

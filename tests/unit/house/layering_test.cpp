@@ -24,8 +24,7 @@ const Dessous &dessous() {
       {"services", {"platform", "core", "map", "persistence", "play"}},
       {"configuration", {"platform", "core", "map", "persistence", "play"}},
       {"screens", {"platform", "core", "map", "persistence", "play"}},
-      {"startup",
-       {"platform", "core", "map", "persistence", "play", "services", "configuration", "screens"}},
+      {"startup", {"platform", "core", "map", "persistence", "play", "services", "configuration", "screens"}},
   };
   return table;
 }
@@ -75,7 +74,8 @@ TEST(House, OnlyTheDesktopFrontEndKnowsAToolkit) {
     const bool bureau = entrée.path().string().find("platform/qt/") != std::string::npos;
     if (bureau || !est_source(entrée.path())) continue;
     pour_chaque_inclusion(entrée.path(), [&](const std::string &inclus) {
-      EXPECT_FALSE(inclus.size() > 1 && inclus[0] == 'Q' && std::isupper(static_cast<unsigned char>(inclus[1])))
+      EXPECT_FALSE(inclus.size() > 1 && inclus[0] == 'Q' &&
+                   std::isupper(static_cast<unsigned char>(inclus[1])))
           << entrée.path() << " includes " << inclus;
     });
   }

@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/window_layout.h"
 #include "play/map_clicks.h"
 #include "play/stage_sequencer.h"
-#include "platform/window_layout.h"
 #include "support/fake_world.h"
 
 namespace ardane {

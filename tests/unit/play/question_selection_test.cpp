@@ -15,7 +15,9 @@ void laisser_provinces(MondeFactice &m, std::initializer_list<int> restantes) {
   g.ProvincesRestantes = static_cast<std::int16_t>(restantes.size());
 }
 
-float tirage_du_rang(int k, int n) { return (static_cast<float>(k) - 0.5F) / static_cast<float>(n); }
+float tirage_du_rang(int k, int n) {
+  return (static_cast<float>(k) - 0.5F) / static_cast<float>(n);
+}
 
 class QuestionSelection : public testing::Test {
  protected:

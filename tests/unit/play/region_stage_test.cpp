@@ -122,7 +122,8 @@ TEST_F(Regions, ASelectionTakesInProvincesOfAnyRegion) {
 
 TEST_F(Regions, RegionsWithNoActiveProvinceAreFoundFromTheStartAndNeverAsked) {
   for (int i = 1; i <= nombre_provinces; ++i)
-    m.g().TableProvinces(i).inhibée = m.g().TableProvinces(i).région != 20 && m.g().TableProvinces(i).région != 18;
+    m.g().TableProvinces(i).inhibée =
+        m.g().TableProvinces(i).région != 20 && m.g().TableProvinces(i).région != 18;
   jouer(1);
   EXPECT_EQ(m.g().RégionsEnJeu, 2);
   for (int tirage = 0; tirage < 20; ++tirage) {
@@ -207,8 +208,9 @@ class RegionPenalty : public Regions, public testing::WithParamInterface<Peine> 
 
 // Sizes of the region, provinces of it rightly selected (at Facile they stay), and what the error costs.
 INSTANTIATE_TEST_SUITE_P(Table, RegionPenalty,
-                         testing::Values(Peine{1, 0, 1024}, Peine{2, 0, 1024}, Peine{4, 3, 8}, Peine{4, 0, 4096},
-                                         Peine{9, 0, 262144}, Peine{10, 0, 1024}, Peine{12, 0, 4096}));
+                         testing::Values(Peine{1, 0, 1024}, Peine{2, 0, 1024}, Peine{4, 3, 8},
+                                         Peine{4, 0, 4096}, Peine{9, 0, 262144}, Peine{10, 0, 1024},
+                                         Peine{12, 0, 4096}));
 
 TEST_P(RegionPenalty, GrowsWithWhatIsMissingAndStepsDownForLargeRegions) {
   const Peine peine = GetParam();

@@ -5,8 +5,8 @@
 
 #include "map/map_reset.h"
 #include "map/panel.h"
-#include "play/map_clicks.h"
 #include "platform/window_layout.h"
+#include "play/map_clicks.h"
 #include "support/fake_world.h"
 
 namespace ardane {

@@ -42,7 +42,8 @@ TEST_F(NewGameDialog, LeadingBlanksStayInTheNameAndLongNamesAreCutToTwenty) {
 
 TEST_F(NewGameDialog, ANameIsCutByCharactersAndNotByBytes) {
   EXPECT_EQ(nom_retenu_pour("éééééééééééééééééééééé"), "éééééééééééééééééééé");
-  EXPECT_EQ(nom_retenu_pour("名前名前名前名前名前名前名前名前名前名前名前"), "名前名前名前名前名前名前名前名前名前名前");
+  EXPECT_EQ(nom_retenu_pour("名前名前名前名前名前名前名前名前名前名前名前"),
+            "名前名前名前名前名前名前名前名前名前名前");
 }
 
 TEST_F(NewGameDialog, ANameOfBlanksIsRefusedAndTheDialogStaysWithItsTextUnchanged) {

@@ -42,7 +42,8 @@ TEST_F(Texts, WithTwoLanguagesTheChangeTogglesBetweenThemAndIsRemembered) {
   }
   const Ressources deux_langues{TableChaînes(source), ressources_du_programme().images};
   RegistreMémoire registre;
-  Programme p({m.boîtes, registre, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, m.façade}, deux_langues);
+  Programme p({m.boîtes, registre, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, m.façade},
+              deux_langues);
   ASSERT_TRUE(p.Démarrage(m.dossier.chemin()));
   EXPECT_EQ(p.écran().titre, "un 110");
   cliquer(p.écran(), p.écran().menu("Menu_langue"));
@@ -58,16 +59,14 @@ TEST_F(Texts, TheHelpOpensAtThePlaceOfPlayFromTheMenuAndAtTheWindowsOwnByItsKey)
   m.programme.aide(m.e());
   choisir("Menu_aide");
   const std::string fichier = m.dossier.fichier("ARDANE.HLP");
-  EXPECT_THAT(m.aide.ouvertures,
-              testing::ElementsAre(std::pair(fichier, 65), std::pair(fichier, 10)));
+  EXPECT_THAT(m.aide.ouvertures, testing::ElementsAre(std::pair(fichier, 65), std::pair(fichier, 10)));
   EXPECT_EQ(m.e().contexte_aide, 10);
 }
 
 TEST_F(Texts, AboutTellsNameVersionAndPublisher) {
   choisir("Menu_à_propos");
   EXPECT_EQ(m.dernière_boîte().titre, "A propos...");
-  EXPECT_EQ(m.dernière_boîte().texte,
-            message(m.g(), 110) + message(m.g(), 0) + "\n" + message(m.g(), 16));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 110) + message(m.g(), 0) + "\n" + message(m.g(), 16));
   EXPECT_EQ(m.dernière_boîte().icône, Icône::information);
 }
 

@@ -155,8 +155,7 @@ TEST_F(Start, TheFirstRunLeavesTheBareNameOfTheScoreFileInMemory) {
 }
 
 TEST_F(Start, WithoutAPointsFileTheProgramTellsSoAndEndsWithTheSystemSoundsSilenced) {
-  constexpr std::string_view clé =
-      R"(HKEY_CURRENT_USER\AppEvents\Schemes\Apps\.Default\SystemHand\.current)";
+  constexpr std::string_view clé = R"(HKEY_CURRENT_USER\AppEvents\Schemes\Apps\.Default\SystemHand\.current)";
   poser("", "ding.wav", clé);
   std::filesystem::remove(chemin_natif(m.dossier.fichier("ardane.pts")));
   EXPECT_FALSE(démarrer());

@@ -166,7 +166,8 @@ void écrire_document(const Données &données, const Armorial &armorial, const 
           "Written by the atelier from `tools/atelier/data/armorial.txt`; the drawings are in\n"
           "`resources/images`. The arms speak of the name, the land or the trade of their province.\n"
           "The crown tells the rank: *royale* for the capital, *ducale*, *comtale* and *baronale* for old\n"
-          "lordships, *murale* for towns, *navale* for the coast and the islands, *vallaire* for the marches.\n\n"
+          "lordships, *murale* for towns, *navale* for the coast and the islands, *vallaire* for the "
+          "marches.\n\n"
           "Ardane: "
        << armorial.pays.texte << ".\n\n"
        << image("drapeau/000.jpg")
@@ -179,8 +180,8 @@ void écrire_document(const Données &données, const Armorial &armorial, const 
     const Province &province = données.provinces[p];
     flux << "| " << p << " | " << province.nom << " | "
          << données.régions[static_cast<std::size_t>(province.région)].nom << " | "
-         << armorial.provinces[p].texte << " | "
-         << image(fichier_numéroté("drapeau", static_cast<int>(p), 3)) << " |\n";
+         << armorial.provinces[p].texte << " | " << image(fichier_numéroté("drapeau", static_cast<int>(p), 3))
+         << " |\n";
   }
   if (!flux.flush()) throw std::runtime_error("cannot write " + (docs / "armorial.md").string());
 }
@@ -218,8 +219,8 @@ Image dessiner_armes(const Armoiries &armoiries, const Meubles &meubles) {
   dessiner_blason(image, armoiries.blason, meubles, contour, d);
   modeler(image, contour);
   tracer(image, contour, 2.2, trait_du_bord);
-  dessiner_meuble(image, meubles.chercher("couronne " + armoiries.couronne), Émail::or_, {12 * d, 1.5 * d}, 76 * d,
-                  28.5 * d, d);
+  dessiner_meuble(image, meubles.chercher("couronne " + armoiries.couronne), Émail::or_, {12 * d, 1.5 * d},
+                  76 * d, 28.5 * d, d);
   return image;
 }
 
@@ -246,11 +247,12 @@ void dessiner_armorial(const Données &données, const std::filesystem::path &im
 
   for (int p = 1; p <= nombre_provinces; ++p)
     enregistrer(dessiner_armes(armorial.provinces[static_cast<std::size_t>(p)], meubles), images,
-                "Graphismes.Drapeau(" + std::to_string(p) + ")", fichier_numéroté("drapeau", p, 3), catalogue);
+                "Graphismes.Drapeau(" + std::to_string(p) + ")", fichier_numéroté("drapeau", p, 3),
+                catalogue);
   for (int r = 1; r <= nombre_régions; ++r)
     enregistrer(dessiner_drapeau(armorial.régions[static_cast<std::size_t>(r)], meubles), images,
-                "Graphismes.DrapeauRégion(" + std::to_string(r) + ")", fichier_numéroté("drapeau_region", r, 2),
-                catalogue);
+                "Graphismes.DrapeauRégion(" + std::to_string(r) + ")",
+                fichier_numéroté("drapeau_region", r, 2), catalogue);
   écrire_document(données, armorial, images, docs);
 }
 

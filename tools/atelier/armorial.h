@@ -27,8 +27,8 @@ struct Armorial {
   std::vector<Armoiries> régions;
 };
 
-/// Reads armorial.txt. Throws std::runtime_error that names file and line when a line has not the expected form,
-/// its blazon is refused, or a number is missing or given twice.
+/// Reads armorial.txt. Throws std::runtime_error that names file and line when a line has not the expected
+/// form, its blazon is refused, or a number is missing or given twice.
 Armorial lire_armorial(const std::filesystem::path &fichier, const Meubles &meubles);
 
 /// Sizes of the plain drawings; the 2x drawings have twice as many pixels each way.
@@ -42,8 +42,8 @@ Image dessiner_armes(const Armoiries &armoiries, const Meubles &meubles);
 /// A flag that fills the picture, as 2x drawing.
 Image dessiner_drapeau(const Armoiries &armoiries, const Meubles &meubles);
 
-/// Draws everything into `images` (folders drapeau and drapeau_region) and writes docs/armorial.md, which shows
-/// these pictures.
+/// Draws everything into `images` (folders drapeau and drapeau_region) and writes docs/armorial.md, which
+/// shows these pictures.
 void dessiner_armorial(const Données &données, const std::filesystem::path &images, Catalogue &catalogue,
                        const std::filesystem::path &docs);
 

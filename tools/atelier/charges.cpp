@@ -22,9 +22,9 @@ double distance(Point a, Point b) {
   return std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y));
 }
 
-/// A third of the way from `at` to its neighbour `next`, in the direction that the curve has at `at`; `beyond` is
-/// the neighbour on the other side. The length is taken from the chord and not from the neighbours' distance, so
-/// that unevenly set points do not make the curve swing out.
+/// A third of the way from `at` to its neighbour `next`, in the direction that the curve has at `at`;
+/// `beyond` is the neighbour on the other side. The length is taken from the chord and not from the
+/// neighbours' distance, so that unevenly set points do not make the curve swing out.
 Point poignée(const Nœud &at, Point beyond, Point next) {
   const double span = distance(beyond, next);
   if (at.angle || span == 0) return {at.p.x + (next.x - at.p.x) / 3, at.p.y + (next.y - at.p.y) / 3};
@@ -132,8 +132,9 @@ Path lire_forme(Ligne_de_meuble &ligne, const Meuble &meuble) {
     const double rx = ligne.nombre();
     const double ry = ligne.nombre();
     const double angle = ligne.nombre_éventuel().value_or(0);
-    return Path(0.05).add_ellipse({0, 0}, rx, ry).transformed(
-        Affine::rotation(angle * pi / 180).then(Affine::translation(x, y)));
+    return Path(0.05)
+        .add_ellipse({0, 0}, rx, ry)
+        .transformed(Affine::rotation(angle * pi / 180).then(Affine::translation(x, y)));
   }
   throw std::runtime_error("unknown shape: " + genre);
 }
@@ -265,8 +266,8 @@ Meubles Meubles::lire(const std::filesystem::path &fichier) {
 }
 
 const Meuble &Meubles::chercher(const std::string &nom) const {
-  const auto found = std::find_if(meubles_.begin(), meubles_.end(),
-                                  [&](const Meuble &meuble) { return meuble.nom == nom; });
+  const auto found =
+      std::find_if(meubles_.begin(), meubles_.end(), [&](const Meuble &meuble) { return meuble.nom == nom; });
   if (found == meubles_.end()) throw std::out_of_range("no charge named " + nom);
   return *found;
 }

@@ -5,17 +5,16 @@
 //   meuble|tour|tours|f       name, plural, gender (f or m)
 //   boîte 60 100              width and height of its drawing, x to the right, y downward from the top left
 //   attitude passant          an adjective that a blazon may add because the drawing is so
-//   détail maçonné sable      a part that a blazon may give a tincture ("maçonnée d'or"), and its tincture else
-//   naturel #a0703c           the body's colour "au naturel"
-//   plein corps <shape>       a filled and outlined shape
-//   joint, jointe             like plein and branche, melted into the shape before
-//   uni maçonné <shape>       a filled shape without outline
-//   branche 5 corps <shape>   the trace of a pen 5 wide, outlined
-//   trait 2 ombre <shape>     the trace of a pen 2 wide, without outline
+//   détail maçonné sable      a part that a blazon may give a tincture ("maçonnée d'or"), and its tincture
+//   else naturel #a0703c           the body's colour "au naturel" plein corps <shape>       a filled and
+//   outlined shape joint, jointe             like plein and branche, melted into the shape before uni maçonné
+//   <shape>       a filled shape without outline branche 5 corps <shape>   the trace of a pen 5 wide,
+//   outlined trait 2 ombre <shape>     the trace of a pen 2 wide, without outline
 //
-// Each drawing command names its paint: corps (the charge's tincture), ombre and clair (a darker and a lighter
-// tone of it), encre (the outline's ink), a tincture, a colour as #a0703c, or a détail. A "*" behind the command adds the mirror
-// image about the box's vertical axis; "@n" lays the shape n times in a circle around the box's centre.
+// Each drawing command names its paint: corps (the charge's tincture), ombre and clair (a darker and a
+// lighter tone of it), encre (the outline's ink), a tincture, a colour as #a0703c, or a détail. A "*" behind
+// the command adds the mirror image about the box's vertical axis; "@n" lays the shape n times in a circle
+// around the box's centre.
 //
 //   svg M 0 0 L ...           path data
 //   poly 0,0 10,0 ...         a polygon

@@ -56,8 +56,8 @@ constexpr std::array<Nom_de_pièce, 18> pièces{{
 }};
 
 /// Pieces that may stand several times side by side.
-constexpr std::array pièces_en_nombre{Pièce::fasce,  Pièce::burelle, Pièce::pal,   Pièce::vergette,
-                                      Pièce::bande,  Pièce::cotice,  Pièce::barre, Pièce::chevron};
+constexpr std::array pièces_en_nombre{Pièce::fasce, Pièce::burelle, Pièce::pal,   Pièce::vergette,
+                                      Pièce::bande, Pièce::cotice,  Pièce::barre, Pièce::chevron};
 /// Pieces on the field's edge, which may be sewn on.
 constexpr std::array pièces_de_bord{Pièce::chef, Pièce::champagne, Pièce::terrasse, Pièce::bordure,
                                     Pièce::franc_canton};
@@ -120,7 +120,7 @@ constexpr std::array<std::pair<std::string_view, Disposition>, 7> dispositions{{
     {"orle", Disposition::en_orle},
 }};
 
-constexpr std::array<std::string_view, 13> nombres{"",    "un",   "deux", "trois", "quatre", "cinq", "six",
+constexpr std::array<std::string_view, 13> nombres{"",     "un",   "deux", "trois", "quatre", "cinq", "six",
                                                    "sept", "huit", "neuf", "dix",   "onze",   "douze"};
 
 /// Words in lower case, with elided articles and punctuation on their own.
@@ -358,7 +358,8 @@ class Lecteur {
     return lire_objet(*nombre, féminin);
   }
 
-  /// The charge whose name stands here, the longest one: "fleur de lys" before "fleur". Its words are counted.
+  /// The charge whose name stands here, the longest one: "fleur de lys" before "fleur". Its words are
+  /// counted.
   std::pair<const Meuble *, std::size_t> meuble_ici(int nombre) const {
     const Meuble *meilleur = nullptr;
     std::size_t longueur = 0;
@@ -436,8 +437,9 @@ class Lecteur {
     prendre(",");
     std::vector<std::string> noms;
     do {
-      const auto détail = std::find_if(meuble->détails.begin(), meuble->détails.end(),
-                                       [&](const auto &candidat) { return s_accorde(mot(), candidat.first); });
+      const auto détail =
+          std::find_if(meuble->détails.begin(), meuble->détails.end(),
+                       [&](const auto &candidat) { return s_accorde(mot(), candidat.first); });
       if (détail == meuble->détails.end()) break;
       noms.push_back(détail->first);
       ++i_;
@@ -568,9 +570,8 @@ class Règle_des_émaux {
   /// The tincture that stands for the whole field; none when metal and colour, or blazons, lie in it.
   static std::optional<Émail> fond_commun(const Champ &champ) {
     if (champ.émaux.empty()) return {};
-    const bool uni = std::all_of(champ.émaux.begin(), champ.émaux.end(), [&](Émail émail) {
-      return classe(émail) == classe(champ.émaux.front());
-    });
+    const bool uni = std::all_of(champ.émaux.begin(), champ.émaux.end(),
+                                 [&](Émail émail) { return classe(émail) == classe(champ.émaux.front()); });
     return uni ? std::optional(champ.émaux.front()) : std::nullopt;
   }
 

@@ -1,6 +1,7 @@
 // Blazons: the written descriptions of arms, read into what is to be drawn.
 //
-// The language is the usual French blazon: the field first, then what lies on it, from the main piece outwards.
+// The language is the usual French blazon: the field first, then what lies on it, from the main piece
+// outwards.
 //
 //   d'azur à la tour d'argent, au chef d'or chargé de trois étoiles de gueules
 //   parti : au 1 d'or au lion de gueules ; au 2 fascé ondé d'argent et d'azur
@@ -147,8 +148,8 @@ class Erreur_de_blason : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Reads a blazon whose charges are among `meubles`. Throws Erreur_de_blason, whose text names the blazon, the
-/// place and what was expected there, or the two tinctures that must not meet.
+/// Reads a blazon whose charges are among `meubles`. Throws Erreur_de_blason, whose text names the blazon,
+/// the place and what was expected there, or the two tinctures that must not meet.
 Blason lire_blason(std::string_view texte, const Meubles &meubles);
 
 }  // namespace atelier

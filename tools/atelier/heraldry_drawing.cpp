@@ -128,7 +128,7 @@ std::vector<Point> frontière(Point a, Point b, Ligne ligne, double pas) {
   const double dy = b.y - a.y;
   const double longueur = std::sqrt(dx * dx + dy * dy);
   if (ligne == Ligne::droite || longueur == 0) return {a, b};
-  const int n = std::max(2, static_cast<int>(std::lround(longueur / pas)));
+  const int n = std::max(1, static_cast<int>(std::lround(longueur / pas)));
   const Point travers{-dy / longueur, dx / longueur};
   const auto point = [&](double t, double écart) {
     return Point{a.x + dx * t + travers.x * écart, a.y + dy * t + travers.y * écart};
@@ -314,7 +314,8 @@ class Géométrie {
     std::vector<Path> result;
     switch (pièce) {
       case Pièce::chef:
-        result.push_back(ruban({{x1, y1}, {x2, y1}}, frontière({x1, c_.y + e}, {x2, c_.y + e}, ligne, pas())));
+        result.push_back(
+            ruban({{x1, y1}, {x2, y1}}, frontière({x1, c_.y + e}, {x2, c_.y + e}, ligne, pas())));
         break;
       case Pièce::champagne:
         result.push_back(ruban(frontière({x1, c_.y + c_.h - e}, {x2, c_.y + c_.h - e}, ligne, pas()),
@@ -345,10 +346,12 @@ class Géométrie {
         break;
       case Pièce::bande:
       case Pièce::cotice:
-        for (int i = 0; i < nombre; ++i) result.push_back(diagonale(haut_dextre(), bas_sénestre(), i, nombre, e, ligne));
+        for (int i = 0; i < nombre; ++i)
+          result.push_back(diagonale(haut_dextre(), bas_sénestre(), i, nombre, e, ligne));
         break;
       case Pièce::barre:
-        for (int i = 0; i < nombre; ++i) result.push_back(diagonale(bas_dextre(), haut_sénestre(), i, nombre, e, ligne));
+        for (int i = 0; i < nombre; ++i)
+          result.push_back(diagonale(bas_dextre(), haut_sénestre(), i, nombre, e, ligne));
         break;
       case Pièce::chevron:
         for (int i = 0; i < nombre; ++i) result.push_back(chevron(i, nombre, e, ligne));
@@ -375,8 +378,9 @@ class Géométrie {
         break;
       }
       case Pièce::pile:
-        result.push_back(ruban(frontière({c_.x + c_.l * 0.16, y1}, {milieu.x, c_.y + c_.h * 0.86}, ligne, pas()),
-                               frontière({c_.x + c_.l * 0.84, y1}, {milieu.x, c_.y + c_.h * 0.86}, ligne, pas())));
+        result.push_back(
+            ruban(frontière({c_.x + c_.l * 0.16, y1}, {milieu.x, c_.y + c_.h * 0.86}, ligne, pas()),
+                  frontière({c_.x + c_.l * 0.84, y1}, {milieu.x, c_.y + c_.h * 0.86}, ligne, pas())));
         break;
       case Pièce::pointe:
         result.push_back(ruban(frontière({c_.x, y2}, {milieu.x, c_.y + c_.h * 0.3}, ligne, pas()),
@@ -468,9 +472,9 @@ class Géométrie {
         std::vector<Place> places;
         if (nombre != 4) places.push_back({autour_de(k, e, e)});
         if (nombre >= 4)
-          for (const Point p : {Point{k.x, (c_.y + k.y - e / 2) / 2}, Point{(c_.x + k.x - e / 2) / 2, k.y},
-                                Point{(c_.x + c_.l + k.x + e / 2) / 2, k.y},
-                                Point{k.x, (c_.y + c_.h + k.y + e / 2) / 2}})
+          for (const Point p :
+               {Point{k.x, (c_.y + k.y - e / 2) / 2}, Point{(c_.x + k.x - e / 2) / 2, k.y},
+                Point{(c_.x + c_.l + k.x + e / 2) / 2, k.y}, Point{k.x, (c_.y + c_.h + k.y + e / 2) / 2}})
             places.push_back({autour_de(p, e * 1.2, e * 1.2)});
         return places;
       }
@@ -491,12 +495,14 @@ class Géométrie {
         return places;
       }
       case Pièce::pile:
-        return en_rangs({c_.x + c_.l * 0.2, c_.y, c_.l * 0.6, c_.h * 0.6}, rangs_usuels(nombre, c_, allongement));
+        return en_rangs({c_.x + c_.l * 0.2, c_.y, c_.l * 0.6, c_.h * 0.6},
+                        rangs_usuels(nombre, c_, allongement));
       case Pièce::pointe:
         return en_rangs({c_.x + c_.l * 0.25, c_.y + c_.h * 0.5, c_.l * 0.5, c_.h * 0.5},
                         rangs_usuels(nombre, c_, allongement));
       case Pièce::franc_canton:
-        return en_rangs({c_.x, c_.y, c_.l * 0.44, c_.h * 0.4}, rangs_usuels(nombre, {0, 0, 1, 1}, allongement));
+        return en_rangs({c_.x, c_.y, c_.l * 0.44, c_.h * 0.4},
+                        rangs_usuels(nombre, {0, 0, 1, 1}, allongement));
       case Pièce::bordure:
       case Pièce::meuble:
         return {};
@@ -599,7 +605,8 @@ class Peintre {
       if (est_de_bord(objet.pièce)) peindre_pièce(objet, entière, {chemin_de_bord(objet, entière)});
   }
 
-  void peindre_meuble(const Meuble &meuble, const Objet &objet, const Affine &affine, const Coverage &pochoir) {
+  void peindre_meuble(const Meuble &meuble, const Objet &objet, const Affine &affine,
+                      const Coverage &pochoir) {
     const auto [haut, bas] = bornes(meuble.silhouette().transformed(affine));
     const double échelle = std::sqrt(std::abs(affine.xx * affine.yy - affine.xy * affine.yx));
     const double contour = 0.85 * u_;
@@ -610,8 +617,8 @@ class Peintre {
         if (meuble.traits[k].contour)
           remplir(contour_de(meuble.traits[k], affine, échelle, contour), pochoir, encre, haut, bas);
       for (std::size_t k = i; k < fin; ++k)
-        remplir(surface_de(meuble.traits[k], affine, échelle), pochoir, peinture(meuble, objet, meuble.traits[k]),
-                haut, bas);
+        remplir(surface_de(meuble.traits[k], affine, échelle), pochoir,
+                peinture(meuble, objet, meuble.traits[k]), haut, bas);
       i = fin;
     }
   }
@@ -671,8 +678,10 @@ class Peintre {
   }
 
   void peindre_émail(const Zone &zone_, Émail émail) {
-    const Path tout = rectangle({0, 0, static_cast<double>(image_.width()), static_cast<double>(image_.height())});
-    const Pixel fond = émail == Émail::hermine || émail == Émail::vair ? couleur(Émail::argent) : couleur(émail);
+    const Path tout =
+        rectangle({0, 0, static_cast<double>(image_.width()), static_cast<double>(image_.height())});
+    const Pixel fond =
+        émail == Émail::hermine || émail == Émail::vair ? couleur(Émail::argent) : couleur(émail);
     fill_within(image_, tout, zone_.masque, [fond](int, int) { return fond; });
     if (émail == Émail::hermine) semer(zone_, meubles_.chercher("moucheture"), Émail::sable);
     if (émail == Émail::vair) peindre_vair(zone_);
@@ -861,7 +870,9 @@ class Peintre {
       case Partition::chevronné:
         for (int i = 0; i < n; ++i) {
           const auto bord = [&](int j) {
-            const double y = j == 0 ? y1 - c.h : j == n ? y2 + c.h : c.y + c.h * (j - 0.6) / (n - 1.0) - c.h * 0.12;
+            const double y = j == 0   ? y1 - c.h
+                             : j == n ? y2 + c.h
+                                      : c.y + c.h * (j - 0.6) / (n - 1.0) - c.h * 0.12;
             return std::vector<Point>{{x1, y + c.l * 0.45}, {k.x, y}, {x2, y + c.l * 0.45}};
           };
           ajouter(ruban(bord(i), bord(i + 1)), static_cast<std::size_t>(i));
@@ -872,8 +883,7 @@ class Peintre {
         int rang = 0;
         for (double y = c.y; y < c.y + c.h; y += carreau, ++rang)
           for (int i = 0; i < n; ++i)
-            if ((rang + i) % 2 != 0)
-              ajouter(Path().add_rectangle(c.x + carreau * i, y, carreau, carreau), 1);
+            if ((rang + i) % 2 != 0) ajouter(Path().add_rectangle(c.x + carreau * i, y, carreau, carreau), 1);
         break;
       }
       case Partition::losangé: {
@@ -910,7 +920,8 @@ class Peintre {
   Path bordure(const Objet &objet, const Zone &entière) const {
     const double e = Géométrie(entière.cadre, u_).épaisseur(Pièce::bordure, 1);
     std::vector<Point> bord = lieu_intérieur(entière, e);
-    if (objet.ligne != Ligne::droite) bord = bord_travaillé(bord, objet.ligne, Géométrie(entière.cadre, u_).pas() * 0.6);
+    if (objet.ligne != Ligne::droite)
+      bord = bord_travaillé(bord, objet.ligne, Géométrie(entière.cadre, u_).pas() * 0.75);
     const Cadre &c = entière.cadre;
     const double m = 4 * u_;
     Path path;
@@ -983,7 +994,8 @@ class Peintre {
     }
   }
 
-  void charger(const Objet &dessous, const Objet &dessus, const Zone &zone_, const std::vector<Path> &formes) {
+  void charger(const Objet &dessous, const Objet &dessus, const Zone &zone_,
+               const std::vector<Path> &formes) {
     Path tout;
     for (const Path &forme : formes) tout.add(forme);
     const Zone pièce = dans(zone_, tout);
@@ -1000,8 +1012,8 @@ class Peintre {
       const int chacun = dessus.nombre / dessous.nombre;
       for (const Path &forme : formes) {
         const Cadre c = dans(zone_, forme).cadre;
-        const auto rang = en_rangs(c, {chacun});
-        places.insert(places.end(), rang.begin(), rang.end());
+        const auto rangs = en_rangs(c, rangs_usuels(chacun, c, meuble.largeur / meuble.hauteur));
+        places.insert(places.end(), rangs.begin(), rangs.end());
       }
     } else {
       places = Géométrie(zone_.cadre, u_)
@@ -1025,7 +1037,8 @@ class Peintre {
       double but = cumul[haut] + cumul.back() * i / nombre;
       if (but >= cumul.back()) but -= cumul.back();
       const auto après = std::upper_bound(cumul.begin() + 1, cumul.end() - 1, but);
-      places.push_back({autour_de(tour[static_cast<std::size_t>(après - cumul.begin()) - 1], taille, taille)});
+      places.push_back(
+          {autour_de(tour[static_cast<std::size_t>(après - cumul.begin()) - 1], taille, taille)});
     }
     return places;
   }
@@ -1071,8 +1084,8 @@ class Peintre {
         const auto formes = Géométrie(zone_.cadre, u_).formes(autre.pièce, autre.nombre, autre.ligne);
         peindre_pièce(autre, zone_, formes);
         // The charge stands a little inside the ground, as feet do.
-        const double y = zone_.cadre.y + zone_.cadre.h -
-                         Géométrie(zone_.cadre, u_).épaisseur(autre.pièce, 1) * 0.72;
+        const double y =
+            zone_.cadre.y + zone_.cadre.h - Géométrie(zone_.cadre, u_).épaisseur(autre.pièce, 1) * 0.72;
         c.h = y - c.y;
         sur_un_sol = true;
         continue;
@@ -1097,7 +1110,8 @@ class Peintre {
         c = {c.x + l * 0.72, c.y + h * 0.35, c.l - l * 1.44, c.h - h * 0.8};
       } else if (annexe.lieu == Lieu::en_pointe) {
         const double h = c.h * 0.27;
-        groupes.push_back({&autre, disposés(autre, autre.nombre, {c.x, c.y + c.h - h, c.l, h}, autre_meuble)});
+        groupes.push_back(
+            {&autre, disposés(autre, autre.nombre, {c.x, c.y + c.h - h, c.l, h}, autre_meuble)});
         c.h -= h;
       } else if (annexe.lieu == Lieu::partout && autre.nombre == 3 &&
                  annexe.relation == Relation::accompagné) {
@@ -1148,7 +1162,8 @@ class Peintre {
         return le_long(entre(a, b, 0.06), entre(a, b, 0.94), nombre, std::min(c.l, c.h) * 0.42, 0);
       }
       case Disposition::en_sautoir:
-        if (nombre == 2) return {{c, allongement < 1 ? -quart : quart}, {c, allongement < 1 ? quart : -quart}};
+        if (nombre == 2)
+          return {{c, allongement < 1 ? -quart : quart}, {c, allongement < 1 ? quart : -quart}};
         if (nombre == 5) return en_rangs(c, {2, 1, 2});
         break;
       case Disposition::en_croix:
@@ -1191,9 +1206,9 @@ class Peintre {
   }
 
   /// Where the charge fits at this scale, as near as can be to the middle of its place.
-  std::optional<Point> centre_libre(const std::vector<Point> &points, const Meuble &meuble, const Objet &objet,
-                                    double échelle, const Place &place, const Intérieur &intérieur,
-                                    bool au_sol) const {
+  std::optional<Point> centre_libre(const std::vector<Point> &points, const Meuble &meuble,
+                                    const Objet &objet, double échelle, const Place &place,
+                                    const Intérieur &intérieur, bool au_sol) const {
     const Affine base = pose(meuble, objet, échelle, place.angle, {0, 0});
     std::vector<Point> tournés;
     Point low{1e9, 1e9}, high{-1e9, -1e9};
@@ -1208,7 +1223,8 @@ class Peintre {
     if (droit && (high.x - low.x > c.l || high.y - low.y > c.h)) return {};
     Point milieu{c.centre().x - (low.x + high.x) / 2, c.centre().y - (low.y + high.y) / 2};
     if (au_sol) milieu.y = c.y + c.h - high.y;
-    const double jeu_x = droit ? std::min(std::max(0.0, (c.l - (high.x - low.x)) / 2), c.l * 0.2) : c.l * 0.12;
+    const double jeu_x =
+        droit ? std::min(std::max(0.0, (c.l - (high.x - low.x)) / 2), c.l * 0.2) : c.l * 0.12;
     const double jeu_y = au_sol ? 0 : droit ? (c.h - (high.y - low.y)) / 2 : c.h * 0.16;
     const auto libre = [&](Point centre) {
       return std::all_of(tournés.begin(), tournés.end(), [&](Point p) {
@@ -1227,6 +1243,7 @@ class Peintre {
     return {};
   }
 
+  /// As large as all places allow. Throws Erreur_de_blason when that is too small to be known again.
   void poser(const Meuble &meuble, const Objet &objet, const std::vector<Place> &places, const Zone &zone_,
              double marge_, bool au_sol = false) {
     const Intérieur intérieur(zone_.masque, marge_);
@@ -1238,7 +1255,9 @@ class Peintre {
       const double côté = std::max(place.cadre.l, place.cadre.h);
       échelle = std::min(échelle, côté * 1.5 / std::max(meuble.largeur, meuble.hauteur));
     }
-    for (int essai = 0; essai < 160; ++essai, échelle *= 0.97) {
+    // Below five pixels of the plain drawing nobody knows a tower from a tree.
+    const double la_moindre = 5 * u_ / std::max(meuble.largeur, meuble.hauteur);
+    for (; échelle >= la_moindre; échelle *= 0.97) {
       // A little air between neighbours.
       const double avec_air = places.size() > 1 ? échelle * 1.08 : échelle;
       centres.clear();
@@ -1249,13 +1268,13 @@ class Peintre {
       }
       if (centres.size() == places.size()) break;
     }
-    if (centres.size() != places.size())
-      throw Erreur_de_blason("no room for \"" + meuble.nom + "\"");
+    if (centres.size() != places.size()) throw Erreur_de_blason("no room for \"" + meuble.nom + "\"");
     for (std::size_t i = 0; i < places.size(); ++i) {
       Objet tourné = objet;
       if (objet.disposition == Disposition::en_sautoir && objet.nombre == 2 && i == 1)
         tourné.contourné = !objet.contourné;
-      peindre_meuble(meuble, tourné, pose(meuble, tourné, échelle, places[i].angle, centres[i]), zone_.masque);
+      peindre_meuble(meuble, tourné, pose(meuble, tourné, échelle, places[i].angle, centres[i]),
+                     zone_.masque);
     }
   }
 
@@ -1306,8 +1325,8 @@ void dessiner_blason(Image &image, const Blason &blason, const Meubles &meubles,
   Peintre(image, meubles, unité).peindre(blason, zone(coverage(contour, image.width(), image.height())));
 }
 
-void dessiner_meuble(Image &image, const Meuble &meuble, Émail émail, Point coin, double largeur, double hauteur,
-                     double unité) {
+void dessiner_meuble(Image &image, const Meuble &meuble, Émail émail, Point coin, double largeur,
+                     double hauteur, double unité) {
   const auto [low, high] = meuble.silhouette().bounds();
   const double k = std::min(largeur / (high.x - low.x), hauteur / (high.y - low.y));
   const Affine affine = Affine::translation(-(low.x + high.x) / 2, -high.y)
@@ -1315,7 +1334,8 @@ void dessiner_meuble(Image &image, const Meuble &meuble, Émail émail, Point co
                             .then(Affine::translation(coin.x + largeur / 2, coin.y + hauteur));
   Objet objet;
   objet.émail = émail;
-  const Path tout = rectangle({0, 0, static_cast<double>(image.width()), static_cast<double>(image.height())});
+  const Path tout =
+      rectangle({0, 0, static_cast<double>(image.width()), static_cast<double>(image.height())});
   const Meubles aucun;
   Peintre(image, aucun, unité)
       .peindre_meuble(meuble, objet, affine, coverage(tout, image.width(), image.height()));

@@ -17,9 +17,9 @@ struct Warp {
 
 /// Displacement that tears the coast: wide bays, then ever smaller ones.
 Warp warp_at(std::uint64_t seed, double x, double y, double raggedness) {
-  const double height = 20 * raggedness + 2.5;
-  return {height * fractal_noise(seed, x, y, 46, 4, 0.58),
-          height * fractal_noise(seed + 77, x, y, 46, 4, 0.58)};
+  const double height = 27 * raggedness + 2.5;
+  return {height * fractal_noise(seed, x, y, 40, 4, 0.6),
+          height * fractal_noise(seed + 77, x, y, 40, 4, 0.6)};
 }
 
 std::vector<Point> places(const std::vector<Coast_point> &coast) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "layers.h"
+#include "ornaments.h"
 #include "plan.h"
 #include "points_file.h"
 #include "provinces.h"
@@ -126,7 +127,8 @@ void dessiner_carte(const Données &données, const std::filesystem::path &image
   add_rows(données, raster, sites, textes);
 
   const Scene scene{plan, shores, terrain, rivers};
-  const Image map = draw_map(scene);
+  Image map = draw_map(scene);
+  draw_ornaments(map, lire_lettres(données.dossier / "lettering.txt"), fine);
   write_both(catalogue, images, "image_région(0)", "carte.gif", reduced(map, fine), map, Dithering::diffused);
 }
 

@@ -19,7 +19,8 @@ using Palette = std::vector<Pixel>;
 using Indices = std::vector<GifByteType>;
 
 constexpr std::size_t most_colours = 256;
-constexpr int lloyd_rounds = 8;
+constexpr int lloyd_rounds = 24;
+constexpr int moving_rounds = 16;
 
 bool opaque(const Pixel &p) {
   return p.a >= 128;
@@ -55,25 +56,72 @@ std::size_t nearest(const Palette &palette, int r, int g, int b) {
   return best;
 }
 
+/// One colour of a picture with the count of its pixels.
+struct Sample {
+  Pixel colour;
+  long count;
+};
+
+/// What falls to one colour of the palette: sums of red, green and blue, pixels, and the squared error.
+struct Share {
+  std::array<long, 3> sums{};
+  long count = 0;
+  long error = 0;
+};
+
+std::vector<Share> shares_of(const Palette &palette, const std::vector<Sample> &samples) {
+  std::vector<Share> shares(palette.size());
+  for (const Sample &sample : samples) {
+    const Pixel &c = sample.colour;
+    const std::size_t i = nearest(palette, c.r, c.g, c.b);
+    Share &share = shares[i];
+    share.sums[0] += c.r * sample.count;
+    share.sums[1] += c.g * sample.count;
+    share.sums[2] += c.b * sample.count;
+    share.count += sample.count;
+    share.error += distance(palette[i], c.r, c.g, c.b) * sample.count;
+  }
+  return shares;
+}
+
 /// Moves every colour of the palette to the mean of the pixels nearest to it (S. P. Lloyd, "Least squares
-/// quantization in PCM", 1982). Whole numbers only, so the result does not depend on the machine.
-void improve(Palette &palette, const std::map<Pixel, long> &counts) {
+/// quantization in PCM", 1982); in the first rounds the colours that serve least move to where the error is
+/// greatest. Whole numbers only, so the result does not depend on the machine.
+void improve(Palette &palette, const std::vector<Sample> &samples) {
   for (int round = 0; round < lloyd_rounds; ++round) {
-    std::vector<std::array<long, 4>> sums(palette.size(), {0, 0, 0, 0});
-    for (const auto &[colour, count] : counts) {
-      auto &sum = sums[nearest(palette, colour.r, colour.g, colour.b)];
-      sum[0] += colour.r * count;
-      sum[1] += colour.g * count;
-      sum[2] += colour.b * count;
-      sum[3] += count;
-    }
+    const std::vector<Share> shares = shares_of(palette, samples);
     for (std::size_t i = 0; i < palette.size(); ++i) {
-      const auto &s = sums[i];
-      if (s[3] == 0) continue;
-      const auto mean = [&](long sum) { return static_cast<std::uint8_t>((sum + s[3] / 2) / s[3]); };
-      palette[i] = {mean(s[0]), mean(s[1]), mean(s[2]), 255};
+      const Share &s = shares[i];
+      if (s.count == 0) continue;
+      const auto mean = [&s](std::size_t c) {
+        return static_cast<std::uint8_t>((s.sums[c] + s.count / 2) / s.count);
+      };
+      palette[i] = {mean(0), mean(1), mean(2), 255};
+    }
+    if (round >= moving_rounds) continue;
+    std::vector<std::size_t> by_error(palette.size());
+    for (std::size_t i = 0; i < by_error.size(); ++i) by_error[i] = i;
+    std::stable_sort(by_error.begin(), by_error.end(),
+                     [&shares](std::size_t a, std::size_t b) { return shares[a].error < shares[b].error; });
+    const std::size_t moved = palette.size() / 16;
+    for (std::size_t k = 0; k < moved; ++k) {
+      const Pixel &crowded = palette[by_error[by_error.size() - 1 - k]];
+      const auto shifted = [](std::uint8_t v) { return static_cast<std::uint8_t>(v > 250 ? v - 3 : v + 3); };
+      palette[by_error[k]] = {shifted(crowded.r), shifted(crowded.g), shifted(crowded.b), 255};
     }
   }
+}
+
+/// The picture's colours with their two lowest bits taken together, which is finer than a palette can follow.
+std::vector<Sample> samples_of(const std::map<Pixel, long> &counts) {
+  std::map<Pixel, long> coarse;
+  for (const auto &[c, count] : counts) {
+    const auto cut = [](std::uint8_t v) { return static_cast<std::uint8_t>((v & 0xFC) | 2); };
+    coarse[{cut(c.r), cut(c.g), cut(c.b), 255}] += count;
+  }
+  std::vector<Sample> samples;
+  for (const auto &[colour, count] : coarse) samples.push_back({colour, count});
+  return samples;
 }
 
 Palette reduced_palette(const Image &image, const std::map<Pixel, long> &counts, std::size_t size) {
@@ -95,7 +143,7 @@ Palette reduced_palette(const Image &image, const std::map<Pixel, long> &counts,
     const auto &c = colours[static_cast<std::size_t>(i)];
     palette.push_back({c.Red, c.Green, c.Blue, 255});
   }
-  improve(palette, counts);
+  improve(palette, samples_of(counts));
   return palette;
 }
 

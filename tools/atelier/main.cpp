@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "armorial.h"
 #include "catalogue.h"
 #include "country_map.h"
 #include "data.h"
@@ -25,6 +26,7 @@ int main(int argc, char **argv) {
     auto textes = données.messages;
     atelier::Catalogue catalogue;
     atelier::dessiner_carte(données, images, catalogue, sortie / "ardane.pts", textes);
+    atelier::dessiner_armorial(données, images, catalogue, sortie.parent_path() / "docs");
     atelier::dessiner_repères(images, catalogue);
     atelier::écrire_sons(sortie);
     catalogue.enregistrer(sortie / "images.txt");

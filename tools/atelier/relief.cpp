@@ -7,7 +7,6 @@
 
 #include "math.h"
 #include "noise.h"
-#include "ornaments.h"
 
 namespace atelier {
 namespace {
@@ -39,16 +38,16 @@ struct Tint {
 };
 
 /// Heights' tints from the plain to the snow, blended into each other.
-constexpr std::array<Tint, 10> height_tints = {{{0, {186, 207, 164}},
-                                                {60, {197, 214, 168}},
-                                                {160, {213, 221, 174}},
-                                                {320, {226, 223, 175}},
-                                                {560, {231, 214, 164}},
-                                                {900, {224, 198, 149}},
-                                                {1350, {209, 180, 138}},
-                                                {1900, {200, 177, 150}},
-                                                {2500, {219, 211, 204}},
-                                                {3000, {248, 249, 251}}}};
+constexpr std::array<Tint, 10> height_tints = {{{0, {186, 208, 164}},
+                                                {50, {196, 214, 168}},
+                                                {140, {212, 221, 174}},
+                                                {280, {227, 224, 176}},
+                                                {500, {232, 214, 164}},
+                                                {800, {224, 197, 148}},
+                                                {1200, {206, 176, 136}},
+                                                {1650, {194, 172, 148}},
+                                                {2150, {216, 210, 205}},
+                                                {2600, {250, 251, 253}}}};
 
 /// The sea's steps: from each distance to the next the sea has one tint.
 constexpr std::array<Tint, 6> sea_steps = {{{0, {205, 228, 234}},
@@ -99,11 +98,11 @@ double shade(double dx, double dy) {
   return 0.7 * lit(-d, -d) + 0.15 * lit(-s, 0) + 0.15 * lit(0, -s);
 }
 
-/// Heights as the relief is modelled: slopes of the plains exaggerated, those of the mountains restrained, so that
-/// both show their forms in the same light.
+/// Heights as the relief is modelled: slopes of the plains exaggerated, those of the mountains restrained, so
+/// that both show their forms in the same light.
 Field modelled(const Field &height) {
   Field result = height;
-  for (std::size_t i = 0; i < result.size(); ++i) result[i] = 1.08 * power(height[i] + 20, 0.38);
+  for (std::size_t i = 0; i < result.size(); ++i) result[i] = 0.66 * power(height[i] + 45, 0.45);
   return result;
 }
 
@@ -127,17 +126,23 @@ class Painter {
   explicit Painter(const Scene &scene) : scene_(scene) {
     Field height = scene.terrain.height;
     for (std::size_t i = 0; i < height.size(); ++i) height[i] = std::max<double>(height[i], 0);
-    // Small forms for the eye, great forms for the understanding: generalised relief lies under the detailed
-    // one.
-    const Field detail = shading(blurred(height, 0.8), 0.011);
-    const Field forms = shading(blurred(height, 3), 0.014);
-    const Field masses = shading(blurred(height, 11), 0.022);
+    // Small forms for the eye, great forms for the understanding: generalised relief lies under the detail.
+    const Field relief = modelled(height);
+    const Field detail = shading(relief, 1);
+    const Field forms = shading(blurred(relief, 2.5), 1.3);
+    const Field masses = shading(blurred(relief, 10), 2);
     shade_ = Field(height.width(), height.height());
-    for (std::size_t i = 0; i < shade_.size(); ++i)
-      shade_[i] = 0.52 * detail[i] + 0.3 * forms[i] + 0.25 * masses[i];
+    for (std::size_t i = 0; i < shade_.size(); ++i) {
+      const double high = smooth_step(200, 1400, height[i]);
+      shade_[i] = mix(0.5, 0.72, high) * detail[i] + 0.3 * forms[i] + mix(0.32, 0.2, high) * masses[i];
+    }
     Mask land(height.width(), height.height(), 0);
     for (std::size_t i = 0; i < land.size(); ++i) land[i] = scene.shores.land[i] > 0;
+    // Creases far out, where two coasts are equally near, are smoothed away.
     offshore_ = distance_to(land);
+    const Field wide = blurred(offshore_, 14);
+    for (std::size_t i = 0; i < offshore_.size(); ++i)
+      offshore_[i] = mix(offshore_[i], wide[i], smooth_step(10, 60, offshore_[i]));
     height_ = height;
     water_ = coverage(river_shape(scene.rivers, 0.55).transformed(Affine::scaling(fine, fine)),
                       height.width(), height.height());
@@ -190,14 +195,14 @@ class Painter {
     // From far above, air lies over the plains: they are paler and less modelled than the heights.
     const double high = smooth_step(100, 1800, height);
     colour = blend(haze, colour, mix(0.9, 1, high));
-    colour = lit(colour, shade_.at(x, y) * mix(0.95, 1.25, high));
+    colour = lit(colour, shade_.at(x, y) * mix(0.95, 1.3, high));
     const Colour grey = lit(blend(neighbour, colour, 0.1), 0.5 * shade_.at(x, y));
     colour = blend(grey, colour, ours);
     const double lake = clamp01(0.5 + edge_distance(scene_.shores.lake, x, y) * fine);
     colour = blend(colour, mix_water(ours), 0.9 * static_cast<double>(water_.at(x, y)) * (1 - lake));
     colour = blend(colour, lake_blue, lake);
     const double lake_edge = 1 - smooth_step(0.2, 0.6, std::abs(edge_distance(scene_.shores.lake, x, y)));
-    colour = blend(colour, coast_line, 0.75 * lake_edge * (scene_.shores.lake.at(x, y) > -20 ? 1 : 0));
+    colour = blend(colour, coast_line, 0.75 * lake_edge * (scene_.shores.lake.at(x, y) > -2 ? 1 : 0));
     const double border = std::abs(edge_distance(scene_.shores.ours, x, y));
     return blend(colour, {150, 120, 130}, 0.5 * (1 - smooth_step(0.3, 2.4, border)));
   }
@@ -211,16 +216,17 @@ class Painter {
                    0.5 * low *
                        smooth_step(360, 520, py + 30 * fractal_noise(scene_.plan.seed + 83, px, py, 60, 3)) *
                        smooth_step(225, 300, px));
-    const double inland = scene_.terrain.inland.at(x, y);
-    if (inland < 8) {
-      const double beach = soft_coast(px, py) * (1 - smooth_step(1.5, 5.5, inland));
-      colour = blend(colour, sand, 0.85 * beach);
-    }
     const double wet = (1 - smooth_step(4, 16, height)) *
                        smooth_step(0.1, 0.4, 0.3 + fractal_noise(scene_.plan.seed + 84, px, py, 14, 3));
     colour = blend(colour, marsh, 0.6 * wet);
     const double grain = 0.8 + 0.4 * fractal_noise(scene_.plan.seed + 85, px, py, 3, 2);
-    return blend(colour, wood_tint, 0.62 * scene_.terrain.wood.at(x, y) * grain);
+    colour = blend(colour, wood_tint, 0.7 * scene_.terrain.wood.at(x, y) * grain);
+    const double inland = scene_.terrain.inland.at(x, y);
+    if (inland < 8) {
+      const double beach = soft_coast(px, py) * (1 - smooth_step(2, 6, inland));
+      colour = blend(colour, sand, 0.85 * beach);
+    }
+    return colour;
   }
 
   /// 1 where the coast was drawn smooth.
@@ -236,9 +242,10 @@ class Painter {
     return 1 - smooth_step(0.12, 0.26, raggedness);
   }
 
+  /// Warm light on the lit side, cool shadow on the other, neither ever quite full.
   static Colour lit(Colour colour, double brightness) {
-    if (brightness >= 0) return blend(colour, light, clamp01(1.35 * brightness));
-    return blend(colour, times(colour, shadow), clamp01(-1.75 * brightness));
+    if (brightness >= 0) return blend(colour, light, 0.72 * (1 - exponential(-3.4 * brightness)));
+    return blend(colour, times(colour, shadow), 0.95 * (1 - exponential(2.1 * brightness)));
   }
 
   const Scene &scene_;
@@ -251,9 +258,7 @@ class Painter {
 }  // namespace
 
 Image draw_map(const Scene &scene) {
-  Image image = Painter(scene).paint();
-  draw_ornaments(image, fine);
-  return image;
+  return Painter(scene).paint();
 }
 
 }  // namespace atelier

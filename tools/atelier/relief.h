@@ -1,4 +1,4 @@
-// The map picture itself: relief, waters, coasts and ornaments.
+// The map picture itself: relief, waters and coasts.
 #pragma once
 
 #include "plan.h"

@@ -24,8 +24,10 @@ void smooth(std::vector<Point> &line, int rounds) {
   }
 }
 
-/// Sideways swing of rivers that flow through flat land, in map pixels.
-constexpr double swing = 2.2;
+/// Sideways swing of rivers, in map pixels: wide in flat land, and a little in the hills, where the grid's
+/// eight directions would show.
+constexpr double flat_swing = 2.4;
+constexpr double steep_swing = 1.3;
 
 void meander(std::vector<Point> &line, const Field &height, std::uint64_t seed) {
   for (std::size_t i = 1; i + 1 < line.size(); ++i) {
@@ -33,8 +35,9 @@ void meander(std::vector<Point> &line, const Field &height, std::uint64_t seed) 
     const double flat = 1 - smooth_step(20, 160, sampled(height, p.x * fine, p.y * fine));
     const double ends =
         std::min({1.0, static_cast<double>(i) / 14, static_cast<double>(line.size() - 1 - i) / 14});
-    line[i].x += swing * flat * ends * fractal_noise(seed + 61, p.x, p.y, 11, 2);
-    line[i].y += swing * flat * ends * fractal_noise(seed + 62, p.x, p.y, 11, 2);
+    const double swing = ends * mix(steep_swing, flat_swing, flat);
+    line[i].x += swing * fractal_noise(seed + 61, p.x, p.y, 11, 2);
+    line[i].y += swing * fractal_noise(seed + 62, p.x, p.y, 11, 2);
   }
 }
 
@@ -92,17 +95,25 @@ class Tracer {
   std::vector<River> rivers_;
 };
 
-/// The arms are drawn by hand from where they leave the river, swung like it, and end where the sea begins.
+/// The arms are drawn by hand from where they leave the river, swung like it; they go on in their last
+/// direction until the sea.
 River arm_of(const Delta_arm &arm, const Field &land, std::uint64_t seed) {
+  constexpr std::size_t longest_way_on = 60;
+  std::vector<Point> line = smooth_line(arm.course, 1, false);
+  const Point last = line.back();
+  const Point before = line[line.size() - 2];
+  for (std::size_t k = 1; k <= longest_way_on; ++k) {
+    const auto t = static_cast<double>(k);
+    line.push_back({last.x + t * (last.x - before.x), last.y + t * (last.y - before.y)});
+  }
   River river;
-  const auto line = smooth_line(arm.course, 1, false);
   for (std::size_t i = 0; i < line.size(); ++i) {
     const Point p = line[i];
     const double ends = std::min(1.0, static_cast<double>(i) / 12);
     const Point q{p.x + 3 * ends * fractal_noise(seed + 71, p.x, p.y, 16, 3),
                   p.y + 3 * ends * fractal_noise(seed + 72, p.x, p.y, 16, 3)};
     river.line.push_back(q);
-    const double t = static_cast<double>(i) / static_cast<double>(line.size() - 1);
+    const double t = clamp01(static_cast<double>(i) / static_cast<double>(line.size() - longest_way_on));
     river.widths.push_back(mix(arm.first_width, arm.last_width, t));
     if (sampled(land, q.x * fine, q.y * fine) < -0.7) break;
   }

@@ -273,7 +273,7 @@ class Settler {
     for (const Cell other : taken_) {
       const double d = distance(c, {static_cast<double>(other.x), static_cast<double>(other.y)});
       const bool same = provinces_.at(other.x, other.y) == static_cast<int>(p);
-      sum += (same ? 0.9 : 0.4) * (1 - smooth_step(8, same ? 1.5 * room.radius : 18, d));
+      sum += (same ? 0.9 : 0.4) * (1 - smooth_step(8, same ? 1.15 * room.radius : 18, d));
     }
     return sum;
   }

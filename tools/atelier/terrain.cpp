@@ -213,10 +213,10 @@ Level first_relief(const Plan &plan, const Shores &shores) {
       const double wx = 16 * fractal_noise(plan.seed + 11, p.x, p.y, 44, 4);
       const double wy = 16 * fractal_noise(plan.seed + 12, p.x, p.y, 44, 4);
       const double ridge = ridge_height(plan, crests, {p.x + wx, p.y + wy});
-      const double plain = 20 + 110 * smooth_step(0, 160, inland.at(i, j));
-      const double hills = 60 * (0.6 + fractal_noise(plan.seed + 13, p.x, p.y, 60, 5));
+      const double plain = 12 + 75 * smooth_step(0, 160, inland.at(i, j));
+      const double hills = 30 * (0.6 + fractal_noise(plan.seed + 13, p.x, p.y, 60, 5));
       const double wanted = (plain + std::max(0.0, hills) +
-                             ridge * (0.8 + 0.5 * ridged_noise(plan.seed + 14, p.x, p.y, 46, 4))) *
+                             ridge * (0.35 + 1.0 * power(ridged_noise(plan.seed + 14, p.x, p.y, 40, 4), 2))) *
                             smooth_step(-2, 14, inland.at(i, j));
       const Valley valley = valley_at(beds, {p.x + 0.35 * wx, p.y + 0.35 * wy});
       const double open = smooth_step(1, 20, valley.distance);
@@ -279,7 +279,7 @@ Field woods(const Plan &plan, const Field &height, const Field &inland) {
       const double patches = fractal_noise(plan.seed + 21, x, y, 26, 4, 0.6);
       const double tree_line = 1 - smooth_step(1500, 1900, height.at(i, j));
       wood.at(i, j) =
-          tree_line * smooth_step(0.0, 0.3, dense + 0.55 * patches) * smooth_step(0.5, 3, inland.at(i, j));
+          tree_line * smooth_step(0.02, 0.3, dense + 0.95 * patches) * smooth_step(0.5, 3, inland.at(i, j));
     }
   return wood;
 }

@@ -18,9 +18,9 @@ bool ordre_jouable(const Table<std::int16_t, 1, nombre_jeux> &ordre) {
 }
 
 void lire_ordre(Lecteur_de_cases &cases, Contenu_scores &contenu) {
-  const auto places = cases.entier16();
-  if (places && (*places < 0 || *places > nombre_jeux)) cases.refuser();
-  for (int i = 1; places && i <= *places; ++i) contenu.ordre(i) = cases.entier16().value_or(0);
+  const int places = cases.entier16().value_or(0);
+  if (places < 0 || places > nombre_jeux) return cases.refuser();
+  for (int i = 1; i <= places; ++i) contenu.ordre(i) = cases.entier16().value_or(0);
   if (!ordre_jouable(contenu.ordre)) cases.refuser();
 }
 

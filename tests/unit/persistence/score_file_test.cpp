@@ -1,0 +1,443 @@
+#include "persistence/score_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "persistence/registry.h"
+#include "support/fake_world.h"
+#include "support/limits.h"
+#include "support/score_bytes.h"
+#include "support/table_values.h"
+
+namespace ardane {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class ScoreFile : public testing::Test {
+ protected:
+  ScoreFile() {
+    m.démarrer();
+    octets.cases.front() = premier_texte(g().Version_programme);
+    g().Fichier_lancement = fichier;
+  }
+
+  GameState &g() { return m.g(); }
+  static std::string premier_texte(const std::string &version) {
+    OctetsScores autre;
+    autre.texte(version);
+    return autre.cases.back();
+  }
+  void poser() { écrire_fichier(fichier, octets.octets()); }
+  void charger() { Charger_scores(m.c()); }
+  /// A configuration and scores that no default has.
+  void remplir() {
+    g().Ordre_jeux(1) = 3;
+    g().Ordre_jeux(2) = 1;
+    g().Ordre_jeux(3) = g().Ordre_jeux(4) = 0;
+    g().TableProvinces(7).inhibée = true;
+    g().Nombre_scores(1) = 2;
+    g().Meilleurs_scores(1, 1) = {"Zoé", 999000};
+    g().Meilleurs_scores(1, 2) = {"Ann", 12};
+    g().Nombre_scores(4) = 1;
+    g().Meilleurs_scores(4, 1) = {"Lou", 5};
+  }
+  bool configuration_par_défaut() {
+    for (int p = 1; p <= nombre_provinces; ++p)
+      if (g().TableProvinces(p).inhibée) return false;
+    return valeurs(g().Ordre_jeux) == std::vector<int>{1, 4, 2, 3};
+  }
+  std::string réglage() { return m.registre.lire(clé_du_jeu, "fichier de lancement").value_or("absent"); }
+  void attendre_boîte_d_écriture() {
+    ASSERT_THAT(m.boîtes.montrées, SizeIs(1));
+    EXPECT_EQ(m.dernière_boîte().icône, Icône::information);
+    EXPECT_EQ(m.dernière_boîte().titre, "Erreur");
+    EXPECT_EQ(m.dernière_boîte().texte,
+              "Impossible d'écrire le fichier " + g().Fichier_lancement + " ! \r\n" + g().Messages(135));
+    EXPECT_TRUE(g().Scores_non_sauvés);
+  }
+  void attendre_refus_et_réparation() {
+    ASSERT_THAT(m.boîtes.montrées, SizeIs(1));
+    EXPECT_EQ(m.dernière_boîte().icône, Icône::exclamation);
+    EXPECT_EQ(m.dernière_boîte().titre, "Erreur de format");
+    EXPECT_EQ(m.dernière_boîte().texte, fichier + " : Le fichier sélectionné n'est pas interprétable !");
+    EXPECT_FALSE(fs::exists(chemin_natif(fichier)));
+    attendre_réparation();
+  }
+  void attendre_réparation() {
+    EXPECT_EQ(g().Fichier_lancement, m.dossier.fichier("ARDANE.SCI"));
+    EXPECT_EQ(réglage(), m.dossier.fichier("ARDANE.SCI"));
+    EXPECT_TRUE(configuration_par_défaut());
+  }
+
+  MondeFactice m;
+  OctetsScores octets;
+  std::string fichier = m.dossier.fichier("Mon jeu.SCI");
+};
+
+TEST_F(ScoreFile, WhatIsWrittenIsLoadedAgain) {
+  remplir();
+  EXPECT_TRUE(Ecrire_scores(m.c(), true));
+  EXPECT_EQ(fs::file_size(chemin_natif(fichier)), 120U * 128U);
+  Vider_scores(m.c());
+  g().TableProvinces(7).inhibée = false;
+  g().TableProvinces(8).inhibée = true;
+  charger();
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  EXPECT_THAT(valeurs(g().Ordre_jeux), ElementsAre(3, 1, 0, 0));
+  EXPECT_TRUE(g().TableProvinces(7).inhibée);
+  EXPECT_FALSE(g().TableProvinces(8).inhibée);
+  EXPECT_THAT(valeurs(g().Nombre_scores), ElementsAre(0, 2, 0, 0, 1));
+  EXPECT_EQ(g().Meilleurs_scores(1, 1).nom, "Zoé");
+  EXPECT_EQ(g().Meilleurs_scores(1, 2).score, 12);
+  EXPECT_EQ(g().Meilleurs_scores(4, 1).nom, "Lou");
+}
+
+TEST_F(ScoreFile, ItHoldsTheLanguageAndEveryScoreLevelByLevel) {
+  remplir();
+  g().Langue = 1;
+  Ecrire_scores(m.c(), true);
+  OctetsScores attendu;
+  attendu.cases.front() = premier_texte(g().Version_programme);
+  attendu.changer(case_ordre, 3);
+  attendu.changer(case_ordre + 1, 1);
+  attendu.changer(case_ordre + 2, 0);
+  attendu.changer(case_ordre + 3, 0);
+  attendu.changer(case_inhibée + 6, -1);
+  attendu.score("Zo\xE9", 999000, 1);
+  attendu.score("Ann", 12, 1);
+  attendu.score("Lou", 5, 4);
+  EXPECT_EQ(lire_fichier(fichier), attendu.octets());
+}
+
+TEST_F(ScoreFile, WrittenWithoutScoresItHasNone) {
+  remplir();
+  EXPECT_TRUE(Ecrire_scores(m.c(), false));
+  EXPECT_EQ(fs::file_size(chemin_natif(fichier)), 117U * 128U);
+  EXPECT_EQ(g().Nombre_scores(1), 2);
+}
+
+TEST_F(ScoreFile, AFullTableHas157Slots) {
+  for (int niveau = 1; niveau <= 4; ++niveau) {
+    g().Nombre_scores(niveau) = 10;
+    for (int rang = 1; rang <= 10; ++rang) g().Meilleurs_scores(niveau, rang) = {"Ann", 1000 - rang};
+  }
+  EXPECT_TRUE(Ecrire_scores(m.c(), true));
+  EXPECT_EQ(fs::file_size(chemin_natif(fichier)), 157U * 128U);
+  charger();
+  EXPECT_THAT(valeurs(g().Nombre_scores), ElementsAre(0, 10, 10, 10, 10));
+}
+
+TEST_F(ScoreFile, AShorterFileLeavesNothingOfTheOldOne) {
+  écrire_fichier(fichier, std::string(100000, 'x'));
+  EXPECT_TRUE(Ecrire_scores(m.c(), false));
+  EXPECT_EQ(fs::file_size(chemin_natif(fichier)), 117U * 128U);
+}
+
+TEST_F(ScoreFile, TheTemporaryNameIsWrittenInTheCurrentFolder) {
+  g().Fichier_lancement = "~tmp.~ci";
+  EXPECT_TRUE(Ecrire_scores(m.c(), true));
+  EXPECT_EQ(fs::file_size(chemin_natif(m.dossier.fichier("~tmp.~ci"))), 117U * 128U);
+}
+
+TEST_F(ScoreFile, ANameOutsideWindows1252IsWrittenAsWellAsCanBe) {
+  g().Nombre_scores(1) = 1;
+  g().Meilleurs_scores(1, 1) = {"Ωlga", 7};
+  EXPECT_TRUE(Ecrire_scores(m.c(), true));
+  charger();
+  EXPECT_EQ(g().Meilleurs_scores(1, 1).nom, "?lga");
+}
+
+TEST_F(ScoreFile, ASuccessfulWriteClearsTheAlarm) {
+  g().Scores_non_sauvés = true;
+  EXPECT_TRUE(Ecrire_scores(m.c(), true));
+  EXPECT_FALSE(g().Scores_non_sauvés);
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+}
+
+TEST_F(ScoreFile, AnAbsentFolderIsToldAndTheScoresStay) {
+  remplir();
+  g().Fichier_lancement = m.dossier.fichier("absent/ARDANE.SCI");
+  EXPECT_FALSE(Ecrire_scores(m.c(), true));
+  attendre_boîte_d_écriture();
+  EXPECT_EQ(g().Nombre_scores(1), 2);
+}
+
+TEST_F(ScoreFile, AnEmptyNameIsTold) {
+  g().Fichier_lancement = "";
+  EXPECT_FALSE(Ecrire_scores(m.c(), true));
+  attendre_boîte_d_écriture();
+}
+
+TEST_F(ScoreFile, AFolderOfThatNameIsToldAndStays) {
+  fs::create_directory(chemin_natif(fichier));
+  EXPECT_FALSE(Ecrire_scores(m.c(), true));
+  attendre_boîte_d_écriture();
+  EXPECT_TRUE(fs::is_directory(chemin_natif(fichier)));
+}
+
+TEST_F(ScoreFile, AWriteProtectedFileIsToldAndStays) {
+  poser();
+  const std::string avant = lire_fichier(fichier);
+  fs::permissions(chemin_natif(m.dossier.chemin()), fs::perms::all);
+  fs::permissions(chemin_natif(fichier),
+                  fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+  const SansPrivilège ordinaire;
+  remplir();
+  EXPECT_FALSE(Ecrire_scores(m.c(), true));
+  attendre_boîte_d_écriture();
+  EXPECT_EQ(lire_fichier(fichier), avant);
+}
+
+TEST_F(ScoreFile, AFullDiskIsTold) {
+  remplir();
+  for (const rlim_t place : {0, 100, 128 * 117, 128 * 120 - 1}) {
+    m.boîtes.montrées.clear();
+    {
+      const DisquePlein plein(place);
+      EXPECT_FALSE(Ecrire_scores(m.c(), true)) << place;
+    }
+    attendre_boîte_d_écriture();
+  }
+  const DisquePlein juste_assez(128 * 120);
+  EXPECT_TRUE(Ecrire_scores(m.c(), true));
+}
+
+TEST_F(ScoreFile, ATextTooLongForItsSlotIsTold) {
+  g().Version_programme = std::string(127, 'V');
+  EXPECT_FALSE(Ecrire_scores(m.c(), true));
+  attendre_boîte_d_écriture();
+}
+
+TEST_F(ScoreFile, EmptyingLeavesLevel0AndRank0Alone) {
+  remplir();
+  g().Nombre_scores(0) = 3;
+  g().Meilleurs_scores(0, 1) = {"a", 1};
+  g().Meilleurs_scores(1, 0) = {"b", 2};
+  Vider_scores(m.c());
+  EXPECT_THAT(valeurs(g().Nombre_scores), ElementsAre(3, 0, 0, 0, 0));
+  EXPECT_EQ(g().Meilleurs_scores(0, 1).nom, "a");
+  EXPECT_EQ(g().Meilleurs_scores(1, 0).score, 2);
+  EXPECT_EQ(g().Meilleurs_scores(1, 1).nom, "");
+  EXPECT_EQ(g().Meilleurs_scores(1, 1).score, 0);
+}
+
+TEST_F(ScoreFile, AMissingFileGivesTheDefaultsWithoutAWord) {
+  remplir();
+  charger();
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  attendre_réparation();
+  EXPECT_THAT(valeurs(g().Nombre_scores), ElementsAre(0, 0, 0, 0, 0));
+  EXPECT_FALSE(fichier_existe(g().Fichier_lancement));
+}
+
+TEST_F(ScoreFile, AnEmptyNameGivesTheDefaultsWithoutAWord) {
+  g().Fichier_lancement = "";
+  charger();
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  attendre_réparation();
+}
+
+TEST_F(ScoreFile, ADefaultFileThatIsThereIsNotReadInTheSameBreath) {
+  OctetsScores autre = octets;
+  autre.score("Ann", 5, 1);
+  écrire_fichier(m.dossier.fichier("ARDANE.SCI"), autre.octets());
+  charger();
+  EXPECT_EQ(g().Fichier_lancement, m.dossier.fichier("ARDANE.SCI"));
+  EXPECT_EQ(g().Nombre_scores(1), 0);
+  charger();
+  EXPECT_EQ(g().Nombre_scores(1), 1);
+}
+
+TEST_F(ScoreFile, AFolderOrAPipeOfThatNameIsNoFile) {
+  fs::create_directory(chemin_natif(fichier));
+  charger();
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  EXPECT_TRUE(fs::is_directory(chemin_natif(fichier)));
+  attendre_réparation();
+
+  const std::string tuyau = m.dossier.fichier("tuyau.SCI");
+  ASSERT_EQ(mkfifo(tuyau.c_str(), S_IRUSR | S_IWUSR), 0);
+  g().Fichier_lancement = tuyau;
+  charger();
+  EXPECT_TRUE(fs::exists(chemin_natif(tuyau)));
+  attendre_réparation();
+}
+
+TEST_F(ScoreFile, AnotherVersionIsToldDeletedAndReplaced) {
+  std::string version = g().Version_programme;
+  version.back() = '8';
+  octets.cases.front() = premier_texte(version);
+  octets.score("Ann", 5, 1);
+  poser();
+  charger();
+  attendre_refus_et_réparation();
+  EXPECT_EQ(g().Nombre_scores(1), 0);
+  EXPECT_TRUE(Ecrire_scores(m.c(), true));
+  EXPECT_EQ(fs::file_size(chemin_natif(m.dossier.fichier("ARDANE.SCI"))), 117U * 128U);
+}
+
+TEST_F(ScoreFile, AVersionThatOnlyBeginsTheSameIsRefused) {
+  octets.cases.front() = premier_texte(g().Version_programme + "x");
+  poser();
+  charger();
+  attendre_refus_et_réparation();
+}
+
+TEST_F(ScoreFile, AFirstLineThatIsNoVersionIsRefused) {
+  octets.cases.front() = premier_texte("Bonjour");
+  poser();
+  charger();
+  attendre_refus_et_réparation();
+}
+
+TEST_F(ScoreFile, AnEmptyFileIsRefused) {
+  écrire_fichier(fichier, "");
+  charger();
+  attendre_refus_et_réparation();
+}
+
+TEST_F(ScoreFile, AFileOfOneSlotIsRefused) {
+  écrire_fichier(fichier, octets.cases.front());
+  charger();
+  attendre_refus_et_réparation();
+}
+
+TEST_F(ScoreFile, AFileCutInAnySlotOfItsFixedPartIsRefused) {
+  for (int numéro = 1; numéro <= case_langue; ++numéro) {
+    m.boîtes.montrées.clear();
+    g().Fichier_lancement = fichier;
+    écrire_fichier(fichier, octets.octets().substr(0, static_cast<std::size_t>(numéro - 1) * 128 + 1));
+    charger();
+    attendre_refus_et_réparation();
+  }
+}
+
+TEST_F(ScoreFile, AFileCutAmongItsScoresKeepsTheWholeOnes) {
+  octets.score("Ann", 5, 1);
+  octets.score("Zoé", 4, 1);
+  écrire_fichier(fichier, octets.octets().substr(0, 118 * 128 + 5));
+  charger();
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  EXPECT_EQ(g().Nombre_scores(1), 1);
+  EXPECT_EQ(g().Fichier_lancement, fichier);
+}
+
+TEST_F(ScoreFile, ADamagedConfigurationIsRefused) {
+  for (const auto &[numéro, valeur] : {std::pair{2, 5}, {2, -1}, {2, 32767}, {2, 0}, {3, 9}, {4, 1}}) {
+    m.boîtes.montrées.clear();
+    g().Fichier_lancement = fichier;
+    OctetsScores faux = octets;
+    faux.changer(numéro, valeur);
+    écrire_fichier(fichier, faux.octets());
+    charger();
+    attendre_refus_et_réparation();
+  }
+}
+
+TEST_F(ScoreFile, TheScoresAboveAFaultStayOnTheScreenAndGoToTheDefaultFile) {
+  octets.changer(case_inhibée, -1);
+  octets.score("Ann", 5, 1);
+  octets.score("Zoé", 4, 2);
+  octets.score("Lou", 3, 5);
+  octets.score("Max", 2, 1);
+  poser();
+  charger();
+  attendre_refus_et_réparation();
+  EXPECT_THAT(valeurs(g().Nombre_scores), ElementsAre(0, 1, 1, 0, 0));
+  EXPECT_EQ(g().Meilleurs_scores(2, 1).score, 4);
+  EXPECT_TRUE(Ecrire_scores(m.c(), true));
+  EXPECT_EQ(fs::file_size(chemin_natif(m.dossier.fichier("ARDANE.SCI"))), 119U * 128U);
+}
+
+TEST_F(ScoreFile, AnEleventhScoreOfALevelIsRefused) {
+  for (int i = 0; i < 11; ++i) octets.score("Ann", 100 - i, 3);
+  poser();
+  charger();
+  attendre_refus_et_réparation();
+  EXPECT_EQ(g().Nombre_scores(3), 10);
+}
+
+TEST_F(ScoreFile, ALevelOf0IsNoFaultHoweverOftenTheFileIsLoaded) {
+  octets.score("Ann", 5, 0);
+  octets.score("Zoé", 4, 1);
+  poser();
+  for (int fois = 1; fois <= 12; ++fois) charger();
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  EXPECT_EQ(g().Nombre_scores(1), 1);
+}
+
+TEST_F(ScoreFile, TheOrderOfTheFileIsTrusted) {
+  octets.score("Ann", 5, 1);
+  octets.score("Zoé", 50, 1);
+  poser();
+  charger();
+  EXPECT_EQ(g().Meilleurs_scores(1, 1).score, 5);
+  EXPECT_EQ(g().Meilleurs_scores(1, 2).score, 50);
+}
+
+TEST_F(ScoreFile, TheLanguageOfTheFileIsNotTaken) {
+  octets.changer(case_langue, 9);
+  poser();
+  charger();
+  EXPECT_EQ(g().Langue, 1);
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+}
+
+TEST_F(ScoreFile, AReadOnlyFileIsLoadedLikeAnother) {
+  octets.score("Ann", 5, 1);
+  poser();
+  fs::permissions(chemin_natif(fichier),
+                  fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+  charger();
+  EXPECT_EQ(g().Nombre_scores(1), 1);
+}
+
+TEST_F(ScoreFile, AReadOnlyFileThatIsRefusedIsNotDeleted) {
+  écrire_fichier(fichier, "Version 0.99");
+  fs::permissions(chemin_natif(m.dossier.chemin()), fs::perms::all);
+  fs::permissions(chemin_natif(fichier),
+                  fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+  const SansPrivilège ordinaire;
+  charger();
+  EXPECT_THAT(m.boîtes.montrées, SizeIs(1));
+  EXPECT_TRUE(fichier_existe(fichier));
+  attendre_réparation();
+}
+
+TEST_F(ScoreFile, ResettingAsksFirst) {
+  remplir();
+  m.boîtes.réponses = {Réponse::non};
+  Remise_à_zéro(m.c());
+  ASSERT_THAT(m.boîtes.montrées, SizeIs(1));
+  EXPECT_EQ(m.dernière_boîte().icône, Icône::question);
+  EXPECT_EQ(m.dernière_boîte().boutons, Boutons::oui_non);
+  EXPECT_EQ(m.dernière_boîte().titre, "Remise à zéro des meilleurs scores");
+  EXPECT_EQ(m.dernière_boîte().texte,
+            "Confirmez-vous que vous voulez perdre définitivement la trace de vos performances ?");
+  EXPECT_EQ(g().Nombre_scores(1), 2);
+  EXPECT_FALSE(fichier_existe(fichier));
+}
+
+TEST_F(ScoreFile, ResettingEmptiesMemoryAndFileAndKeepsTheConfiguration) {
+  remplir();
+  Ecrire_scores(m.c(), true);
+  m.boîtes.réponses = {Réponse::oui};
+  Remise_à_zéro(m.c());
+  EXPECT_THAT(valeurs(g().Nombre_scores), ElementsAre(0, 0, 0, 0, 0));
+  charger();
+  EXPECT_THAT(valeurs(g().Nombre_scores), ElementsAre(0, 0, 0, 0, 0));
+  EXPECT_THAT(valeurs(g().Ordre_jeux), ElementsAre(3, 1, 0, 0));
+  EXPECT_TRUE(g().TableProvinces(7).inhibée);
+}
+
+TEST_F(ScoreFile, TheStartWritesNoFile) {
+  EXPECT_FALSE(fichier_existe(m.dossier.fichier("ARDANE.SCI")));
+}
+
+}  // namespace
+}  // namespace ardane

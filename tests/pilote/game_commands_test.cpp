@@ -97,8 +97,9 @@ TEST_F(Commandes_du_jeu, ticks_make_a_hint_blink) {
   dire("clic_carte " + point(question == 1 ? 2 : 1));
   ASSERT_EQ(dire("clic Bouton_gruge").erreur(), "");
   const std::string couche = "Pays(" + std::to_string(question) + ")";
-  const bool avant = contrôle(couche)["visible"].get<bool>();
   EXPECT_EQ(dire("tic 1").texte(), "{\"attend\":\"Ecran_principal\"}\n");
+  const bool avant = contrôle(couche)["visible"].get<bool>();
+  dire("tic 1");
   EXPECT_EQ(contrôle(couche)["visible"], !avant);
   dire("tic 2");
   EXPECT_EQ(contrôle(couche)["visible"], !avant);

@@ -23,15 +23,12 @@ void placer_couches(Contexte &c, Contrôle &couche, int gauche, int haut) {
 const Contrôle *image_du_rond(Contexte &c, int i, bool cible) {
   const GameState &g = c.état;
   switch (g.Etape) {
-    case étape_régions:
-      return cible ? &c.écran.Rondcible : &c.écran.rondjaune;
-    case étape_révision:
-      return cible ? &c.écran.Rondcible : nullptr;
+    case étape_régions: return cible ? &c.écran.Rondcible : &c.écran.rondjaune;
+    case étape_révision: return cible ? &c.écran.Rondcible : nullptr;
     case étape_paramétrage_affiché:
     case étape_paramétrage_défini:
       return g.TableProvinces(i).trouvée ? &c.écran.RondRouge : &c.écran.rondjaune;
-    default:
-      return g.AssistanceActive && i == g.ProvinceCourante ? &c.écran.rondnoir : nullptr;
+    default: return g.AssistanceActive && i == g.ProvinceCourante ? &c.écran.rondnoir : nullptr;
   }
 }
 

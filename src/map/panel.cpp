@@ -103,32 +103,20 @@ void AfficherReste(Contexte &c, int nombre) {
   const GameState &g = c.état;
   std::string &légende = c.écran.Boîte_restants.texte;
   switch (g.Etape) {
-    case étape_provinces:
-      légende = message(g, 155);
-      break;
-    case étape_villes:
-      légende = message(g, 157);
-      break;
-    case étape_drapeaux:
-      légende = "Drapeaux à placer";
-      break;
-    case étape_régions:
-      légende = message(g, 156);
-      break;
-    default:
-      break;
+    case étape_provinces: légende = message(g, 155); break;
+    case étape_villes: légende = message(g, 157); break;
+    case étape_drapeaux: légende = "Drapeaux à placer"; break;
+    case étape_régions: légende = message(g, 156); break;
+    default: break;
   }
   afficher_chiffres(c.écran.Reste, 3, nombre);
 }
 
 int reste_de_l_étape(const GameState &g) {
   switch (g.Etape) {
-    case étape_villes:
-      return g.VillesRestantes;
-    case étape_régions:
-      return g.RégionsRestantes;
-    default:
-      return g.ProvincesRestantes;
+    case étape_villes: return g.VillesRestantes;
+    case étape_régions: return g.RégionsRestantes;
+    default: return g.ProvincesRestantes;
   }
 }
 

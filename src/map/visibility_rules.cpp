@@ -79,22 +79,22 @@ void montrer_sélection(Contexte &c, int i, bool hors_sélection) {
   const bool haut_niveau = g.Niveau == 3 || g.Niveau == 4;
   if (hors_sélection || g.RégionCourante == 0) {
     if (!haut_niveau) g.TableClignotement(i) = false;
-    montrer(rond, false);
+    rond.visible = false;
     return;
   }
   const bool choisie = est_sélectionnée(g, i);
   const bool membre = est_membre(g, i, g.RégionCourante);
   if (g.Niveau == 1) {
-    if (membre) montrer(rond, placée);
+    if (membre) rond.visible = placée;
     if (choisie) g.TableClignotement(i) = true;
   } else if (g.Niveau == 2) {
     if (membre) g.TableClignotement(i) = placée;
     if (choisie) {
       g.TableClignotement(i) = false;
-      montrer(rond, true);
+      rond.visible = true;
     }
   } else {
-    montrer(rond, choisie);
+    rond.visible = choisie;
   }
 }
 
@@ -107,7 +107,9 @@ void appliquer(Contrôle &point, Sort sort) {
   if (sort != Sort::masqué) point.actif = point.visible;
 }
 
-Sort si(bool visible) { return visible ? Sort::montré : Sort::caché; }
+Sort si(bool visible) {
+  return visible ? Sort::montré : Sort::caché;
+}
 
 void donner_infobulle(Contrôle &point, const std::string &nom, bool connue) {
   if (connue)
@@ -120,9 +122,7 @@ void montrer_capitale(Contexte &c, const Fiche_ville &ville, Contrôle &point) {
   const GameState &g = c.état;
   const Fiche_province &province = g.TableProvinces(ville.province);
   switch (g.Etape) {
-    case étape_repos:
-      appliquer(point, Sort::caché);
-      break;
+    case étape_repos: appliquer(point, Sort::caché); break;
     case étape_villes: {
       const bool sur_la_carte = province.encart == 0;
       const bool écartée = ville.trouvée || province.inhibée;
@@ -201,12 +201,12 @@ void Montrer_province(Contexte &c, int i, bool hors_sélection) {
   if (règle != règles_provinces.end()) {
     montrer(c.écran.Pays(i), vaut(g, règle->pays, i));
     montrer(c.écran.Inv(i), vaut(g, règle->inv, i));
+    Contrôle &rond = c.écran.rond(i);
     if (règle->rond == Si::sélection)
       montrer_sélection(c, i, hors_sélection);
-    else if (règle->rond == Si::inchangé)
-      montrer(c.écran.rond(i), c.écran.rond(i).visible);
-    else
-      montrer(c.écran.rond(i), vaut(g, règle->rond, i));
+    else if (règle->rond != Si::inchangé)
+      rond.visible = vaut(g, règle->rond, i);
+    rond.actif = rond.visible;
   }
   for (int v = 1; v <= nombre_villes; ++v)
     if (g.TableVilles(v).province == i) Montrer_repère(c, v);

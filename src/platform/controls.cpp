@@ -6,30 +6,18 @@ namespace ardane {
 
 std::string_view nom_genre(Genre genre) {
   switch (genre) {
-    case Genre::image:
-      return "image";
-    case Genre::étiquette:
-      return "étiquette";
-    case Genre::cadre:
-      return "cadre";
-    case Genre::texte:
-      return "texte";
-    case Genre::bouton:
-      return "bouton";
-    case Genre::case_à_cocher:
-      return "case";
-    case Genre::option:
-      return "option";
-    case Genre::liste:
-      return "liste";
-    case Genre::barre:
-      return "barre";
-    case Genre::menu:
-      return "menu";
-    case Genre::boîte_image:
-      return "boîte_image";
-    case Genre::vue:
-      return "vue";
+    case Genre::image: return "image";
+    case Genre::étiquette: return "étiquette";
+    case Genre::cadre: return "cadre";
+    case Genre::texte: return "texte";
+    case Genre::bouton: return "bouton";
+    case Genre::case_à_cocher: return "case";
+    case Genre::option: return "option";
+    case Genre::liste: return "liste";
+    case Genre::barre: return "barre";
+    case Genre::menu: return "menu";
+    case Genre::boîte_image: return "boîte_image";
+    case Genre::vue: return "vue";
   }
   return "";
 }

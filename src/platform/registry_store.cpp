@@ -96,20 +96,11 @@ std::string entre_guillemets(std::string_view texte) {
   std::string écrit = "\"";
   for (const char c : texte) {
     switch (c) {
-      case '\\':
-        écrit += "\\\\";
-        break;
-      case '"':
-        écrit += "\\\"";
-        break;
-      case '\n':
-        écrit += "\\n";
-        break;
-      case '\r':
-        écrit += "\\r";
-        break;
-      default:
-        écrit.push_back(c);
+      case '\\': écrit += "\\\\"; break;
+      case '"': écrit += "\\\""; break;
+      case '\n': écrit += "\\n"; break;
+      case '\r': écrit += "\\r"; break;
+      default: écrit.push_back(c);
     }
   }
   return écrit + '"';

@@ -15,14 +15,10 @@ namespace {
 /// Weight of each stage in the progress score, by stage code.
 constexpr int poids(int jeu) {
   switch (jeu) {
-    case étape_provinces:
-      return 3;
-    case étape_villes:
-      return 6;
-    case étape_régions:
-      return 1;
-    default:
-      return 0;
+    case étape_provinces: return 3;
+    case étape_villes: return 6;
+    case étape_régions: return 1;
+    default: return 0;
   }
 }
 

@@ -50,17 +50,10 @@ void placer_région(Contexte &c) {
 void placer(Contexte &c) {
   switch (c.état.Etape) {
     case étape_provinces:
-    case étape_drapeaux:
-      placer_province(c);
-      break;
-    case étape_villes:
-      placer_ville(c);
-      break;
-    case étape_régions:
-      placer_région(c);
-      break;
-    default:
-      break;
+    case étape_drapeaux: placer_province(c); break;
+    case étape_villes: placer_ville(c); break;
+    case étape_régions: placer_région(c); break;
+    default: break;
   }
 }
 

@@ -78,20 +78,11 @@ void ClicProvince(Contexte &c, int p) {
   switch (g.Etape) {
     case étape_provinces:
     case étape_villes:
-    case étape_drapeaux:
-      juger(c, p);
-      break;
-    case étape_régions:
-      ClicRégion(c, p);
-      break;
-    case étape_révision:
-      Ouvrir_fiche(c, p, false);
-      break;
-    case étape_paramétrage_défini:
-      basculer_province(c, p);
-      break;
-    default:
-      break;
+    case étape_drapeaux: juger(c, p); break;
+    case étape_régions: ClicRégion(c, p); break;
+    case étape_révision: Ouvrir_fiche(c, p, false); break;
+    case étape_paramétrage_défini: basculer_province(c, p); break;
+    default: break;
   }
 }
 

@@ -31,11 +31,8 @@ void charger_objet(GameState &g, double coût) {
       if (g.Etape == étape_villes) charger(g.TableVilles(g.VilleCourante).points_perdus, coût);
       break;
     }
-    case étape_régions:
-      charger(g.TableRégions(g.RégionCourante).points_perdus, coût);
-      break;
-    default:
-      break;
+    case étape_régions: charger(g.TableRégions(g.RégionCourante).points_perdus, coût); break;
+    default: break;
   }
 }
 

@@ -80,20 +80,11 @@ void QuestionSuivante(Contexte &c) {
   if (n < 1) return;
   const float tirage = c.plateforme.hasard.tirer();
   switch (g.Etape) {
-    case étape_provinces:
-      poser_province(c, tirer(g.TableProvinces, n, tirage, g.ProvinceCourante));
-      break;
-    case étape_villes:
-      poser_ville(c, tirer(g.TableVilles, n, tirage, g.VilleCourante));
-      break;
-    case étape_drapeaux:
-      poser_drapeau(c, tirer(g.TableProvinces, n, tirage, g.ProvinceCourante));
-      break;
-    case étape_régions:
-      poser_région(c, tirer(g.TableRégions, n, tirage, g.RégionCourante));
-      break;
-    default:
-      break;
+    case étape_provinces: poser_province(c, tirer(g.TableProvinces, n, tirage, g.ProvinceCourante)); break;
+    case étape_villes: poser_ville(c, tirer(g.TableVilles, n, tirage, g.VilleCourante)); break;
+    case étape_drapeaux: poser_drapeau(c, tirer(g.TableProvinces, n, tirage, g.ProvinceCourante)); break;
+    case étape_régions: poser_région(c, tirer(g.TableRégions, n, tirage, g.RégionCourante)); break;
+    default: break;
   }
 }
 

@@ -20,16 +20,11 @@ struct Annonces {
 
 Annonces annonces(int jeu) {
   switch (jeu) {
-    case étape_provinces:
-      return {21, 24};
-    case étape_villes:
-      return {22, 25};
-    case étape_drapeaux:
-      return {23, 26};
-    case étape_régions:
-      return {172, 128};
-    default:
-      throw ErreurFatale("Jeu inconnu : " + std::to_string(jeu), Lieu::ici());
+    case étape_provinces: return {21, 24};
+    case étape_villes: return {22, 25};
+    case étape_drapeaux: return {23, 26};
+    case étape_régions: return {172, 128};
+    default: throw ErreurFatale("Jeu inconnu : " + std::to_string(jeu), Lieu::ici());
   }
 }
 

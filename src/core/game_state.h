@@ -136,6 +136,9 @@ struct GameState {
   // Sound
   bool SonActif = false;
   std::string Son_système_exclamation, Son_système_astérisque, Son_système_main, Son_système_question;
+
+  /// Worked out from `TableVilles`; no variable of its own.
+  Villes_par_province VillesParProvince;
 };
 
 /// Message `i` of the language in use, 0..184; outside is a fatal error.

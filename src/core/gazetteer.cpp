@@ -33,6 +33,21 @@ std::string champ_texte(const std::string &ligne, int n) {
 
 }  // namespace
 
+void Villes_par_province::relever(const Villes &villes) {
+  débuts_.remplir(0);
+  for (int v = 1; v <= nombre_villes; ++v) ++débuts_(villes(v).province + 1);
+  for (int p = 1; p <= nombre_provinces + 1; ++p)
+    débuts_(p) = static_cast<std::int16_t>(débuts_(p) + débuts_(p - 1));
+  auto places = débuts_;
+  for (int v = 1; v <= nombre_villes; ++v)
+    villes_[static_cast<std::size_t>(places(villes(v).province)++)] = static_cast<std::int16_t>(v);
+}
+
+std::span<const std::int16_t> Villes_par_province::operator()(int province) const {
+  return std::span(villes_).subspan(static_cast<std::size_t>(débuts_(province)),
+                                    static_cast<std::size_t>(débuts_(province + 1) - débuts_(province)));
+}
+
 void Charger_textes(Contexte &c) {
   const TableChaînes &table = c.ressources.chaînes;
   GameState &g = c.état;
@@ -84,6 +99,7 @@ void Lire_capitales(Contexte &c) {
     ville.capitale = true;
     ville.province = static_cast<std::int16_t>(i);
   }
+  c.état.VillesParProvince.relever(c.état.TableVilles);
 }
 
 void Lire_villes(Contexte &c) {
@@ -96,6 +112,7 @@ void Lire_villes(Contexte &c) {
     ville.y = static_cast<std::int16_t>(champ_nombre(ligne, 4) - centre_du_repère);
     ville.capitale = false;
   }
+  c.état.VillesParProvince.relever(c.état.TableVilles);
 }
 
 }  // namespace ardane

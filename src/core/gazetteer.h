@@ -1,7 +1,9 @@
 // The records of the country's objects, the tables that hold them, and the loaders of texts and rows.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "core/table.h"
@@ -59,6 +61,19 @@ struct Fiche_ville {
 using Provinces = Table<Fiche_province, 0, nombre_provinces>;
 using Régions = Table<Fiche_région, 0, nombre_régions>;
 using Villes = Table<Fiche_ville, 0, nombre_villes>;
+
+/// The towns of each province, so that nobody has to look through all towns for the three of one.
+class Villes_par_province {
+ public:
+  /// Takes them from the towns' own `province`. To be called when that has changed.
+  void relever(const Villes &villes);
+  /// Numbers of the towns of a province, ascending.
+  std::span<const std::int16_t> operator()(int province) const;
+
+ private:
+  std::array<std::int16_t, nombre_villes> villes_{};     ///< by province, then by number
+  Table<std::int16_t, 0, nombre_provinces + 1> débuts_;  ///< where each province begins; the last one ends
+};
 
 /// Fills `Messages`, the names of the help and information files and their counts for `Langue`, which it
 /// brings back to 1 if the table has no such language.

@@ -24,6 +24,7 @@ void remettre_provinces(GameState &g) {
 
 void remettre_villes(Contexte &c) {
   GameState &g = c.état;
+  g.VillesParProvince.relever(g.TableVilles);
   g.VillesRestantes = 0;
   g.VillesEnJeu = 0;
   for (int i = 1; i <= nombre_villes; ++i) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <vector>
 
 #include "core/embedded.h"
 #include "map/layers.h"
@@ -203,6 +204,32 @@ TEST(RowLoading, LoadingLeavesTheGameStateOfTheRecordsAlone) {
   l.lire_tables();
   EXPECT_TRUE(l.g().TableProvinces(1).inhibée);
   EXPECT_EQ(l.g().TableProvinces(1).points_perdus(0), 12);
+}
+
+TEST(TownsOfAProvince, AreListedAscendingWithTheCapitalFirst) {
+  Lecteur l("7101\ta#2#1#1\n7105\tb#2#1#1\n7320\tc#110#1#1\n");
+  l.lire_tables();
+  const auto villes = [&](int province) {
+    const auto liste = l.g().VillesParProvince(province);
+    return std::vector<int>(liste.begin(), liste.end());
+  };
+  EXPECT_EQ(villes(1), (std::vector<int>{1}));
+  EXPECT_EQ(villes(2), (std::vector<int>{2, 111, 115}));
+  EXPECT_EQ(villes(110), (std::vector<int>{110, 330}));
+  EXPECT_EQ(villes(0).size(), 217U);  // the rows that are missing
+}
+
+TEST(TownsOfAProvince, BeforeTheRowsAreReadNoProvinceHasOne) {
+  const Villes_par_province aucune;
+  EXPECT_TRUE(aucune(1).empty());
+  EXPECT_TRUE(aucune(110).empty());
+}
+
+TEST(TownsOfAProvince, AProvinceThatDoesNotExistEndsTheProgram) {
+  Lecteur l("7101\ta#111#1#1\n");
+  EXPECT_THROW(Lire_villes(l.c()), ErreurFatale);
+  EXPECT_THROW(l.g().VillesParProvince(111), ErreurFatale);
+  EXPECT_THROW(l.g().VillesParProvince(-1), ErreurFatale);
 }
 
 /// The program's own table with other rows in place of some.

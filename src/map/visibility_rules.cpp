@@ -208,8 +208,7 @@ void Montrer_province(Contexte &c, int i, bool hors_sélection) {
       rond.visible = vaut(g, règle->rond, i);
     rond.actif = rond.visible;
   }
-  for (int v = 1; v <= nombre_villes; ++v)
-    if (g.TableVilles(v).province == i) Montrer_repère(c, v);
+  for (const int v : g.VillesParProvince(i)) Montrer_repère(c, v);
 }
 
 void Montrer_région(Contexte &c, int r) {

@@ -38,12 +38,15 @@ QFont to_qt(const Police &police) {
   return font;
 }
 
-QColor to_qt(Couleur couleur) { return {couleur.rouge, couleur.vert, couleur.bleu}; }
+QColor to_qt(Couleur couleur) {
+  return {couleur.rouge, couleur.vert, couleur.bleu};
+}
 
 void set_colours(QWidget &widget, const std::optional<Couleur> &fond, const std::optional<Couleur> &couleur) {
   QPalette palette;
   if (fond) set_roles(palette, {QPalette::Window, QPalette::Base, QPalette::Button}, to_qt(*fond));
-  if (couleur) set_roles(palette, {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}, to_qt(*couleur));
+  if (couleur)
+    set_roles(palette, {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}, to_qt(*couleur));
   widget.setAutoFillBackground(fond.has_value());
   widget.setPalette(palette);
 }

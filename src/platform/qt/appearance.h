@@ -14,7 +14,9 @@ namespace ardane {
 inline QString to_qt(const std::string &text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
-inline std::string to_utf8(const QString &text) { return text.toStdString(); }
+inline std::string to_utf8(const QString &text) {
+  return text.toStdString();
+}
 
 /// A caption for controls in which "&" would mark a shortcut.
 QString caption(const std::string &text);

@@ -20,7 +20,8 @@ QMessageBox::Icon to_qt(Icône icône) {
   return QMessageBox::NoIcon;
 }
 
-QPushButton *add_button(QMessageBox &box, const char *name, const char *caption, QMessageBox::ButtonRole role) {
+QPushButton *add_button(QMessageBox &box, const char *name, const char *caption,
+                        QMessageBox::ButtonRole role) {
   QPushButton *button = box.addButton(QString::fromUtf8(caption), role);
   button->setObjectName(QString::fromUtf8(name));
   return button;

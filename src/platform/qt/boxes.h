@@ -7,8 +7,8 @@
 
 namespace ardane {
 
-/// The box's object name is "boîte", its buttons' are "ok", "oui" and "non". Closing the box otherwise than by
-/// a button answers OK, or Non where that is offered.
+/// The box's object name is "boîte", its buttons' are "ok", "oui" and "non". Closing the box otherwise than
+/// by a button answers OK, or Non where that is offered.
 class BoxesQt : public Boîtes {
  public:
   BoxesQt(Dispatcher &dispatcher, ScreenQt &screen) : dispatcher_(dispatcher), screen_(screen) {}

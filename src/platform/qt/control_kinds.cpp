@@ -2,11 +2,17 @@
 
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "platform/qt/appearance.h"
 
 namespace ardane {
 namespace {
+
+/// A text that is too long for its label is set smaller, down to this many hundredths of its size.
+constexpr int smallest_fitted_font = 60;
+/// Keeps words off the edge of their coloured ground.
+constexpr int coloured_margin = 3;
 
 Qt::Alignment across(Alignement alignement) {
   switch (alignement) {
@@ -35,6 +41,7 @@ LabelView::LabelView(Contrôle &control, const ViewContext &context, QWidget *pa
     : ControlView(control, context, new QLabel(parent)) {
   label().setTextFormat(Qt::PlainText);
   if (control.encadré) label().setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+  if (control.fond && control.alignement != Alignement::centre) label().setMargin(coloured_margin);
 }
 
 void LabelView::sync() {
@@ -47,6 +54,23 @@ void LabelView::sync() {
   const Qt::Alignment down = several_lines && !control().encadré ? Qt::AlignTop : Qt::AlignVCenter;
   const Qt::Alignment alignment = across(control().alignement) | down;
   if (label().alignment() != alignment) label().setAlignment(alignment);
+  fit_text(several_lines);
+}
+
+void LabelView::fit_text(bool several_lines) {
+  const Fitted wanted{label().text(), control().police, label().contentsRect().size()};
+  if (wanted == fitted_) return;
+  fitted_ = wanted;
+  QFont font = to_qt(control().police);
+  const int flags = several_lines ? Qt::TextWordWrap : 0;
+  const int smallest = font.pixelSize() * smallest_fitted_font / 100;
+  const auto fits = [&] {
+    const QRect text = QFontMetrics(font).boundingRect({{}, wanted.size}, flags, wanted.text);
+    return text.width() <= wanted.size.width() &&
+           text.height() <= std::max(wanted.size.height(), font.pixelSize());
+  };
+  while (font.pixelSize() > smallest && !fits()) font.setPixelSize(font.pixelSize() - 1);
+  if (label().font() != font) label().setFont(font);
 }
 
 bool LabelView::eventFilter(QObject *watched, QEvent *event) {
@@ -73,9 +97,13 @@ void FrameView::sync() {
 
 LineView::LineView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, new QLineEdit(parent)) {
-  connect(&line(), &QLineEdit::textEdited, this, [this](const QString &text) {
-    run([&] { saisir(this->control(), to_utf8(text)); });
-  });
+  connect(&line(), &QLineEdit::textEdited, this,
+          [this](const QString &text) { run([&] { saisir(this->control(), to_utf8(text)); }); });
+}
+
+bool LineView::is_shown() const {
+  const bool empty_counter = control().lecture_seule && control().fond && control().texte.empty();
+  return control().visible && !empty_counter;
 }
 
 void LineView::sync() {
@@ -108,6 +136,12 @@ ButtonView::ButtonView(Contrôle &control, const ViewContext &context, QAbstract
   connect(button, &QAbstractButton::clicked, this, [this] { click(); });
 }
 
+QRect ButtonView::place() const {
+  const QRect designed = ControlView::place();
+  const int missing = button().isCheckable() ? button().sizeHint().height() - designed.height() : 0;
+  return missing <= 0 ? designed : designed.adjusted(0, -missing / 2, 0, missing - missing / 2);
+}
+
 void ButtonView::sync() {
   ControlView::sync();
   const QString text = caption(control().texte);
@@ -131,9 +165,8 @@ void ButtonView::sync_mark() {
 
 ListView::ListView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, new QListWidget(parent)) {
-  connect(&list(), &QListWidget::currentRowChanged, this, [this](int row) {
-    run([&] { choisir(this->control(), row + 1); });
-  });
+  connect(&list(), &QListWidget::currentRowChanged, this,
+          [this](int row) { run([&] { choisir(this->control(), row + 1); }); });
   connect(&list(), &QListWidget::itemClicked, this, [this] { click(); });
   connect(&list(), &QListWidget::itemDoubleClicked, this, [this] { run(this->control().double_clic); });
 }
@@ -155,9 +188,8 @@ BarView::BarView(Contrôle &control, const ViewContext &context, QWidget *parent
                   new QScrollBar(control.largeur > control.hauteur ? Qt::Horizontal : Qt::Vertical, parent)) {
   // The map follows the thumb when it is let go, as the layers would be too many to follow each pixel of it.
   bar().setTracking(false);
-  connect(&bar(), &QScrollBar::valueChanged, this, [this](int value) {
-    run([&] { fixer_valeur(this->control(), value); });
-  });
+  connect(&bar(), &QScrollBar::valueChanged, this,
+          [this](int value) { run([&] { fixer_valeur(this->control(), value); }); });
 }
 
 void BarView::sync() {

@@ -22,6 +22,15 @@ class LabelView : public ControlView {
  private:
   bool eventFilter(QObject *watched, QEvent *event) override;
   QLabel &label() { return static_cast<QLabel &>(widget()); }
+  void fit_text(bool several_lines);
+
+  struct Fitted {
+    QString text;
+    Police police;
+    QSize size;
+    friend bool operator==(const Fitted &, const Fitted &) = default;
+  };
+  std::optional<Fitted> fitted_;
 };
 
 /// A group box.
@@ -37,6 +46,8 @@ class LineView : public ControlView {
   void sync() override;
 
  private:
+  /// A counter's empty place is not to be seen as a box of its colour.
+  bool is_shown() const override;
   QLineEdit &line() { return static_cast<QLineEdit &>(widget()); }
 };
 
@@ -57,7 +68,9 @@ class ButtonView : public ControlView {
   void sync() override;
 
  private:
-  QAbstractButton &button() { return static_cast<QAbstractButton &>(widget()); }
+  /// Marks that the style draws taller than the designed row reach over it evenly.
+  QRect place() const override;
+  QAbstractButton &button() const { return static_cast<QAbstractButton &>(widget()); }
   void sync_mark();
 
   Image icon_;

@@ -35,8 +35,8 @@ ControlView::ControlView(Contrôle &control, const ViewContext &context, QWidget
 }
 
 void ControlView::sync() {
-  const Look look{place_of(control_), control_.visible, control_.actif, control_.infobulle,
-                  control_.fond,      control_.couleur, control_.police};
+  const Look look{place(),       is_shown(),       control_.actif, control_.infobulle,
+                  control_.fond, control_.couleur, control_.police};
   if (look == shown_) return;
   const bool first = !shown_;
   if (first || look.place != shown_->place) widget_->setGeometry(look.place);

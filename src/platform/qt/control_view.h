@@ -26,17 +26,22 @@ struct ViewContext {
 QRect place_of(const Contrôle &control);
 
 /// Keeps one widget in step with one control, and hands the player's events on. Properties that the program
-/// alone changes are compared with what was last set; those that the player changes as well, with the widget's
-/// own. What has not changed is not set.
+/// alone changes are compared with what was last set; those that the player changes as well, with the
+/// widget's own. What has not changed is not set.
 class ControlView : public QObject {
  public:
   ~ControlView() override = default;
 
-  Contrôle &control() { return control_; }
-  QWidget &widget() { return *widget_; }
+  Contrôle &control() const { return control_; }
+  QWidget &widget() const { return *widget_; }
   virtual void sync();
 
  protected:
+  /// Whether the widget is to be seen; the data's own visibility unless a kind has more to say.
+  virtual bool is_shown() const { return control_.visible; }
+  /// Where the widget stands; the data's own place unless the desktop's style needs more room.
+  virtual QRect place() const { return place_of(control_); }
+
   /// Takes the widget, which its Qt parent owns.
   ControlView(Contrôle &control, const ViewContext &context, QWidget *widget);
 

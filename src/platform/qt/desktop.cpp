@@ -29,11 +29,14 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
   };
   renderer_.last_closed = [this] { loop_.quit(); };
   connect(&timer_, &QTimer::timeout, this, [this] { tick(); });
-  connect(qApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager &session) {
-    if (!programme_.en_cours()) return;
-    dispatcher_.run(programme_.écran().demande_de_fermeture);
-    if (programme_.en_cours()) session.cancel();
-  }, Qt::DirectConnection);
+  connect(
+      qApp, &QGuiApplication::commitDataRequest, this,
+      [this](QSessionManager &session) {
+        if (!programme_.en_cours()) return;
+        dispatcher_.run(programme_.écran().demande_de_fermeture);
+        if (programme_.en_cours()) session.cancel();
+      },
+      Qt::DirectConnection);
 }
 
 Desktop::~Desktop() = default;
@@ -65,14 +68,13 @@ void Desktop::tick() {
 void Desktop::tell_missing_pictures() {
   const QStringList missing = pictures_.unreadable();
   if (missing.isEmpty()) return;
-  QString text = missing.size() == 1 ? QStringLiteral("Une image manque ou ne peut être lue : ")
-                                     : QStringLiteral("%1 images manquent ou ne peuvent être lues : ").arg(missing.size());
+  QString text = missing.size() == 1
+                     ? QStringLiteral("Une image manque ou ne peut être lue : ")
+                     : QStringLiteral("%1 images manquent ou ne peuvent être lues : ").arg(missing.size());
   text += missing.mid(0, names_told).join(QStringLiteral(", "));
   if (missing.size() > names_told) text += QStringLiteral("...");
   text += QStringLiteral("\nLe jeu continue avec les autres.");
-  dispatcher_.run([&] {
-    boxes_.montrer({Icône::exclamation, "L'Ardane et ses provinces", to_utf8(text)});
-  });
+  dispatcher_.run([&] { boxes_.montrer({Icône::exclamation, "L'Ardane et ses provinces", to_utf8(text)}); });
 }
 
 }  // namespace ardane

@@ -36,8 +36,8 @@ class Desktop : public QObject {
   /// Plays until the main window has closed.
   void play();
 
-  /// Decodes every picture that the map can show, flags included; they come one by one otherwise, each when it
-  /// is first shown.
+  /// Decodes every picture that the map can show, flags included; they come one by one otherwise, each when
+  /// it is first shown.
   void load_all_pictures();
 
   Programme &programme() { return programme_; }

@@ -112,6 +112,8 @@ void HelpQt::ouvrir(const std::string &fichier, int contexte) {
   window_->open(folder_of(fichier), contexte);
 }
 
-QWidget *HelpQt::window() const { return window_.get(); }
+QWidget *HelpQt::window() const {
+  return window_.get();
+}
 
 }  // namespace ardane

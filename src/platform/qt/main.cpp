@@ -4,6 +4,7 @@
 
 #include "core/resources.h"
 #include "platform/qt/appearance.h"
+#include "platform/qt/demonstration.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/options.h"
 #include "platform/qt/ready_report.h"
@@ -13,9 +14,10 @@ namespace {
 
 int play(int argc, char **argv, const Options &options) {
   QApplication application(argc, argv);
-  Desktop desktop({options.programme.value_or(to_utf8(QCoreApplication::applicationDirPath())),
-                   options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut()},
-                  ressources_du_programme());
+  Desktop desktop(
+      {options.programme.value_or(to_utf8(QCoreApplication::applicationDirPath())),
+       options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut()},
+      ressources_du_programme());
   if (!desktop.start()) return 1;
   if (options.prêt_et_quitter) {
     await_first_paint(*desktop.renderer().frame(desktop.programme().écran()));
@@ -41,5 +43,6 @@ int main(int argc, char **argv) {
     std::printf("%s", ardane::help_text().c_str());
     return 0;
   }
+  if (options.démonstration) return ardane::demonstrate(argc, argv, *options.démonstration);
   return ardane::play(argc, argv, options);
 }

@@ -13,7 +13,9 @@
 namespace ardane {
 namespace {
 
-bool lies_lower(const Contrôle *a, const Contrôle *b) { return a->plan < b->plan; }
+bool lies_lower(const Contrôle *a, const Contrôle *b) {
+  return a->plan < b->plan;
+}
 
 }  // namespace
 
@@ -28,7 +30,8 @@ void MapView::gather() {
     for (const Contrôle &control : controls)
       if (control.genre == Genre::image && control.conteneur == &control_) stack_.push_back(&control);
   }
-  if (!std::is_sorted(stack_.begin(), stack_.end(), lies_lower)) std::sort(stack_.begin(), stack_.end(), lies_lower);
+  if (!std::is_sorted(stack_.begin(), stack_.end(), lies_lower))
+    std::sort(stack_.begin(), stack_.end(), lies_lower);
 }
 
 std::vector<MapView::Layer> MapView::visible_layers() {

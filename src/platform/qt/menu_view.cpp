@@ -8,7 +8,9 @@
 namespace ardane {
 namespace {
 
-bool is_menu(const Contrôle &control) { return control.genre == Genre::menu; }
+bool is_menu(const Contrôle &control) {
+  return control.genre == Genre::menu;
+}
 
 bool holds_entries(const Fenêtre &window, const Contrôle &entry) {
   return std::ranges::any_of(window.contrôles(),
@@ -17,7 +19,9 @@ bool holds_entries(const Fenêtre &window, const Contrôle &entry) {
 
 }  // namespace
 
-bool has_menu(const Fenêtre &window) { return std::ranges::any_of(window.contrôles(), is_menu); }
+bool has_menu(const Fenêtre &window) {
+  return std::ranges::any_of(window.contrôles(), is_menu);
+}
 
 MenuView::MenuView(const ViewContext &context, QWidget *parent)
     : context_(context), bar_(*new QMenuBar(parent)) {
@@ -41,9 +45,8 @@ QAction *MenuView::make_action(Contrôle &control) {
   } else {
     action = new QAction(holder);
     holder->addAction(action);
-    connect(action, &QAction::triggered, this, [this, &control] {
-      context_.dispatcher.run([&] { cliquer(context_.window, control); });
-    });
+    connect(action, &QAction::triggered, this,
+            [this, &control] { context_.dispatcher.run([&] { cliquer(context_.window, control); }); });
   }
   action->setObjectName(to_qt(control.nom));
   return action;

@@ -48,7 +48,8 @@ Options read_options(int argc, const char *const *argv) {
 
 std::string help_text() {
   return "Usage : ardane [options]\n"
-         "  --demonstration DOSSIER  joue toute seule une partie, sans écran, et range ses images dans le dossier\n"
+         "  --demonstration DOSSIER  joue toute seule une partie, sans écran, et range ses images dans le "
+         "dossier\n"
          "  --programme DOSSIER      le dossier du jeu, au lieu de celui de l'exécutable\n"
          "  --registre FICHIER       le fichier des réglages, au lieu de celui du joueur\n"
          "  --help                   ce texte\n";

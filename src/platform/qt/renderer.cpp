@@ -26,7 +26,8 @@ WindowView &Renderer::view(Fenêtre &window) {
   if (WindowView *known = find(window)) return *known;
   QWidget *parent = nullptr;
   for (const auto &below : views_)
-    if (window.avec_titre && (!below->window().avec_titre || below->waiting != nullptr)) parent = &below->frame();
+    if (window.avec_titre && (!below->window().avec_titre || below->waiting != nullptr))
+      parent = &below->frame();
   const ViewContext context{window, dispatcher_, pictures_, screen_};
   views_.push_back(std::make_unique<WindowView>(context, events_of(window), parent));
   return *views_.back();
@@ -76,7 +77,9 @@ void Renderer::put_up(Fenêtre &window, Qt::WindowModality modality) {
   shown.show(modality);
 }
 
-void Renderer::montrer(Fenêtre &fenêtre) { put_up(fenêtre, Qt::NonModal); }
+void Renderer::montrer(Fenêtre &fenêtre) {
+  put_up(fenêtre, Qt::NonModal);
+}
 
 void Renderer::montrer_modale(Fenêtre &fenêtre) {
   put_up(fenêtre, Qt::ApplicationModal);
@@ -131,7 +134,9 @@ void Renderer::sync() {
     if (view->window().ouverte) view->sync();
 }
 
-Fenêtre *Renderer::top() const { return views_.empty() ? nullptr : &views_.back()->window(); }
+Fenêtre *Renderer::top() const {
+  return views_.empty() ? nullptr : &views_.back()->window();
+}
 
 QWidget *Renderer::frame(const Fenêtre &window) const {
   const WindowView *known = find(window);

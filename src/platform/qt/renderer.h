@@ -12,8 +12,8 @@
 namespace ardane {
 
 /// Keeps every window on the screen in step with its data after each event and before whatever waits for the
-/// player. A window goes from the screen when it is taken off or when its data says that it is closed; it must
-/// be taken off before its data is destroyed.
+/// player. A window goes from the screen when it is taken off or when its data says that it is closed; it
+/// must be taken off before its data is destroyed.
 class Renderer : public QObject, public Façade {
  public:
   Renderer(Dispatcher &dispatcher, PictureStore &pictures, ScreenQt &screen);

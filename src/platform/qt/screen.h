@@ -36,7 +36,9 @@ class ScreenQt : public Ecran {
   /// For as long as it lives the arrow stands in for the hourglass: the player is asked something.
   class Arrow {
    public:
-    explicit Arrow(ScreenQt &screen) : screen_(screen), hourglass_(screen.hourglass_) { screen_.sablier(false); }
+    explicit Arrow(ScreenQt &screen) : screen_(screen), hourglass_(screen.hourglass_) {
+      screen_.sablier(false);
+    }
     ~Arrow() { screen_.sablier(hourglass_); }
     Arrow(const Arrow &) = delete;
     Arrow &operator=(const Arrow &) = delete;

@@ -23,12 +23,15 @@ Qt::WindowFlags flags_of(const Fenêtre &window) {
   return flags;
 }
 
-QPoint whole(double x, double y) { return {static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y))}; }
+QPoint whole(double x, double y) {
+  return {static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y))};
+}
 
 /// Pictures of a map belong to its viewport's own painting.
 bool has_widget(const Contrôle &control) {
   if (control.genre == Genre::menu) return false;
-  return control.genre != Genre::image || control.conteneur == nullptr || control.conteneur->genre != Genre::vue;
+  return control.genre != Genre::image || control.conteneur == nullptr ||
+         control.conteneur->genre != Genre::vue;
 }
 
 /// The Qt window: the menu bar on top, where there is one, and the client area.
@@ -141,7 +144,8 @@ void WindowView::make_missing_views() {
 }
 
 ControlView *WindowView::view_of(const Contrôle &control) const {
-  const auto found = std::ranges::find_if(views_, [&](const auto &view) { return &view->control() == &control; });
+  const auto found =
+      std::ranges::find_if(views_, [&](const auto &view) { return &view->control() == &control; });
   return found == views_.end() ? nullptr : found->get();
 }
 
@@ -194,7 +198,9 @@ void WindowView::show(Qt::WindowModality modality) {
   frame_.activateWindow();
 }
 
-void WindowView::hide() { frame_.hide(); }
+void WindowView::hide() {
+  frame_.hide();
+}
 
 void WindowView::await_first_paint() {
   if (!frame_.isVisible() || frame_.windowHandle()->isExposed()) return;

@@ -60,9 +60,9 @@ class WindowView : public QObject {
   QWidget *holder_of(const Contrôle &control);
 
   const ViewContext context_;
-  QWidget &frame_;                   ///< deleted after the view, by Qt
-  std::unique_ptr<MenuView> menu_;   ///< null for a window without menus
-  QWidget &client_;                  ///< where the controls stand
+  QWidget &frame_;                                   ///< deleted after the view, by Qt
+  std::unique_ptr<MenuView> menu_;                   ///< null for a window without menus
+  QWidget &client_;                                  ///< where the controls stand
   std::vector<std::unique_ptr<ControlView>> views_;  ///< in the order of their making
   std::vector<ControlView *> stacked_;               ///< the lowest first
   std::optional<Geometry> geometry_;

@@ -24,7 +24,8 @@ QtMessageHandler other_handler = nullptr;
 
 /// A machine without sound is no news to the player: what the sound's thread has to complain of is dropped.
 void drop_complaints(QtMsgType type, const QMessageLogContext &context, const QString &text) {
-  if (QThread::currentThread() != silent_thread && other_handler != nullptr) other_handler(type, context, text);
+  if (QThread::currentThread() != silent_thread && other_handler != nullptr)
+    other_handler(type, context, text);
 }
 
 /// Lives in the sound's thread.
@@ -74,4 +75,6 @@ class SoundEffects : public Son {
 }  // namespace
 }  // namespace ardane
 
-extern "C" Q_DECL_EXPORT ardane::Son *ardane_make_sound() { return new ardane::SoundEffects; }
+extern "C" Q_DECL_EXPORT ardane::Son *ardane_make_sound() {
+  return new ardane::SoundEffects;
+}

@@ -33,4 +33,6 @@ class SiteReader : public Web {
 }  // namespace
 }  // namespace ardane
 
-extern "C" Q_DECL_EXPORT ardane::Web *ardane_make_web() { return new ardane::SiteReader; }
+extern "C" Q_DECL_EXPORT ardane::Web *ardane_make_web() {
+  return new ardane::SiteReader;
+}

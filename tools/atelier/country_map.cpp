@@ -70,6 +70,8 @@ void draw_layers(const Raster &raster, const std::filesystem::path &images, Cata
     both("Pays", "pays", true);
     both("Inv", "inv", false);
   }
+  const Grid<int> regions = with_lakes(raster.regions);
+  const Grid<int> fine_regions = with_lakes(raster.fine_regions);
   for (int r = 1; r <= nombre_régions; ++r) {
     const Frame &frame = raster.region_frames[static_cast<std::size_t>(r)];
     write_both(catalogue, images, "Graphismes.Région(" + std::to_string(r) + ")",

@@ -19,8 +19,9 @@ using Palette = std::vector<Pixel>;
 using Indices = std::vector<GifByteType>;
 
 constexpr std::size_t most_colours = 256;
-constexpr int lloyd_rounds = 24;
 constexpr int moving_rounds = 16;
+constexpr int settling_rounds = 6;
+constexpr int exact_rounds = 2;
 
 bool opaque(const Pixel &p) {
   return p.a >= 128;
@@ -85,43 +86,57 @@ std::vector<Share> shares_of(const Palette &palette, const std::vector<Sample> &
 }
 
 /// Moves every colour of the palette to the mean of the pixels nearest to it (S. P. Lloyd, "Least squares
-/// quantization in PCM", 1982); in the first rounds the colours that serve least move to where the error is
-/// greatest. Whole numbers only, so the result does not depend on the machine.
-void improve(Palette &palette, const std::vector<Sample> &samples) {
-  for (int round = 0; round < lloyd_rounds; ++round) {
-    const std::vector<Share> shares = shares_of(palette, samples);
-    for (std::size_t i = 0; i < palette.size(); ++i) {
-      const Share &s = shares[i];
-      if (s.count == 0) continue;
-      const auto mean = [&s](std::size_t c) {
-        return static_cast<std::uint8_t>((s.sums[c] + s.count / 2) / s.count);
-      };
-      palette[i] = {mean(0), mean(1), mean(2), 255};
-    }
-    if (round >= moving_rounds) continue;
-    std::vector<std::size_t> by_error(palette.size());
-    for (std::size_t i = 0; i < by_error.size(); ++i) by_error[i] = i;
-    std::stable_sort(by_error.begin(), by_error.end(),
-                     [&shares](std::size_t a, std::size_t b) { return shares[a].error < shares[b].error; });
-    const std::size_t moved = palette.size() / 16;
-    for (std::size_t k = 0; k < moved; ++k) {
-      const Pixel &crowded = palette[by_error[by_error.size() - 1 - k]];
-      const auto shifted = [](std::uint8_t v) { return static_cast<std::uint8_t>(v > 250 ? v - 3 : v + 3); };
-      palette[by_error[k]] = {shifted(crowded.r), shifted(crowded.g), shifted(crowded.b), 255};
-    }
+/// quantization in PCM", 1982). Whole numbers only, so the result does not depend on the machine.
+std::vector<Share> move_to_means(Palette &palette, const std::vector<Sample> &samples) {
+  std::vector<Share> shares = shares_of(palette, samples);
+  for (std::size_t i = 0; i < palette.size(); ++i) {
+    const Share &s = shares[i];
+    if (s.count == 0) continue;
+    const auto mean = [&s](std::size_t c) {
+      return static_cast<std::uint8_t>((s.sums[c] + s.count / 2) / s.count);
+    };
+    palette[i] = {mean(0), mean(1), mean(2), 255};
+  }
+  return shares;
+}
+
+/// The colours that serve least move beside those whose pixels have the greatest error.
+void move_where_wanted(Palette &palette, const std::vector<Share> &shares) {
+  std::vector<std::size_t> by_error(palette.size());
+  for (std::size_t i = 0; i < by_error.size(); ++i) by_error[i] = i;
+  std::stable_sort(by_error.begin(), by_error.end(),
+                   [&shares](std::size_t a, std::size_t b) { return shares[a].error < shares[b].error; });
+  const std::size_t moved = palette.size() / 16;
+  for (std::size_t k = 0; k < moved; ++k) {
+    const Pixel &crowded = palette[by_error[by_error.size() - 1 - k]];
+    const auto shifted = [](std::uint8_t v) { return static_cast<std::uint8_t>(v > 250 ? v - 3 : v + 3); };
+    palette[by_error[k]] = {shifted(crowded.r), shifted(crowded.g), shifted(crowded.b), 255};
   }
 }
 
-/// The picture's colours with their two lowest bits taken together, which is finer than a palette can follow.
-std::vector<Sample> samples_of(const std::map<Pixel, long> &counts) {
+/// The picture's colours; with `kept_bits` under 8 those are taken together that agree in their highest bits.
+std::vector<Sample> samples_of(const std::map<Pixel, long> &counts, int kept_bits) {
+  const int lost = 8 - kept_bits;
+  const int middle = lost > 0 ? 1 << (lost - 1) : 0;
   std::map<Pixel, long> coarse;
   for (const auto &[c, count] : counts) {
-    const auto cut = [](std::uint8_t v) { return static_cast<std::uint8_t>((v & 0xFC) | 2); };
+    const auto cut = [&](std::uint8_t v) { return static_cast<std::uint8_t>((v >> lost << lost) | middle); };
     coarse[{cut(c.r), cut(c.g), cut(c.b), 255}] += count;
   }
   std::vector<Sample> samples;
   for (const auto &[colour, count] : coarse) samples.push_back({colour, count});
   return samples;
+}
+
+/// Most rounds look at the colours coarsely, which is enough to spread the palette; the last look at each
+/// exactly, so that large plain areas get their very colour and need no dithering.
+void improve(Palette &palette, const std::map<Pixel, long> &counts) {
+  const std::vector<Sample> coarse = samples_of(counts, 6);
+  for (int round = 0; round < moving_rounds; ++round)
+    move_where_wanted(palette, move_to_means(palette, coarse));
+  for (int round = 0; round < settling_rounds; ++round) move_to_means(palette, coarse);
+  const std::vector<Sample> exact = samples_of(counts, 8);
+  for (int round = 0; round < exact_rounds; ++round) move_to_means(palette, exact);
 }
 
 Palette reduced_palette(const Image &image, const std::map<Pixel, long> &counts, std::size_t size) {
@@ -143,7 +158,7 @@ Palette reduced_palette(const Image &image, const std::map<Pixel, long> &counts,
     const auto &c = colours[static_cast<std::size_t>(i)];
     palette.push_back({c.Red, c.Green, c.Blue, 255});
   }
-  improve(palette, samples_of(counts));
+  improve(palette, counts);
   return palette;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 
 namespace atelier {
 namespace {
@@ -21,8 +22,8 @@ struct Band {
 /// From the border inward.
 constexpr std::array<Band, 3> region_bands = {{
     {1.0, {150, 24, 30, 255}, false},
-    {2.3, {226, 92, 36, 255}, false},
-    {4.2, {240, 140, 60, 255}, true},
+    {2.0, {226, 92, 36, 255}, false},
+    {3.2, {240, 140, 60, 255}, true},
 }};
 
 int label_at(const Grid<int> &labels, int x, int y) {
@@ -66,6 +67,33 @@ std::vector<Frame> frames_of(const Grid<int> &labels, int count) {
   for (const Extent &e : extents)
     frames.push_back({e.left, e.top, e.right - e.left + 1, e.bottom - e.top + 1});
   return frames;
+}
+
+Grid<int> with_lakes(const Grid<int> &regions) {
+  Mask water(regions.width(), regions.height(), 0);
+  for (std::size_t i = 0; i < water.size(); ++i) water[i] = regions[i] == 0;
+  std::vector<int> sizes;
+  const Grid<int> numbers = pieces(water, sizes);
+  std::vector<std::map<int, int>> shores(sizes.size());
+  for (int y = 0; y < regions.height(); ++y)
+    for (int x = 0; x < regions.width(); ++x) {
+      if (numbers.at(x, y) == 0) continue;
+      for (std::size_t k = 0; k < side_neighbours; ++k)
+        if (const int r = label_at(regions, x + neighbours[k].x, y + neighbours[k].y); r != 0)
+          ++shores[static_cast<std::size_t>(numbers.at(x, y))][r];
+    }
+  const int open_water = numbers.at(0, 0);
+  std::vector<int> owner(sizes.size(), 0);
+  for (std::size_t n = 1; n < owner.size(); ++n) {
+    if (static_cast<int>(n) == open_water || shores[n].empty()) continue;
+    owner[n] = std::max_element(shores[n].begin(), shores[n].end(), [](const auto &a, const auto &b) {
+                 return a.second < b.second;
+               })->first;
+  }
+  Grid<int> result = regions;
+  for (std::size_t i = 0; i < result.size(); ++i)
+    if (numbers[i] != 0) result[i] = owner[static_cast<std::size_t>(numbers[i])];
+  return result;
 }
 
 Image draw_province(const Grid<int> &provinces, int province, const Frame &frame, int scale, bool filled) {

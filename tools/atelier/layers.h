@@ -27,6 +27,9 @@ std::vector<Frame> frames_of(const Grid<int> &labels, int count);
 /// inside the territory on every side.
 Image draw_province(const Grid<int> &provinces, int province, const Frame &frame, int scale, bool filled);
 
+/// The regions with each lake given to the one that has most of its shore, so that no border runs around it.
+Grid<int> with_lakes(const Grid<int> &regions);
+
 /// The region's border as a strong warm band that fades inward; its inside is transparent.
 Image draw_region(const Grid<int> &regions, int region, const Frame &frame, int scale);
 

@@ -38,10 +38,10 @@ struct Tint {
 };
 
 /// Heights' tints from the plain to the snow, blended into each other.
-constexpr std::array<Tint, 10> height_tints = {{{0, {186, 208, 164}},
-                                                {50, {196, 214, 168}},
-                                                {140, {212, 221, 174}},
-                                                {280, {227, 224, 176}},
+constexpr std::array<Tint, 10> height_tints = {{{0, {172, 203, 152}},
+                                                {50, {184, 210, 156}},
+                                                {140, {204, 218, 162}},
+                                                {280, {224, 222, 166}},
                                                 {500, {232, 214, 164}},
                                                 {800, {224, 197, 148}},
                                                 {1200, {206, 176, 136}},
@@ -57,10 +57,13 @@ constexpr std::array<Tint, 6> sea_steps = {{{0, {205, 228, 234}},
                                             {70, {144, 183, 209}},
                                             {118, {132, 172, 202}}}};
 
+/// Height of crags, in the unit of the modelled heights.
+constexpr double rock_roughness = 1.9;
+
 constexpr Colour shadow{118, 124, 168};
 constexpr Colour light{255, 249, 226};
 constexpr Colour haze{222, 230, 226};
-constexpr Colour wood_tint{128, 163, 112};
+constexpr Colour wood_tint{108, 150, 98};
 constexpr Colour sand{240, 229, 188};
 constexpr Colour marsh{176, 208, 178};
 constexpr Colour dry{240, 224, 168};
@@ -99,10 +102,20 @@ double shade(double dx, double dy) {
 }
 
 /// Heights as the relief is modelled: slopes of the plains exaggerated, those of the mountains restrained, so
-/// that both show their forms in the same light.
-Field modelled(const Field &height) {
+/// that both show their forms in the same light; bare rock is given its roughness, which is finer than the
+/// terrain's grid.
+Field modelled(const Field &height, std::uint64_t seed) {
   Field result = height;
-  for (std::size_t i = 0; i < result.size(); ++i) result[i] = 0.66 * power(height[i] + 45, 0.45);
+  for (int y = 0; y < result.height(); ++y)
+    for (int x = 0; x < result.width(); ++x) {
+      const double h = height.at(x, y);
+      double &z = result.at(x, y);
+      z = 0.66 * power(h + 45, 0.45);
+      if (h < 500) continue;
+      const double px = (x + 0.5) / fine;
+      const double py = (y + 0.5) / fine;
+      z += rock_roughness * smooth_step(500, 1600, h) * ridged_noise(seed + 86, px, py, 5.5, 3, 0.6);
+    }
   return result;
 }
 
@@ -127,7 +140,7 @@ class Painter {
     Field height = scene.terrain.height;
     for (std::size_t i = 0; i < height.size(); ++i) height[i] = std::max<double>(height[i], 0);
     // Small forms for the eye, great forms for the understanding: generalised relief lies under the detail.
-    const Field relief = modelled(height);
+    const Field relief = modelled(height, scene.plan.seed);
     const Field detail = shading(relief, 1);
     const Field forms = shading(blurred(relief, 2.5), 1.3);
     const Field masses = shading(blurred(relief, 10), 2);
@@ -194,8 +207,8 @@ class Painter {
     colour = cover(colour, x, y, px, py, height);
     // From far above, air lies over the plains: they are paler and less modelled than the heights.
     const double high = smooth_step(100, 1800, height);
-    colour = blend(haze, colour, mix(0.9, 1, high));
-    colour = lit(colour, shade_.at(x, y) * mix(0.95, 1.3, high));
+    colour = blend(haze, colour, mix(0.93, 1, high));
+    colour = lit(colour, shade_.at(x, y) * mix(1.05, 1.5, high));
     const Colour grey = lit(blend(neighbour, colour, 0.1), 0.5 * shade_.at(x, y));
     colour = blend(grey, colour, ours);
     const double lake = clamp01(0.5 + edge_distance(scene_.shores.lake, x, y) * fine);

@@ -1,0 +1,110 @@
+#include "player.h"
+
+#include <fstream>
+#include <regex>
+
+#include "answers.h"
+#include "core/paths.h"
+#include "pattern.h"
+#include "platform/pilote/options.h"
+
+namespace ardane {
+namespace {
+
+using Sorte = Etape_scénario::Sorte;
+
+std::string en_colonne(const std::string &titre, const std::vector<std::string> &lignes) {
+  std::string texte = "  " + titre + "\n";
+  for (const std::string &ligne : lignes) texte += "    " + ligne + "\n";
+  return texte;
+}
+
+std::vector<std::string> écrites(const Réplique &réplique) {
+  std::vector<std::string> lignes;
+  for (const Json &ligne : réplique.lignes) lignes.push_back(ligne.dump());
+  return lignes;
+}
+
+/// "dossier", "bonne réponse", "mauvaise réponse" or "état PATH" between braces.
+const std::regex &forme_des_accolades() {
+  static const std::regex forme(R"(\{(dossier|bonne réponse|mauvaise réponse|état [^{}"]+)\})");
+  return forme;
+}
+
+}  // namespace
+
+void Joueur::jouer(const std::vector<Etape_scénario> &étapes) {
+  for (const Etape_scénario &étape : étapes) faire(étape);
+}
+
+void Joueur::faire(const Etape_scénario &étape) {
+  switch (étape.sorte) {
+    case Sorte::commande: dire(étape); break;
+    case Sorte::répéter: {
+      const std::string tours = tours_;
+      for (int tour = 1; tour <= étape.nombre; ++tour) {
+        tours_ = tours + ", tour " + std::to_string(tour) + " de " + std::to_string(étape.nombre);
+        jouer(étape.étapes);
+      }
+      tours_ = tours;
+      break;
+    }
+    case Sorte::relancer: pilote_.reset(); break;
+    case Sorte::options: options_ = étape.mots; break;
+    case Sorte::fichier: {
+      std::ofstream fichier(chemin_natif(dossier_.chemin(étape.texte)), std::ios::binary);
+      for (const std::string &ligne : étape.attendu) fichier << ligne << '\n';
+      break;
+    }
+    case Sorte::sans: std::filesystem::remove_all(chemin_natif(dossier_.chemin(étape.texte))); break;
+    case Sorte::présent: vérifier_présence(étape, true); break;
+    case Sorte::absent: vérifier_présence(étape, false); break;
+  }
+}
+
+void Joueur::vérifier_présence(const Etape_scénario &étape, bool attendue) {
+  if (std::filesystem::exists(chemin_natif(dossier_.chemin(étape.texte))) != attendue)
+    throw Scénario_démenti("ligne " + std::to_string(étape.ligne) + tours_ + "\n  " + étape.texte +
+                           (attendue ? " n'est pas là\n" : " est là\n"));
+}
+
+void Joueur::dire(const Etape_scénario &étape) {
+  const std::string commande = compléter(étape.texte);
+  const Réplique réplique = pilote().dire(commande);
+  std::vector<std::string> attendu;
+  for (const std::string &motif : étape.attendu) attendu.push_back(compléter(motif));
+  if (réponse_attendue(attendu, réplique.lignes)) return;
+  if (attendu.empty()) attendu = {"(ni erreur ni fatale)"};
+  throw Scénario_démenti("ligne " + std::to_string(étape.ligne) + tours_ + "\n  > " + commande + "\n" +
+                         en_colonne("attendu :", attendu) + en_colonne("reçu :", écrites(réplique)));
+}
+
+Conversation &Joueur::pilote() {
+  if (pilote_) return *pilote_;
+  std::vector<std::string> arguments = {"--programme", dossier_.chemin("programme"),
+                                        "--registre",  dossier_.chemin("registre"),
+                                        "--date",      "2026-11-21",
+                                        "--hasard",    "1"};
+  for (const std::string &option : options_) arguments.push_back(compléter(option));
+  pilote_ = std::make_unique<Conversation>(lire_options(arguments), dossier_.chemin());
+  return *pilote_;
+}
+
+std::string Joueur::valeur(std::string_view nom) {
+  if (nom == "dossier") return dossier_.chemin();
+  if (nom == "bonne réponse") return bonne_réponse(pilote());
+  if (nom == "mauvaise réponse") return mauvaise_réponse(pilote());
+  const Json état = pilote().état(std::string(nom.substr(nom.find(' ') + 1)));
+  return état.is_string() ? état.get<std::string>() : état.dump();
+}
+
+std::string Joueur::compléter(const std::string &texte) {
+  std::string complet, reste = texte;
+  for (std::smatch trouvé; std::regex_search(reste, trouvé, forme_des_accolades());) {
+    complet += trouvé.prefix().str() + valeur(trouvé[1].str());
+    reste = trouvé.suffix().str();
+  }
+  return complet + reste;
+}
+
+}  // namespace ardane

@@ -1,6 +1,5 @@
 #include "platform/qt/boxes.h"
 
-#include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -31,12 +30,12 @@ QPushButton *add_button(QMessageBox &box, const char *name, const char *caption,
 
 Réponse BoxesQt::montrer(const Boîte &boîte) {
   // The windows behind show what has been done so far.
-  if (dispatcher_.after_event) dispatcher_.after_event();
+  renderer_.sync();
   const ScreenQt::Arrow arrow(screen_);
   const Dispatcher::Waiting waiting(dispatcher_);
 
   QMessageBox box(to_qt(boîte.icône), to_qt(boîte.titre), to_qt(boîte.texte), QMessageBox::NoButton,
-                  QApplication::activeWindow());
+                  renderer_.top_frame());
   box.setObjectName(QStringLiteral("boîte"));
   box.setTextFormat(Qt::PlainText);
   QPushButton *no = nullptr;

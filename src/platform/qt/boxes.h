@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/qt/dispatcher.h"
+#include "platform/qt/renderer.h"
 #include "platform/qt/screen.h"
 #include "platform/services.h"
 
@@ -11,7 +12,8 @@ namespace ardane {
 /// by a button answers OK, or Non where that is offered.
 class BoxesQt : public Boîtes {
  public:
-  BoxesQt(Dispatcher &dispatcher, ScreenQt &screen) : dispatcher_(dispatcher), screen_(screen) {}
+  BoxesQt(Dispatcher &dispatcher, ScreenQt &screen, Renderer &renderer)
+      : dispatcher_(dispatcher), screen_(screen), renderer_(renderer) {}
 
   Réponse montrer(const Boîte &boîte) override;
   /// True while a box is up.
@@ -20,6 +22,7 @@ class BoxesQt : public Boîtes {
  private:
   Dispatcher &dispatcher_;
   ScreenQt &screen_;
+  Renderer &renderer_;
   int up_ = 0;
 };
 

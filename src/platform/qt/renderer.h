@@ -27,8 +27,8 @@ class Renderer : public QObject, public Façade {
 
   /// Brings all windows in step with their data.
   void sync();
-  /// The window above the others; null if there is none.
-  Fenêtre *top() const;
+  /// The Qt window above the others on the screen; null if there is none.
+  QWidget *top_frame() const;
   /// The Qt window of a window that has been shown or measured; null before.
   QWidget *frame(const Fenêtre &window) const;
 

@@ -66,7 +66,7 @@ std::string dossier_au_dessus(std::string_view dossier) {
   return dessus.empty() ? std::string(racine) : dessus;
 }
 
-/// Names in a folder that pass `retenir`, in alphabetical order; those that begin with a point are hidden
+/// Names in a folder that pass `retenir`, sorted as in capitals; those that begin with a point are hidden
 /// ones. A folder that cannot be read has none.
 template <class Condition>
 std::vector<std::string> noms(const std::string &dossier, Condition retenir) {

@@ -20,8 +20,8 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
     : folder_(places.programme),
       pictures_(ressources.images, to_qt(Joindre_chemin(places.programme, "images"))),
       registry_(places.registre),
-      boxes_(dispatcher_, screen_),
       renderer_(dispatcher_, pictures_, screen_),
+      boxes_(dispatcher_, screen_, renderer_),
       programme_({boxes_, registry_, screen_, sound_, clock_, random_, web_, help_, renderer_}, ressources) {
   renderer_.help = [this](const Fenêtre &window) { programme_.aide(window); };
   renderer_.moved = [this](const Fenêtre &window) {

@@ -54,13 +54,13 @@ class Desktop : public QObject {
   ScreenQt screen_;
   PictureStore pictures_;
   RegistreFichier registry_;
+  Renderer renderer_;
   BoxesQt boxes_;
   SoundOnDemand sound_;
   SystemClock clock_;
   RandomSource random_;
   WebOnDemand web_;
   HelpQt help_;
-  Renderer renderer_;
   Programme programme_;
   QTimer timer_;
   QEventLoop loop_;

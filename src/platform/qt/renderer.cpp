@@ -134,8 +134,11 @@ void Renderer::sync() {
     if (view->window().ouverte) view->sync();
 }
 
-Fenêtre *Renderer::top() const {
-  return views_.empty() ? nullptr : &views_.back()->window();
+QWidget *Renderer::top_frame() const {
+  QWidget *top = nullptr;
+  for (const auto &view : views_)
+    if (view->frame().isVisible()) top = &view->frame();
+  return top;
 }
 
 QWidget *Renderer::frame(const Fenêtre &window) const {

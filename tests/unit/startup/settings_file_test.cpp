@@ -1,0 +1,89 @@
+// The program's start over settings that lie in a real file.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "persistence/registry.h"
+#include "platform/registry_store.h"
+#include "support/fake_world.h"
+#include "support/limits.h"
+
+namespace ardane {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class StartWithASettingsFile : public testing::Test {
+ protected:
+  /// One run of the program, from its start to just before the player's first click.
+  bool démarrer() {
+    m.boîtes.montrées.clear();
+    RegistreFichier registre(chemin_natif(fichier));
+    Programme programme({m.boîtes, registre, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, m.façade},
+                        ressources_du_programme());
+    const bool démarré = programme.Démarrage(m.dossier.chemin());
+    joueur = programme.état().Nom_joueur;
+    return démarré;
+  }
+  void poser(std::string_view texte) {
+    fs::create_directory(chemin_natif(m.dossier.fichier("mirabonde")));
+    écrire_fichier(fichier, texte);
+  }
+
+  MondeFactice m;
+  std::string fichier = m.dossier.fichier("mirabonde/registre");
+  std::string joueur;
+};
+
+TEST_F(StartWithASettingsFile, TheSecondStartFindsWhatTheFirstWrote) {
+  EXPECT_TRUE(démarrer());
+  EXPECT_THAT(m.boîtes.montrées, testing::SizeIs(1));
+  RegistreFichier(chemin_natif(fichier)).écrire(clé_du_jeu, "joueur", "Ann");
+  EXPECT_TRUE(démarrer());
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  EXPECT_EQ(joueur, "Ann");
+}
+
+TEST_F(StartWithASettingsFile, AnEmptyFileIsAFirstRun) {
+  poser("");
+  EXPECT_TRUE(démarrer());
+  EXPECT_THAT(lire_fichier(fichier), HasSubstr("\"langue\"=\"1\""));
+}
+
+TEST_F(StartWithASettingsFile, AFileCutAnywhereStillStarts) {
+  démarrer();
+  const std::string entier = lire_fichier(fichier);
+  for (std::size_t longueur = 0; longueur < entier.size(); longueur += 37) {
+    poser(entier.substr(0, longueur));
+    EXPECT_TRUE(démarrer()) << longueur;
+  }
+}
+
+TEST_F(StartWithASettingsFile, AFileOfForeignBytesStillStartsAndKeepsThem) {
+  std::string octets;
+  for (int i = 0; i < 2000; ++i) octets.push_back(static_cast<char>(i * 89 + i / 7));
+  poser(octets);
+  EXPECT_TRUE(démarrer());
+  EXPECT_EQ(lire_fichier(fichier).substr(0, octets.size()), octets);
+}
+
+TEST_F(StartWithASettingsFile, AReadOnlyFileStillStartsAndStaysAsItIs) {
+  démarrer();
+  const std::string avant = lire_fichier(fichier);
+  fs::permissions(chemin_natif(m.dossier.chemin()), fs::perms::all);
+  fs::permissions(chemin_natif(m.dossier.fichier("mirabonde")), fs::perms::all);
+  fs::permissions(chemin_natif(fichier),
+                  fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+  const SansPrivilège ordinaire;
+  EXPECT_TRUE(démarrer());
+  EXPECT_EQ(lire_fichier(fichier), avant);
+}
+
+TEST_F(StartWithASettingsFile, WithoutAnyPlaceForTheKeyTheProgramEnds) {
+  écrire_fichier(m.dossier.fichier("mirabonde"), "a file where the folder should be");
+  EXPECT_THROW(démarrer(), ErreurFatale);
+}
+
+}  // namespace
+}  // namespace ardane

@@ -6,6 +6,19 @@
 #include "platform/qt/picture_views.h"
 
 namespace ardane {
+namespace {
+
+/// A button that takes clicks in its whole rectangle, not on its mark and text alone.
+template <class Button>
+class WholeArea : public Button {
+ public:
+  using Button::Button;
+
+ protected:
+  bool hitButton(const QPoint &place) const override { return this->rect().contains(place); }
+};
+
+}  // namespace
 
 std::unique_ptr<ControlView> make_view(Contrôle &control, const ViewContext &context, QWidget *parent) {
   switch (control.genre) {
@@ -16,8 +29,10 @@ std::unique_ptr<ControlView> make_view(Contrôle &control, const ViewContext &co
       if (control.multiligne) return std::make_unique<PageView>(control, context, parent);
       return std::make_unique<LineView>(control, context, parent);
     case Genre::bouton: return std::make_unique<ButtonView>(control, context, new QPushButton(parent));
-    case Genre::case_à_cocher: return std::make_unique<ButtonView>(control, context, new QCheckBox(parent));
-    case Genre::option: return std::make_unique<ButtonView>(control, context, new QRadioButton(parent));
+    case Genre::case_à_cocher:
+      return std::make_unique<ButtonView>(control, context, new WholeArea<QCheckBox>(parent));
+    case Genre::option:
+      return std::make_unique<ButtonView>(control, context, new WholeArea<QRadioButton>(parent));
     case Genre::liste: return std::make_unique<ListView>(control, context, parent);
     case Genre::barre: return std::make_unique<BarView>(control, context, parent);
     case Genre::boîte_image: return std::make_unique<PictureBoxView>(control, context, parent);

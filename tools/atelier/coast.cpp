@@ -24,6 +24,7 @@ Warp warp_at(std::uint64_t seed, double x, double y, double raggedness) {
 
 std::vector<Point> places(const std::vector<Coast_point> &coast) {
   std::vector<Point> result;
+  result.reserve(coast.size());
   for (const Coast_point &c : coast) result.push_back(c.place);
   return result;
 }

@@ -124,6 +124,7 @@ std::vector<Sample> samples_of(const std::map<Pixel, long> &counts, int kept_bit
     coarse[{cut(c.r), cut(c.g), cut(c.b), 255}] += count;
   }
   std::vector<Sample> samples;
+  samples.reserve(coarse.size());
   for (const auto &[colour, count] : coarse) samples.push_back({colour, count});
   return samples;
 }
@@ -194,8 +195,8 @@ Indices indices_of(const Image &image, const Palette &palette, GifByteType hole,
       if (dithering == Dithering::none) continue;
       const Pixel &got = palette[index];
       const Error error{wanted[0] - got.r, wanted[1] - got.g, wanted[2] - got.b};
-      const auto ahead = static_cast<std::size_t>(x + 1 + step);
-      const auto behind = static_cast<std::size_t>(x + 1 - step);
+      const std::size_t ahead = step > 0 ? slot + 1 : slot - 1;
+      const std::size_t behind = step > 0 ? slot - 1 : slot + 1;
       for (std::size_t c = 0; c < 3; ++c) {
         here[ahead][c] += error[c] * 7;
         below[behind][c] += error[c] * 3;
@@ -227,6 +228,56 @@ Colour_map colour_map(const Palette &palette, std::size_t used) {
   throw std::runtime_error(fichier.string() + ": " + what);
 }
 
+/// A GIF file while it is written. Every step throws std::runtime_error when it fails.
+class Writer {
+ public:
+  explicit Writer(const std::filesystem::path &fichier) : fichier_(fichier) {
+    int error = 0;
+    gif_.reset(EGifOpenFileName(fichier.string().c_str(), false, &error));
+    if (!gif_) fail(fichier_, GifErrorString(error));
+    EGifSetGifVersion(gif_.get(), true);
+  }
+
+  void put_screen(const Image &image, const ColorMapObject &map) {
+    require(EGifPutScreenDesc(gif_.get(), image.width(), image.height(), 8, 0, &map));
+  }
+
+  void put_transparency(GifByteType index) {
+    GraphicsControlBlock control{DISPOSAL_UNSPECIFIED, false, 0, index};
+    std::array<GifByteType, 4> bytes{};
+    EGifGCBToExtension(&control, bytes.data());
+    require(
+        EGifPutExtension(gif_.get(), GRAPHICS_EXT_FUNC_CODE, static_cast<int>(bytes.size()), bytes.data()));
+  }
+
+  void put_lines(const Image &image, Indices &indices) {
+    require(EGifPutImageDesc(gif_.get(), 0, 0, image.width(), image.height(), false, nullptr));
+    GifPixelType *line = indices.data();
+    for (int y = 0; y < image.height(); ++y, line += image.width())
+      require(EGifPutLine(gif_.get(), line, image.width()));
+  }
+
+  void finish() {
+    int error = 0;
+    if (EGifCloseFile(gif_.release(), &error) == GIF_ERROR) fail(fichier_, GifErrorString(error));
+  }
+
+ private:
+  struct Close {
+    void operator()(GifFileType *file) const {
+      int ignored = 0;
+      EGifCloseFile(file, &ignored);
+    }
+  };
+
+  void require(int result) const {
+    if (result == GIF_ERROR) fail(fichier_, GifErrorString(gif_->Error));
+  }
+
+  std::filesystem::path fichier_;
+  std::unique_ptr<GifFileType, Close> gif_;
+};
+
 }  // namespace
 
 void écrire_gif(const std::filesystem::path &fichier, const Image &image, Dithering dithering) {
@@ -234,36 +285,20 @@ void écrire_gif(const std::filesystem::path &fichier, const Image &image, Dithe
   const bool has_hole =
       std::any_of(image.pixels().begin(), image.pixels().end(), [](const Pixel &p) { return !opaque(p); });
   const std::size_t room = most_colours - (has_hole ? 1 : 0);
+  const bool exact = counts.size() <= room;
   Palette palette;
-  if (counts.size() <= room)
+  if (exact)
     for (const auto &[colour, count] : counts) palette.push_back(colour);
   else
     palette = reduced_palette(image, counts, room);
-  const bool exact = counts.size() <= room;
   const auto hole = static_cast<GifByteType>(palette.size());
   Indices indices = indices_of(image, palette, hole, exact ? Dithering::none : dithering);
 
-  const Colour_map map = colour_map(palette, palette.size() + (has_hole ? 1 : 0));
-  int error = 0;
-  GifFileType *gif = EGifOpenFileName(fichier.string().c_str(), false, &error);
-  if (gif == nullptr) fail(fichier, GifErrorString(error));
-  const auto close = [&error](GifFileType *file) { EGifCloseFile(file, &error); };
-  const std::unique_ptr<GifFileType, decltype(close)> guard(gif, close);
-
-  const auto require = [&](int result) {
-    if (result == GIF_ERROR) fail(fichier, GifErrorString(gif->Error));
-  };
-  EGifSetGifVersion(gif, true);
-  require(EGifPutScreenDesc(gif, image.width(), image.height(), 8, 0, map.get()));
-  if (has_hole) {
-    GraphicsControlBlock control{DISPOSAL_UNSPECIFIED, false, 0, hole};
-    std::array<GifByteType, 4> bytes{};
-    EGifGCBToExtension(&control, bytes.data());
-    require(EGifPutExtension(gif, GRAPHICS_EXT_FUNC_CODE, static_cast<int>(bytes.size()), bytes.data()));
-  }
-  require(EGifPutImageDesc(gif, 0, 0, image.width(), image.height(), false, nullptr));
-  for (int y = 0; y < image.height(); ++y)
-    require(EGifPutLine(gif, indices.data() + static_cast<std::ptrdiff_t>(y) * image.width(), image.width()));
+  Writer writer(fichier);
+  writer.put_screen(image, *colour_map(palette, palette.size() + (has_hole ? 1 : 0)));
+  if (has_hole) writer.put_transparency(hole);
+  writer.put_lines(image, indices);
+  writer.finish();
 }
 
 Image lire_gif(const std::filesystem::path &fichier) {

@@ -101,7 +101,7 @@ Field halved(const Field &field) {
 Field blurred(const Field &field, double deviation) {
   // Three boxes of width w have the variance 3 (w^2 - 1) / 12.
   const double ideal = std::sqrt(4 * deviation * deviation + 1);
-  const int radius = std::max(0, static_cast<int>((ideal - 1) / 2 + 0.5));
+  const int radius = std::max(0, static_cast<int>(std::floor(ideal / 2)));
   Field result = field;
   if (radius > 0)
     for (int pass = 0; pass < 3; ++pass)

@@ -12,6 +12,16 @@ namespace {
 
 constexpr double never = 1e18;
 
+/// A label that reaches a cell at a time.
+struct Front {
+  double time = 0;
+  std::size_t cell = 0;
+  int label = 0;
+  bool operator>(const Front &other) const {
+    return std::tie(time, cell, label) > std::tie(other.time, other.cell, other.label);
+  }
+};
+
 struct Box {
   int left = 1 << 30, top = 1 << 30, right = -1, bottom = -1;
 };
@@ -71,29 +81,27 @@ double arrival(double across, double down, double c, double d) {
 
 Grid<int> grow(const std::vector<Seed> &seeds, const Field &cost, const Grid<int> &zone) {
   Grid<int> labels(cost.width(), cost.height(), 0);
-  Grid<int> front(cost.width(), cost.height(), 0);
   Field time(cost.width(), cost.height(), never);
-  using Entry = std::tuple<double, std::size_t, int>;
-  std::priority_queue<Entry, std::vector<Entry>, std::greater<>> open;
+  std::priority_queue<Front, std::vector<Front>, std::greater<>> open;
   for (std::size_t i = 0; i < seeds.size(); ++i) {
     const std::size_t at = cost.index(seeds[i].place.x, seeds[i].place.y);
     if (zone[at] == 0 || -seeds[i].advance >= time[at]) continue;
     time[at] = -seeds[i].advance;
-    front[at] = static_cast<int>(i) + 1;
-    open.emplace(time[at], at, front[at]);
+    open.push({time[at], at, static_cast<int>(i) + 1});
   }
   while (!open.empty()) {
-    const auto [t, i, label] = open.top();
+    const Front front = open.top();
     open.pop();
-    if (labels[i] != 0 || t > time[i]) continue;
-    labels[i] = label;
+    const std::size_t i = front.cell;
+    if (labels[i] != 0 || front.time > time[i]) continue;
+    labels[i] = front.label;
     const Cell c = cost.cell(i);
     for (std::size_t k = 0; k < side_neighbours; ++k) {
       const int x = c.x + neighbours[k].x;
       const int y = c.y + neighbours[k].y;
       if (!cost.contains(x, y) || zone.at(x, y) != zone[i] || labels.at(x, y) != 0) continue;
       const auto settled = [&](int dx, int dy) {
-        if (!cost.contains(x + dx, y + dy) || labels.at(x + dx, y + dy) != label) return never;
+        if (!cost.contains(x + dx, y + dy) || labels.at(x + dx, y + dy) != front.label) return never;
         return time.at(x + dx, y + dy);
       };
       const double across = std::min(settled(-1, 0), settled(1, 0));
@@ -101,7 +109,7 @@ Grid<int> grow(const std::vector<Seed> &seeds, const Field &cost, const Grid<int
       const double when = arrival(across, down, cost.at(x, y), steepness * cost.at(x, y));
       if (when >= time.at(x, y)) continue;
       time.at(x, y) = when;
-      open.emplace(when, cost.index(x, y), label);
+      open.push({when, cost.index(x, y), front.label});
     }
   }
   return labels;

@@ -13,10 +13,10 @@ constexpr Pixel black{0, 0, 0, 255};
 
 struct Band {
   /// Distance from the border up to which the band reaches, in map pixels.
-  double reach;
+  double reach = 0;
   Pixel colour;
   /// Only every second pixel, like the squares of a chess board.
-  bool sparse;
+  bool sparse = false;
 };
 
 /// From the border inward.
@@ -64,6 +64,7 @@ std::vector<Frame> frames_of(const Grid<int> &labels, int count) {
       e.bottom = std::max(e.bottom, y);
     }
   std::vector<Frame> frames;
+  frames.reserve(extents.size());
   for (const Extent &e : extents)
     frames.push_back({e.left, e.top, e.right - e.left + 1, e.bottom - e.top + 1});
   return frames;

@@ -36,14 +36,10 @@ double sine(double radians) {
   const double quarters = std::floor(radians / (pi / 2) + 0.5);
   const double x = radians - quarters * (pi / 2);
   switch (static_cast<std::int64_t>(quarters) & 3) {
-    case 0:
-      return sine_near_zero(x);
-    case 1:
-      return cosine_near_zero(x);
-    case 2:
-      return -sine_near_zero(x);
-    default:
-      return -cosine_near_zero(x);
+    case 0: return sine_near_zero(x);
+    case 1: return cosine_near_zero(x);
+    case 2: return -sine_near_zero(x);
+    default: return -cosine_near_zero(x);
   }
 }
 

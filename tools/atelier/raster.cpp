@@ -171,15 +171,9 @@ class Svg_reader {
         path_.move_to(pen_);
         command_ = relative ? 'l' : 'L';
         break;
-      case 'L':
-        path_.line_to(pen_ = point(relative));
-        break;
-      case 'H':
-        path_.line_to(pen_ = {relative ? pen_.x + number() : number(), pen_.y});
-        break;
-      case 'V':
-        path_.line_to(pen_ = {pen_.x, relative ? pen_.y + number() : number()});
-        break;
+      case 'L': path_.line_to(pen_ = point(relative)); break;
+      case 'H': path_.line_to(pen_ = {relative ? pen_.x + number() : number(), pen_.y}); break;
+      case 'V': path_.line_to(pen_ = {pen_.x, relative ? pen_.y + number() : number()}); break;
       case 'C':
       case 'S': {
         const Point first = kind == 'C' ? point(relative) : last_cubic_ ? pen_ + (pen_ - control_) : pen_;
@@ -204,8 +198,7 @@ class Svg_reader {
         pen_ = start_;
         command_ = '\0';
         break;
-      default:
-        fail();
+      default: fail();
     }
     control_ = control;
     last_cubic_ = cubic;

@@ -4,12 +4,13 @@
 // toolkit's painter does not promise. Coverage is sampled on 16 lines a pixel, and is exact along each line.
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
 #include <string_view>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace atelier {
@@ -20,7 +21,10 @@ struct Pixel {
   std::uint8_t g = 0;
   std::uint8_t b = 0;
   std::uint8_t a = 255;
-  auto operator<=>(const Pixel &) const = default;
+  bool operator==(const Pixel &) const = default;
+  bool operator<(const Pixel &other) const {
+    return std::tie(r, g, b, a) < std::tie(other.r, other.g, other.b, other.a);
+  }
 };
 
 inline constexpr Pixel transparent{0, 0, 0, 0};

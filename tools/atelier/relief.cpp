@@ -33,7 +33,7 @@ Pixel to_pixel(Colour c) {
 
 struct Tint {
   /// Metres above the sea, or map pixels from the coast.
-  double at;
+  double at = 0;
   Colour colour;
 };
 

@@ -72,23 +72,16 @@ Lie lie_of_the_land(const Shores &shores, const Terrain &terrain, const std::vec
 /// 0 where the pixel is what the hint wants, 1 where it is nothing like it.
 double want(const Lie &lie, Indice indice, std::size_t i) {
   switch (indice) {
-    case Indice::côte:
-      return smooth_step(6.5, 20, lie.sea[i]);
-    case Indice::île:
-      return 0.3 * smooth_step(6, 12, lie.sea[i]);
-    case Indice::rivière:
-      return smooth_step(5.5, 16, std::min<double>(lie.river[i], lie.arm[i]));
-    case Indice::lac:
-      return smooth_step(6.5, 18, lie.lake[i]);
-    case Indice::montagne:
-      return 1 - smooth_step(150, 450, lie.height[i] + 8 * lie.slope[i]);
-    case Indice::forêt:
-      return 1 - smooth_step(0.1, 0.45, lie.wood[i]);
+    case Indice::côte: return smooth_step(6.5, 20, lie.sea[i]);
+    case Indice::île: return 0.3 * smooth_step(6, 12, lie.sea[i]);
+    case Indice::rivière: return smooth_step(5.5, 16, std::min<double>(lie.river[i], lie.arm[i]));
+    case Indice::lac: return smooth_step(6.5, 18, lie.lake[i]);
+    case Indice::montagne: return 1 - smooth_step(150, 450, lie.height[i] + 8 * lie.slope[i]);
+    case Indice::forêt: return 1 - smooth_step(0.1, 0.45, lie.wood[i]);
     case Indice::delta:
       return std::max(smooth_step(25, 90, lie.height[i]),
                       0.6 * smooth_step(6, 22, std::min<double>(lie.arm[i], lie.river[i])));
-    case Indice::plaine:
-      return 0;
+    case Indice::plaine: return 0;
   }
   return 0;
 }

@@ -1,0 +1,351 @@
+// Each kind of control: how its data is shown, and what the player does with it.
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTest>
+
+#include "stage.h"
+
+namespace ardane {
+namespace {
+
+class Controls : public testing::Test {
+ protected:
+  Contrôle &add(const std::string &name, Genre genre, Contrôle *holder = nullptr) {
+    return place(window, name, genre, {10, 5, 120, 40}, holder);
+  }
+  void show() {
+    window.largeur = 300;
+    window.hauteur = 200;
+    stage.renderer.montrer(window);
+  }
+
+  Stage stage{{{"drapeau", 20, 10, Qt::red}}};
+  Fenêtre window{"fenêtre"};
+};
+
+TEST_F(Controls, ALabelShowsItsTextFontColoursAndAlignment) {
+  Contrôle &label = add("étiquette(1)", Genre::étiquette);
+  label.texte = "Trouvez & <b>cherchez</b>";
+  label.police = {Famille_police::times, 12, true};
+  label.alignement = Alignement::droite;
+  label.fond = Couleur{0, 0, 0};
+  label.couleur = Couleur{255, 255, 0};
+  show();
+  auto *shown = stage.widget<QLabel>(window, "étiquette(1)");
+  ASSERT_NE(shown, nullptr);
+  EXPECT_EQ(shown->text(), "Trouvez & <b>cherchez</b>");
+  EXPECT_EQ(shown->textFormat(), Qt::PlainText);
+  EXPECT_EQ(shown->font().pixelSize(), 16);
+  EXPECT_TRUE(shown->font().bold());
+  EXPECT_EQ(shown->font().families().first(), "Times New Roman");
+  EXPECT_TRUE(shown->alignment().testFlag(Qt::AlignRight));
+  EXPECT_EQ(shown->palette().color(QPalette::Window), QColor(0, 0, 0));
+  EXPECT_EQ(shown->palette().color(QPalette::WindowText), QColor(255, 255, 0));
+  EXPECT_TRUE(shown->autoFillBackground());
+}
+
+TEST_F(Controls, ATextTooLongForItsLabelIsSetSmaller) {
+  Contrôle &label = add("nom", Genre::étiquette);
+  label.hauteur = 22;
+  label.police = {Famille_police::times, 12, false};
+  label.texte = "Court";
+  show();
+  auto *shown = stage.widget<QLabel>(window, "nom");
+  EXPECT_EQ(shown->font().pixelSize(), 16);
+  label.texte = "Un nom un peu trop long";
+  stage.renderer.sync();
+  EXPECT_LT(shown->font().pixelSize(), 16);
+  EXPECT_LE(shown->fontMetrics().horizontalAdvance(shown->text()), 120);
+  label.texte = "Court";
+  stage.renderer.sync();
+  EXPECT_EQ(shown->font().pixelSize(), 16);
+}
+
+TEST_F(Controls, AHighLabelWrapsItsText) {
+  Contrôle &label = add("haute", Genre::étiquette);
+  Contrôle &low = add("basse", Genre::étiquette);
+  low.hauteur = 14;
+  label.texte = low.texte = "un deux trois quatre cinq six sept";
+  show();
+  EXPECT_TRUE(stage.widget<QLabel>(window, "haute")->wordWrap());
+  EXPECT_FALSE(stage.widget<QLabel>(window, "basse")->wordWrap());
+}
+
+TEST_F(Controls, APushButtonClicksOnceAndKeepsAnAmpersand) {
+  Contrôle &button = add("bouton", Genre::bouton);
+  button.texte = "Oui & non";
+  int clicks = 0;
+  button.clic = [&] { ++clicks; };
+  show();
+  auto *shown = stage.widget<QPushButton>(window, "bouton");
+  EXPECT_EQ(shown->text(), "Oui && non");
+  EXPECT_EQ(shown->accessibleName(), "");
+  QTest::mouseClick(shown, Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(window.focus, &button);
+  QTest::keyClick(shown, Qt::Key_Return);
+  EXPECT_EQ(clicks, 1) << "no button is the window's default";
+  QTest::keyClick(shown, Qt::Key_Space);
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(Controls, APictureButtonShowsItsPictureAndSpeaksItsToolTip) {
+  Contrôle &button = add("bouton", Genre::bouton);
+  button.image = stage.catalogue.chercher("drapeau");
+  button.infobulle = "Je passe !";
+  show();
+  auto *shown = stage.widget<QPushButton>(window, "bouton");
+  EXPECT_EQ(shown->iconSize(), QSize(20, 10));
+  EXPECT_FALSE(shown->icon().isNull());
+  EXPECT_EQ(shown->toolTip(), "Je passe !");
+  EXPECT_EQ(shown->accessibleName(), "Je passe !");
+}
+
+TEST_F(Controls, ADisabledButtonTakesNoClick) {
+  Contrôle &button = add("bouton", Genre::bouton);
+  button.actif = false;
+  int clicks = 0;
+  button.clic = [&] { ++clicks; };
+  show();
+  QTest::mouseClick(stage.widget<QPushButton>(window, "bouton"), Qt::LeftButton);
+  EXPECT_EQ(clicks, 0);
+  button.actif = true;
+  stage.renderer.sync();
+  QTest::mouseClick(stage.widget<QPushButton>(window, "bouton"), Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(Controls, ACheckBoxHasItsNewStateWhenItsClickIsHandled) {
+  Contrôle &box = add("case", Genre::case_à_cocher);
+  bool seen = false;
+  box.clic = [&] { seen = box.coché; };
+  show();
+  auto *shown = stage.widget<QCheckBox>(window, "case");
+  shown->click();
+  EXPECT_TRUE(seen);
+  EXPECT_TRUE(shown->isChecked());
+  box.coché = false;
+  stage.renderer.sync();
+  EXPECT_FALSE(shown->isChecked());
+}
+
+TEST_F(Controls, ACheckBoxThatTheRulesClearAgainIsClear) {
+  Contrôle &box = add("case", Genre::case_à_cocher);
+  box.clic = [&] { box.coché = false; };
+  show();
+  auto *shown = stage.widget<QCheckBox>(window, "case");
+  shown->click();
+  EXPECT_FALSE(shown->isChecked());
+}
+
+TEST_F(Controls, OptionsOfOneFrameExcludeEachOther) {
+  Contrôle &frame = add("cadre", Genre::cadre);
+  Contrôle &other_frame = add("autre", Genre::cadre);
+  Contrôle &first = add("premier", Genre::option, &frame);
+  Contrôle &second = add("second", Genre::option, &frame);
+  Contrôle &third = add("troisième", Genre::option, &other_frame);
+  first.coché = third.coché = true;
+  show();
+  stage.widget<QRadioButton>(window, "second")->click();
+  EXPECT_FALSE(first.coché);
+  EXPECT_TRUE(second.coché);
+  EXPECT_TRUE(third.coché);
+  EXPECT_FALSE(stage.widget<QRadioButton>(window, "premier")->isChecked());
+  EXPECT_TRUE(stage.widget<QRadioButton>(window, "troisième")->isChecked());
+  second.coché = false;
+  stage.renderer.sync();
+  EXPECT_FALSE(stage.widget<QRadioButton>(window, "second")->isChecked()) << "the data may mark none";
+}
+
+TEST_F(Controls, AFrameHoldsItsControlsAtTheirPlacesInIt) {
+  Contrôle &frame = add("cadre", Genre::cadre);
+  frame.texte = "Difficulté";
+  Contrôle &inside = add("dedans", Genre::étiquette, &frame);
+  inside.gauche = 7.6;
+  show();
+  EXPECT_EQ(stage.widget<QGroupBox>(window, "cadre")->title(), "Difficulté");
+  QWidget *label = stage.widget(window, "dedans");
+  EXPECT_EQ(label->parentWidget(), stage.widget(window, "cadre"));
+  EXPECT_EQ(label->geometry(), QRect(8, 5, 120, 40));
+  const QPoint corner = label->mapToGlobal(QPoint(0, 0));
+  EXPECT_EQ(stage.renderer.rectangle(window, inside),
+            (Rect{corner.x(), corner.y(), corner.x() + 120, corner.y() + 40}));
+}
+
+TEST_F(Controls, TypingReplacesTheTextAndTellsOfEachChange) {
+  Contrôle &line = add("ligne", Genre::texte);
+  int changes = 0;
+  line.changement = [&] { ++changes; };
+  show();
+  QTest::keyClicks(stage.widget<QLineEdit>(window, "ligne"), "Élo");
+  EXPECT_EQ(line.texte, "Élo");
+  EXPECT_EQ(changes, 3);
+  line.texte = "autre";
+  stage.renderer.sync();
+  EXPECT_EQ(stage.widget<QLineEdit>(window, "ligne")->text(), "autre");
+  EXPECT_EQ(changes, 3) << "what the program writes is no change of the player's";
+}
+
+TEST_F(Controls, TheRulesMayRewriteWhatIsTyped) {
+  Contrôle &line = add("ligne", Genre::texte);
+  line.changement = [&] { line.texte = "A"; };
+  show();
+  QTest::keyClicks(stage.widget<QLineEdit>(window, "ligne"), "AB");
+  EXPECT_EQ(stage.widget<QLineEdit>(window, "ligne")->text(), "A");
+}
+
+TEST_F(Controls, AReadOnlyBoxTakesNoText) {
+  Contrôle &line = add("ligne", Genre::texte);
+  line.lecture_seule = true;
+  line.texte = "fixe";
+  show();
+  QTest::keyClicks(stage.widget<QLineEdit>(window, "ligne"), "x");
+  EXPECT_EQ(line.texte, "fixe");
+  EXPECT_TRUE(stage.widget<QLineEdit>(window, "ligne")->isReadOnly());
+}
+
+TEST_F(Controls, AnEmptyCounterIsNoBlackBox) {
+  Contrôle &sign = add("Digit(0)", Genre::texte);
+  sign.lecture_seule = true;
+  sign.fond = Couleur{0, 0, 0};
+  show();
+  EXPECT_FALSE(stage.widget(window, "Digit(0)")->isVisible());
+  EXPECT_TRUE(sign.visible);
+  sign.texte = "-";
+  stage.renderer.sync();
+  EXPECT_TRUE(stage.widget(window, "Digit(0)")->isVisible());
+}
+
+TEST_F(Controls, EnterInAControlReachesItsHandler) {
+  Contrôle &line = add("ligne", Genre::texte);
+  int entries = 0;
+  line.entrée = [&] { ++entries; };
+  show();
+  QTest::keyClick(stage.widget(window, "ligne"), Qt::Key_Return);
+  QTest::keyClick(stage.widget(window, "ligne"), Qt::Key_Enter);
+  EXPECT_EQ(entries, 2);
+}
+
+TEST_F(Controls, AMultilineBoxTakesLinesAndKeepsEnter) {
+  Contrôle &page = add("page", Genre::texte);
+  page.multiligne = true;
+  page.entrée = [] { FAIL(); };
+  show();
+  auto *shown = stage.widget<QPlainTextEdit>(window, "page");
+  QTest::keyClicks(shown, "un");
+  QTest::keyClick(shown, Qt::Key_Return);
+  QTest::keyClicks(shown, "deux");
+  EXPECT_EQ(page.texte, "un\ndeux");
+}
+
+TEST_F(Controls, AListShowsItemsAndReportsTheChoice) {
+  Contrôle &list = add("liste", Genre::liste);
+  list.éléments = {"un", "deux", "trois"};
+  list.choix = 2;
+  int changes = 0, doubles = 0;
+  list.changement = [&] { ++changes; };
+  list.double_clic = [&] { ++doubles; };
+  show();
+  auto *shown = stage.widget<QListWidget>(window, "liste");
+  ASSERT_EQ(shown->count(), 3);
+  EXPECT_EQ(shown->currentRow(), 1);
+  EXPECT_EQ(changes, 0);
+  const QPoint third = shown->visualItemRect(shown->item(2)).center();
+  QTest::mouseClick(shown->viewport(), Qt::LeftButton, {}, third);
+  EXPECT_EQ(list.choix, 3);
+  EXPECT_EQ(changes, 1);
+  QTest::mouseDClick(shown->viewport(), Qt::LeftButton, {}, third);
+  EXPECT_EQ(doubles, 1);
+  list.éléments = {"seul"};
+  list.choix = 0;
+  stage.renderer.sync();
+  EXPECT_EQ(shown->count(), 1);
+  EXPECT_EQ(shown->currentRow(), -1);
+  EXPECT_EQ(changes, 1) << "what the program selects is no choice of the player's";
+}
+
+TEST_F(Controls, ABarMovesByItsStepsAndFollowsItsRange) {
+  Contrôle &bar = add("barre", Genre::barre);
+  bar.hauteur = 15;
+  bar.max = 100;
+  bar.petit_pas = 7;
+  bar.grand_pas = 30;
+  int changes = 0;
+  bar.changement = [&] { ++changes; };
+  show();
+  auto *shown = stage.widget<QScrollBar>(window, "barre");
+  EXPECT_EQ(shown->orientation(), Qt::Horizontal);
+  shown->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+  EXPECT_EQ(bar.valeur, 7);
+  shown->triggerAction(QAbstractSlider::SliderPageStepAdd);
+  EXPECT_EQ(bar.valeur, 37);
+  EXPECT_EQ(changes, 2);
+  fixer_bornes(bar, 0, 20);
+  stage.renderer.sync();
+  EXPECT_EQ(shown->maximum(), 20);
+  EXPECT_EQ(shown->value(), 20);
+  EXPECT_EQ(changes, 3);
+}
+
+TEST_F(Controls, ABarsThumbTellsOnlyWhereItIsLetGo) {
+  Contrôle &bar = add("barre", Genre::barre);
+  bar.largeur = 14;
+  bar.hauteur = 150;
+  bar.max = 100;
+  int changes = 0;
+  bar.changement = [&] { ++changes; };
+  show();
+  auto *shown = stage.widget<QScrollBar>(window, "barre");
+  EXPECT_EQ(shown->orientation(), Qt::Vertical);
+  shown->setSliderDown(true);
+  shown->setSliderPosition(40);
+  shown->setSliderPosition(60);
+  EXPECT_EQ(changes, 0);
+  shown->setSliderDown(false);
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(bar.valeur, 60);
+}
+
+TEST_F(Controls, APictureStretchesOverItsControl) {
+  Contrôle &box = add("boîte", Genre::boîte_image);
+  Contrôle &picture = add("image", Genre::image, &box);
+  picture.image = stage.catalogue.chercher("drapeau");
+  picture.étirée = true;
+  picture.gauche = picture.haut = 0;
+  int clicks = 0;
+  picture.clic = [&] { ++clicks; };
+  show();
+  QWidget *shown = stage.widget(window, "image");
+  const QImage image = shown->grab().toImage();
+  EXPECT_EQ(image.size(), QSize(120, 40));
+  EXPECT_EQ(image.pixelColor(60, 20), QColor(Qt::red));
+  EXPECT_EQ(image.pixelColor(118, 38), QColor(Qt::red));
+  QTest::mouseClick(shown, Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(Controls, AMissingPictureShowsNothingAndIsNamed) {
+  stage.catalogue = CatalogueImages("drapeau|drapeau.png|20|10\nabsente|absente.gif|4|4\n");
+  PictureStore pictures(stage.catalogue, stage.folder.path());
+  EXPECT_TRUE(pictures.pixmap(stage.catalogue.chercher("absente"), 1).isNull());
+  EXPECT_EQ(pictures.unreadable(), QStringList{"absente"});
+}
+
+TEST_F(Controls, AFileThatIsNoPictureIsNamedToo) {
+  QFile file(stage.folder.filePath("drapeau.png"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("GIF ou presque");
+  file.close();
+  EXPECT_EQ(stage.pictures.unreadable(), QStringList{"drapeau"});
+  EXPECT_TRUE(stage.pictures.pixmap(stage.catalogue.chercher("drapeau"), 1).isNull());
+}
+
+}  // namespace
+}  // namespace ardane

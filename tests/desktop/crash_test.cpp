@@ -1,0 +1,54 @@
+// An unforeseen error: one box, exit code 1, and not a line of the program after it.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QMessageBox>
+#include <QProcess>
+
+#include "crash_child.h"
+
+namespace {
+
+struct Death {
+  int code;
+  QString output;
+};
+
+Death die(const char *way) {
+  QProcess child;
+  child.start(QCoreApplication::applicationFilePath(), {QString::fromUtf8(crash_option.data()), way});
+  EXPECT_TRUE(child.waitForFinished());
+  return {child.exitCode(), QString::fromUtf8(child.readAllStandardOutput())};
+}
+
+QString box(const char *cause) {
+  return QStringLiteral("%1|L'Ardane et ses provinces|Une erreur imprévue arrête le programme : %2|1\n")
+      .arg(QMessageBox::Critical)
+      .arg(QString::fromUtf8(cause));
+}
+
+TEST(Crash, AFatalErrorNamesItsPlace) {
+  const Death death = die("fatale");
+  EXPECT_EQ(death.code, 1);
+  EXPECT_EQ(death.output, box("Panne (regle.cpp, ligne 12)"));
+}
+
+TEST(Crash, AnIndexOutsideItsTableIsFatal) {
+  const Death death = die("indice");
+  EXPECT_EQ(death.code, 1);
+  EXPECT_TRUE(death.output.contains("Indice 4 hors des bornes 1 à 3")) << death.output.toStdString();
+}
+
+TEST(Crash, WhateverIsThrownIsCaught) {
+  const Death death = die("inconnue");
+  EXPECT_EQ(death.code, 1);
+  EXPECT_EQ(death.output, box("cause inconnue"));
+}
+
+TEST(Crash, AnErrorInAModalWindowEndsTheProgramFromThere) {
+  const Death death = die("boucle");
+  EXPECT_EQ(death.code, 1);
+  EXPECT_EQ(death.output, box("Panne (regle.cpp, ligne 12)"));
+}
+
+}  // namespace

@@ -1,0 +1,173 @@
+// The map's viewport: stacking order, damage, fine pictures, presses and tool tips.
+#include "platform/qt/map_view.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolTip>
+
+#include "map/pointing.h"
+#include "stage.h"
+
+namespace ardane {
+namespace {
+
+const QColor sea(0, 0, 200), land(200, 200, 0), mark(200, 0, 0);
+
+class MapViews : public testing::Test {
+ protected:
+  MapViews() {
+    view.gauche = view.haut = 0;
+    view.largeur = 100;
+    view.hauteur = 80;
+    window.largeur = 100;
+    window.hauteur = 80;
+    map.genre = Genre::image;
+  }
+  Contrôle &picture(const std::string &name, const char *image, int x, int y) {
+    Contrôle &control = place(window, name, Genre::image, {x, y, 0, 0}, &view);
+    poser_image(control, stage.catalogue.chercher(image));
+    return control;
+  }
+  MapView &shown() {
+    if (widget == nullptr) {
+      widget = std::make_unique<MapView>(view, context,
+                                         Pointing{[this](double x, double y) {
+                                                    pressed = {static_cast<int>(x), static_cast<int>(y)};
+                                                    cursor = stage.screen.curseur();
+                                                    return under;
+                                                  },
+                                                  [this](double, double) { return under; }},
+                                         nullptr);
+      widget->setGeometry(50, 60, 100, 80);
+      widget->show();
+    }
+    widget->sync_pictures();
+    return *widget;
+  }
+  QColor at(int x, int y) { return shown().grab().toImage().pixelColor(x, y); }
+  QRect damage() { return shown().last_damage().boundingRect(); }
+
+  Stage stage{{{"mer", 120, 90, sea}, {"terre", 30, 30, land}, {"point", 6, 6, mark, true}}};
+  Fenêtre window{"carte"};
+  Contrôle &view = place(window, "Carte", Genre::vue, {});
+  Contrôle &map = place(window, "image_région(0)", Genre::image, {0, 0, 120, 90}, &view);
+  ViewContext context{window, stage.dispatcher, stage.pictures, stage.screen};
+  std::unique_ptr<MapView> widget;
+  Contrôle *under = nullptr;
+  QPoint pressed;
+  Point cursor;
+};
+
+TEST_F(MapViews, TheHigherPlanIsPaintedLast) {
+  poser_image(map, stage.catalogue.chercher("mer"));
+  Contrôle &low = picture("Pays(1)", "terre", 10, 10);
+  picture("rond(1)", "point", 20, 20);
+  EXPECT_EQ(at(5, 5), sea);
+  EXPECT_EQ(at(12, 12), land);
+  EXPECT_EQ(at(22, 22), mark);
+  window.au_premier_plan(low);
+  EXPECT_EQ(at(22, 22), land);
+}
+
+TEST_F(MapViews, HiddenPicturesAndThoseWithoutImageAreNotPainted) {
+  poser_image(map, stage.catalogue.chercher("mer"));
+  Contrôle &low = picture("Pays(1)", "terre", 10, 10);
+  picture("vide", "absente", 10, 10);
+  low.visible = false;
+  EXPECT_EQ(at(12, 12), sea);
+}
+
+TEST_F(MapViews, OnlyWhatChangedIsDamaged) {
+  poser_image(map, stage.catalogue.chercher("mer"));
+  Contrôle &low = picture("Pays(1)", "terre", 10, 10);
+  Contrôle &high = picture("rond(1)", "point", 60, 50);
+  shown();
+  EXPECT_TRUE(damage().isNull()) << "nothing changed";
+  high.visible = false;
+  EXPECT_EQ(damage(), QRect(60, 50, 6, 6));
+  high.visible = true;
+  EXPECT_EQ(damage(), QRect(60, 50, 6, 6));
+  low.gauche = 15;
+  EXPECT_EQ(damage(), QRect(10, 10, 35, 30));
+  poser_image(low, stage.catalogue.chercher("point"));
+  EXPECT_EQ(damage(), QRect(15, 10, 30, 30));
+}
+
+TEST_F(MapViews, ARestackThatChangesNoOrderDamagesNothing) {
+  poser_image(map, stage.catalogue.chercher("mer"));
+  Contrôle &low = picture("Pays(1)", "terre", 10, 10);
+  Contrôle &high = picture("rond(1)", "point", 20, 20);
+  shown();
+  for (Contrôle *control : {&map, &low, &high}) window.au_premier_plan(*control);
+  EXPECT_TRUE(damage().isNull());
+  window.au_premier_plan(low);
+  EXPECT_TRUE(damage().contains(QRect(20, 20, 6, 6)));
+  EXPECT_EQ(at(22, 22), land);
+}
+
+TEST_F(MapViews, PicturesOutsideTheViewportCostNothing) {
+  Contrôle &far = picture("Pays(1)", "terre", 200, 200);
+  shown();
+  far.gauche = 220;
+  EXPECT_TRUE(damage().isNull());
+}
+
+TEST_F(MapViews, APaintCoversTheDamageAlone) {
+  poser_image(map, stage.catalogue.chercher("mer"));
+  Contrôle &high = picture("rond(1)", "point", 60, 50);
+  shown();
+  QApplication::processEvents();
+  struct Watch : QObject {
+    bool eventFilter(QObject *, QEvent *event) override {
+      if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent *>(event)->region();
+      return false;
+    }
+    QRegion painted;
+  } watch;
+  shown().installEventFilter(&watch);
+  high.visible = false;
+  shown();
+  QApplication::processEvents();
+  EXPECT_EQ(watch.painted.boundingRect(), QRect(60, 50, 6, 6));
+}
+
+TEST_F(MapViews, AtTwiceTheResolutionTheFinePictureIsTaken) {
+  const Image point = stage.catalogue.chercher("point");
+  const Image coarse = stage.catalogue.chercher("terre");
+  EXPECT_EQ(stage.pictures.pixmap(point, 1).size(), QSize(6, 6));
+  EXPECT_EQ(stage.pictures.pixmap(point, 2).size(), QSize(12, 12));
+  EXPECT_EQ(stage.pictures.pixmap(point, 2).deviceIndependentSize(), QSizeF(6, 6));
+  EXPECT_EQ(stage.pictures.pixmap(point, 2).toImage().pixelColor(1, 1), QColor(55, 255, 255));
+  EXPECT_EQ(stage.pictures.pixmap(coarse, 2).size(), QSize(30, 30)) << "there is no finer one";
+  EXPECT_EQ(stage.pictures.pixmap(point, 1.5).size(), QSize(6, 6));
+}
+
+TEST_F(MapViews, APressReachesThePictureWithTheCursorWhereItWas) {
+  int clicks = 0;
+  map.clic = [&] { ++clicks; };
+  under = &map;
+  QTest::mouseClick(&shown(), Qt::LeftButton, {}, QPoint(30, 40));
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(pressed, QPoint(30, 40));
+  const QPoint on_screen = shown().mapToGlobal(QPoint(30, 40));
+  EXPECT_EQ(cursor, (Point{on_screen.x(), on_screen.y()}));
+  QTest::mouseClick(&shown(), Qt::RightButton, {}, QPoint(30, 40));
+  EXPECT_EQ(clicks, 1);
+  QTest::mouseDClick(&shown(), Qt::LeftButton, {}, QPoint(30, 40));
+  EXPECT_EQ(clicks, 2) << "the second press of a hurried player counts";
+  under = nullptr;
+  QTest::mouseClick(&shown(), Qt::LeftButton, {}, QPoint(30, 40));
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(MapViews, ADotShowsItsToolTip) {
+  Contrôle &dot = picture("RondPref(1)", "point", 20, 20);
+  dot.infobulle = "Vaudreuse";
+  under = &dot;
+  QHelpEvent help(QEvent::ToolTip, QPoint(22, 22), shown().mapToGlobal(QPoint(22, 22)));
+  QApplication::sendEvent(&shown(), &help);
+  EXPECT_EQ(QToolTip::text(), "Vaudreuse");
+}
+
+}  // namespace
+}  // namespace ardane

@@ -44,6 +44,7 @@ void expect_all_apart(const std::vector<Image> &pictures, const std::vector<Armo
                       double least) {
   for (const Eyes eyes : vision::all_eyes) {
     std::vector<vision::Impression> impressions;
+    impressions.reserve(pictures.size());
     for (const Image &picture : pictures) impressions.push_back(vision::impression(picture, block, eyes));
     double closest = 1e9;
     for (std::size_t i = 0; i < impressions.size(); ++i)

@@ -108,6 +108,7 @@ std::vector<Nœud> complétés(std::vector<Nœud> nœuds, double axe) {
 
 Path polygone(const std::vector<Nœud> &nœuds) {
   std::vector<Point> points;
+  points.reserve(nœuds.size());
   for (const Nœud &nœud : nœuds) points.push_back(nœud.p);
   return Path().add_polygon(points);
 }

@@ -603,7 +603,7 @@ std::string_view nom(Émail émail) {
 }
 
 Blason lire_blason(std::string_view texte, const Meubles &meubles) {
-  const Blason blason = Lecteur(texte, meubles).lire();
+  Blason blason = Lecteur(texte, meubles).lire();
   Règle_des_émaux(texte).vérifier(blason);
   return blason;
 }

@@ -291,7 +291,7 @@ class Peintre {
     std::vector<Place> places;
     for (std::size_t i = 0; i < cadres.size(); ++i) {
       if (nombres[i] == 0) continue;
-      const auto siennes = disposés(objet, nombres[i], cadres[i], meuble);
+      const auto siennes = disposés(objet, nombres[i], cadres[i], autour, meuble);
       places.insert(places.end(), siennes.begin(), siennes.end());
     }
     poser(meuble, objet, places, autour, marge(autour));
@@ -317,7 +317,7 @@ class Peintre {
         c.h = peindre_sol(annexe.objet, zone_) - c.y;
         au_sol = true;
       } else {
-        compagnies.push_back({&annexe.objet, places_prises(annexe, c)});
+        compagnies.push_back({&annexe.objet, places_prises(annexe, zone_, c)});
       }
     }
     for (const Compagnie &compagnie : compagnies)
@@ -326,7 +326,7 @@ class Peintre {
     if (objet.disposition == Disposition::mouvant_de_la_pointe)
       poser_mouvant(meuble, objet, zone_);
     else
-      poser(meuble, objet, disposés(objet, objet.nombre, c, meuble), zone_,
+      poser(meuble, objet, disposés(objet, objet.nombre, c, zone_, meuble), zone_,
             au_sol ? marge(zone_) : marge_du_principal(objet, zone_), au_sol);
   }
 
@@ -338,7 +338,7 @@ class Peintre {
   }
 
   /// The places of what accompanies a charge; their room is taken from the charge's frame.
-  std::vector<Place> places_prises(const Annexe &annexe, Cadre &c) const {
+  std::vector<Place> places_prises(const Annexe &annexe, const Zone &zone_, Cadre &c) const {
     const Objet &objet = annexe.objet;
     if (annexe.relation == Relation::accosté) return places_des_côtés(objet.nombre, c);
     if (annexe.relation == Relation::cantonné || objet.nombre == 4) return places_des_cantons(c);
@@ -348,12 +348,12 @@ class Peintre {
     if (annexe.lieu == Lieu::en_pointe) {
       const double h = c.h * 0.27;
       c.h -= h;
-      return disposés(objet, objet.nombre, {c.x, c.bas(), c.l, h}, meuble);
+      return disposés(objet, objet.nombre, {c.x, c.bas(), c.l, h}, zone_, meuble);
     }
     const double h = c.h * 0.26;
     const Cadre chef{c.x, c.y, c.l, h};
     c = {c.x, c.y + h, c.l, c.h - h};
-    return disposés(objet, objet.nombre, chef, meuble);
+    return disposés(objet, objet.nombre, chef, zone_, meuble);
   }
 
   static std::vector<Place> places_des_côtés(int nombre, Cadre &c) {
@@ -384,7 +384,7 @@ class Peintre {
   static std::vector<Place> places_deux_et_une(Cadre &c) {
     const double l = c.l * 0.3;
     const double h = c.h * 0.26;
-    const std::vector<Place> places{
+    std::vector<Place> places{
         {{c.x, c.y, l, h}}, {{c.droite() - l, c.y, l, h}}, {{c.centre().x - l / 2, c.bas() - h, l, h}}};
     c = {c.x + c.l * 0.1, c.y + h * 0.6, c.l * 0.8, c.h - h * 1.55};
     return places;

@@ -146,14 +146,15 @@ std::vector<int> rangs_usuels(int nombre, const Cadre &cadre, double allongement
     case 8: return {3, 2, 3};
     case 9: return {3, 3, 3};
     case 10: return {4, 3, 2, 1};
-    case 11: return {4, 3, 4};
-    default: return {4, 4, 4};
+    case 11: return {4, 4, 2, 1};
+    default: return {4, 4, 3, 1};
   }
 }
 
 std::vector<Place> le_long(Point a, Point b, int nombre, double largeur, double angle) {
   const double chacun = longueur(a, b) / nombre;
   std::vector<Place> places;
+  places.reserve(static_cast<std::size_t>(nombre));
   for (int i = 0; i < nombre; ++i)
     places.push_back({autour_de(entre(a, b, (i + 0.5) / nombre), chacun, largeur), angle});
   return places;

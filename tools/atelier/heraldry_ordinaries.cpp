@@ -66,6 +66,7 @@ double Pièces_honorables::épaisseur(Pièce pièce, int nombre) const {
 
 std::vector<Path> Pièces_honorables::formes(Pièce pièce, int nombre, Ligne ligne) const {
   std::vector<Path> result;
+  result.reserve(static_cast<std::size_t>(nombre));
   for (int rang = 0; rang < nombre; ++rang) result.push_back(forme(pièce, rang, nombre, ligne));
   return result;
 }

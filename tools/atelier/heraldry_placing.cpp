@@ -12,12 +12,6 @@ namespace {
 constexpr double quart_de_tour = pi / 2;
 constexpr double en_biais = pi / 4;
 
-/// The zone that is just the frame, for what goes around it.
-Zone zone_du_cadre(const Cadre &c) {
-  return zone(coverage(rectangle(c), static_cast<int>(std::ceil(c.droite())) + 1,
-                       static_cast<int>(std::ceil(c.bas())) + 1));
-}
-
 std::vector<Place> en_diagonale(const Cadre &c, int nombre, bool bande, double allongement) {
   if (nombre == 1) return {{c, (allongement < 1) == bande ? -en_biais : en_biais}};
   const Point a = bande ? Point{c.x, c.y} : Point{c.droite(), c.y};
@@ -88,7 +82,8 @@ std::optional<Point> centre_libre(const Silhouette &s, const Place &place, const
 
 }  // namespace
 
-std::vector<Place> disposés(const Objet &objet, int nombre, const Cadre &c, const Meuble &meuble) {
+std::vector<Place> disposés(const Objet &objet, int nombre, const Cadre &c, const Zone &zone_,
+                            const Meuble &meuble) {
   const double allongement = meuble.largeur / meuble.hauteur;
   switch (objet.disposition) {
     case Disposition::en_rangs:
@@ -112,7 +107,8 @@ std::vector<Place> disposés(const Objet &objet, int nombre, const Cadre &c, con
       if (nombre == 5) return en_rangs(c, {1, 3, 1});
       break;
     case Disposition::en_orle:
-      return places_sur_le_tour(zone_du_cadre(c), c.petit_côté() * 0.15, nombre, c.petit_côté() * 0.2);
+      return places_sur_le_tour(zone_, zone_.cadre.petit_côté() * 0.15, nombre,
+                                zone_.cadre.petit_côté() * 0.2);
     case Disposition::mouvant_de_la_pointe:
     case Disposition::usuelle: break;
   }

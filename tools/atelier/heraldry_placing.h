@@ -9,8 +9,10 @@
 namespace atelier {
 
 /// Cells for `nombre` charges of the object's kind in the frame, as its arrangement wants them; `nombre` may
-/// be less than the object has when they are spread over several frames.
-std::vector<Place> disposés(const Objet &objet, int nombre, const Cadre &cadre, const Meuble &meuble);
+/// be less than the object has when they are spread over several frames. Only an orle looks at the zone and
+/// not at the frame: it follows its outline.
+std::vector<Place> disposés(const Objet &objet, int nombre, const Cadre &cadre, const Zone &zone,
+                            const Meuble &meuble);
 
 /// How a charge is laid down: its box's centre at `centre`, larger by `échelle`, turned and mirrored.
 Affine pose(const Meuble &meuble, const Objet &objet, double échelle, double angle, Point centre);

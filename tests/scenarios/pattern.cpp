@@ -30,6 +30,7 @@ bool sans_échec(const Json &ligne) {
 }  // namespace
 
 bool correspond(const Json &motif, const Json &reçu) {
+  if (motif == "*") return true;
   if (!motif.is_object()) {
     if (!motif.is_array() || !reçu.is_array()) return motif == reçu;
     return std::equal(motif.begin(), motif.end(), reçu.begin(), reçu.end(), correspond);

@@ -8,8 +8,8 @@
 
 namespace ardane {
 
-/// True if `reçu` has everything that `motif` tells: an object may have more keys than its pattern; all else
-/// must be equal.
+/// True if `reçu` has everything that `motif` tells: an object may have more keys than its pattern, the text
+/// "*" stands for any value, and all else must be equal.
 bool correspond(const Json &motif, const Json &reçu);
 
 /// True if the answer to a command is the one expected. "..." stands for any number of lines; where no

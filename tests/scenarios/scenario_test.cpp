@@ -31,6 +31,13 @@ TEST(Motif, an_object_may_have_more_than_the_pattern_tells) {
   EXPECT_FALSE(va("{}", "[]"));
 }
 
+TEST(Motif, a_star_stands_for_any_value_that_is_there) {
+  EXPECT_TRUE(va(R"({"a":"*"})", R"({"a":{"b":1}})"));
+  EXPECT_TRUE(va(R"(["*",2])", "[null,2]"));
+  EXPECT_FALSE(va(R"({"a":"*"})", "{}"));
+  EXPECT_FALSE(va(R"({"a":"x*"})", R"({"a":"xy"})"));
+}
+
 TEST(Motif, all_else_must_be_equal) {
   EXPECT_TRUE(va("[1,{\"a\":1}]", "[1,{\"a\":1,\"b\":2}]"));
   EXPECT_FALSE(va("[1]", "[1,2]"));

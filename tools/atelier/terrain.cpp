@@ -276,10 +276,10 @@ Field woods(const Plan &plan, const Field &height, const Field &inland) {
         const double dy = y - f.centre.y;
         dense = std::max(dense, 1 - std::sqrt(dx * dx + dy * dy) / f.radius);
       }
-      const double patches = fractal_noise(plan.seed + 21, x, y, 26, 4, 0.6);
+      const double patches = fractal_noise(plan.seed + 21, x, y, 20, 5, 0.7);
       const double tree_line = 1 - smooth_step(1500, 1900, height.at(i, j));
       wood.at(i, j) =
-          tree_line * smooth_step(0.02, 0.3, dense + 0.95 * patches) * smooth_step(0.5, 3, inland.at(i, j));
+          tree_line * smooth_step(0.02, 0.3, dense + 1.1 * patches) * smooth_step(0.5, 3, inland.at(i, j));
     }
   return wood;
 }

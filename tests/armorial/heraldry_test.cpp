@@ -181,6 +181,11 @@ TEST(Blazon, WhatCannotBeReadIsNamedWithItsPlace) {
       {"écartelé, aux 1 et 4 d'azur ; au 2 d'or", "a part of the field is missing at the end"},
       {"parti, au 1 d'azur ; au 3 d'or", "expected the number of a part at \"3\""},
       {"parti d'azur", "expected \"et\" at the end"},
+      {"d'azur au lion d'or chargé d'une étoile de gueules", "only a piece can be charged"},
+      {"d'azur au lion d'or soutenu d'une fasce d'or", "only a terrasse or a champagne can bear a charge"},
+      {"d'azur au lion d'or accompagné d'une fasce d'or", "only charges can accompany"},
+      {"d'azur au chef d'or accompagné d'une étoile d'or", "nothing can accompany a piece on the edge"},
+      {"fascé d'or et d'azur de 1 pièces", "a division needs two parts at least"},
       {"du même", "no tincture to repeat"},
   };
   for (const Row &row : rows) {

@@ -302,6 +302,7 @@ class Lecteur {
     if (!prendre("de")) return;
     const auto nombre = prendre_nombre();
     if (nombre && (prendre("pièces") || prendre("tires"))) {
+      if (*nombre < 2) échouer("a division needs two parts at least, stopped");
       champ.pièces = *nombre;
       return;
     }
@@ -523,6 +524,22 @@ class Lecteur {
     return *found;
   }
 
+  /// Refuses company that there is no place for.
+  void vérifier_annexe(const Objet &principal, const Annexe &annexe) const {
+    const bool meuble = principal.pièce == Pièce::meuble;
+    const Pièce autre = annexe.objet.pièce;
+    if (annexe.relation == Relation::chargé) {
+      if (meuble) échouer("only a piece can be charged, stopped");
+    } else if (annexe.relation == Relation::soutenu) {
+      if (!meuble || (autre != Pièce::terrasse && autre != Pièce::champagne))
+        échouer("only a terrasse or a champagne can bear a charge, stopped");
+    } else {
+      if (autre != Pièce::meuble) échouer("only charges can accompany, stopped");
+      if (est_parmi(principal.pièce, pièces_de_bord))
+        échouer("nothing can accompany a piece on the edge, stopped");
+    }
+  }
+
   /// ", accompagné en chef de deux étoiles d'or et en pointe d'un croissant du même"
   bool lire_annexes(Objet &objet) {
     if (dans_une_annexe_) return false;
@@ -535,6 +552,7 @@ class Lecteur {
         dans_une_annexe_ = true;
         objet.annexes.push_back({relation, place, lire_objet_annexe()});
         dans_une_annexe_ = false;
+        vérifier_annexe(objet, objet.annexes.back());
       } while (mot() == "et" && (mot(1) == "en" || mot(1) == "de" || mot(1) == "d'") && prendre("et"));
       return true;
     }

@@ -4,6 +4,7 @@
 
 #include "persistence/registry.h"
 #include "platform/registry_store.h"
+#include "platform/window_layout.h"
 #include "support/fake_world.h"
 #include "support/limits.h"
 
@@ -43,6 +44,26 @@ TEST_F(StartWithASettingsFile, TheSecondStartFindsWhatTheFirstWrote) {
   EXPECT_TRUE(démarrer());
   EXPECT_THAT(m.boîtes.montrées, IsEmpty());
   EXPECT_EQ(joueur, "Ann");
+}
+
+TEST_F(StartWithASettingsFile, AFolderThatCannotBeWrittenIsToldAtEachStartUntilAGoodOneIsSet) {
+  démarrer();
+  const std::string lecteur = m.dossier.fichier("lecteur");
+  fs::create_directories(chemin_natif(Joindre_chemin(lecteur, "~zut.tmp/occupé")));
+  RegistreFichier(chemin_natif(fichier)).écrire(clé_du_jeu, "répertoire", lecteur);
+  for (int fois = 1; fois <= 2; ++fois) {
+    EXPECT_TRUE(démarrer());
+    ASSERT_THAT(m.boîtes.montrées, testing::SizeIs(1));
+    EXPECT_EQ(m.dernière_boîte().titre, "Choix du répertoire");
+    EXPECT_THAT(m.façade.ouvertes, testing::Contains("Paramétrage_répertoires").Times(fois));
+  }
+  m.façade.joueur = [](Fenêtre &f) {
+    if (f.nom == "Paramétrage_répertoires") cliquer(f, contrôle(f, "Bouton_OK"));
+  };
+  EXPECT_TRUE(démarrer());
+  m.façade.joueur = nullptr;
+  EXPECT_TRUE(démarrer());
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
 }
 
 TEST_F(StartWithASettingsFile, AnEmptyFileIsAFirstRun) {

@@ -1,0 +1,171 @@
+// Figures of the running desktop program, on whatever display it is given: clicks, scrolling, painting, rest.
+#include <QAbstractSlider>
+#include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QMessageBox>
+#include <QPainter>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "core/game_state.h"
+#include "core/hit_test_table.h"
+#include "map/layers.h"
+#include "map/pointing.h"
+#include "platform/qt/mouse.h"
+#include "platform/qt/scratch_folder.h"
+
+namespace {
+
+using namespace ardane;
+
+void print_row(const char *what, std::vector<double> values, const char *unit) {
+  if (values.empty()) return;
+  std::ranges::sort(values);
+  std::printf("| %-52s | %8.3f | %8.3f | %s (n=%zu)\n", what, values[values.size() / 2],
+              values[values.size() * 95 / 100], unit, values.size());
+  std::fflush(stdout);
+}
+
+/// Everything that an event has set off is painted and has reached the display.
+void settle() {
+  QCoreApplication::sendPostedEvents();
+  QCoreApplication::processEvents();
+  QGuiApplication::sync();
+}
+
+double timed(const std::function<void()> &event) {
+  settle();
+  QElapsedTimer timer;
+  timer.start();
+  event();
+  settle();
+  return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+long voluntary_switches() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;)
+    if (long n = 0; word == "voluntary_ctxt_switches:" && status >> n) return n;
+  return 0;
+}
+
+class Figures {
+ public:
+  explicit Figures(Desktop &desktop)
+      : desktop_(desktop),
+        g_(desktop.programme().état()),
+        main_(desktop.programme().écran()),
+        view_(*desktop.renderer().frame(main_)->findChild<QWidget *>("Carte")) {}
+
+  void measure() {
+    rest("Wake-ups a second at rest, nothing blinking");
+    start_game();
+    clicks();
+    scrolling();
+    painting();
+  }
+
+ private:
+  void start_game() {
+    g_.Ordre_jeux.remplir(0);
+    g_.Ordre_jeux(1) = étape_provinces;
+    QTimer::singleShot(0, [this] {
+      QWidget *dialog = QApplication::activeModalWidget();
+      click(*dialog->findChild<QWidget *>("boîte_nom_joueur"));
+      type(*dialog, QStringLiteral("Mesure"));
+      click(*dialog->findChild<QWidget *>("bouton_sortie"));
+    });
+    desktop_.renderer().frame(main_)->findChild<QAction *>("fichier_nouveau")->trigger();
+  }
+
+  /// A pixel of the province that no mark covers.
+  QPoint pixel_of(int province) {
+    for (int y = 1; y < 661; ++y)
+      for (int x = 1; x < 601; ++x)
+        if (code_du_pixel(g_, 0, x, y) == province && code_du_pixel(g_, 0, x + 2, y + 2) == province &&
+            view_.rect().contains(x, y))
+          if (const Contrôle *under = image_sous(main_, x, y);
+              under != nullptr && !under->nom.starts_with("rond"))
+            return {x, y};
+    return {};
+  }
+
+  void clicks() {
+    std::vector<double> right;
+    for (int i = 0; i < 100; ++i) {
+      const QPoint pixel = pixel_of(g_.ProvinceCourante);
+      right.push_back(timed([&] { click(view_, pixel); }));
+    }
+    print_row("Click to last damage, right answer", right, "ms");
+  }
+
+  void scrolling() {
+    QWidget *bar = desktop_.renderer().frame(main_)->findChild<QWidget *>("barre_v");
+    if (bar == nullptr) return;
+    auto *slider = static_cast<QAbstractSlider *>(bar);
+    std::vector<double> steps;
+    for (int i = 0; i < 60; ++i) steps.push_back(timed([&] { slider->setValue(i % 2 == 0 ? 40 : 10); }));
+    print_row("One scroll step, model and paint", steps, "ms");
+  }
+
+  void painting() {
+    for (Contrôle &picture : main_.contrôles())
+      if (picture.conteneur == &main_.Carte && picture.image &&
+          picture.nom.find("(0)") == std::string::npos && !picture.nom.starts_with("Drapeau"))
+        picture.visible = true;
+    main_.image_région.visible = true;
+    desktop_.renderer().sync();
+    settle();
+    std::vector<double> in_memory, on_screen;
+    QImage target(view_.size(), QImage::Format_RGB32);
+    for (int i = 0; i < 60; ++i) {
+      QElapsedTimer timer;
+      timer.start();
+      view_.render(&target, {}, {}, {});
+      in_memory.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+      on_screen.push_back(timed([&] { view_.repaint(); }));
+    }
+    print_row("Paint of the whole viewport, every layer shown", in_memory, "ms");
+    print_row("The same, sent to the display and shown there", on_screen, "ms");
+  }
+
+  void rest(const char *what) {
+    constexpr int seconds = 6;
+    settle();
+    const long before = voluntary_switches();
+    QEventLoop loop;
+    QTimer::singleShot(seconds * 1000, &loop, &QEventLoop::quit);
+    loop.exec();
+    print_row(what, {static_cast<double>(voluntary_switches() - before) / seconds}, "a second");
+  }
+
+  Desktop &desktop_;
+  GameState &g_;
+  Ecran_principal &main_;
+  QWidget &view_;
+};
+
+}  // namespace
+
+int main(int argc, char **argv) {
+  QApplication application(argc, argv);
+  const ScratchFolder scratch(QCoreApplication::applicationDirPath().toStdString());
+  Desktop desktop(scratch.places(), ressources_du_programme());
+  QTimer boxes;
+  QObject::connect(&boxes, &QTimer::timeout, [] {
+    if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) box->accept();
+  });
+  boxes.start(0);
+  if (!desktop.start()) return 1;
+  boxes.stop();
+  Figures figures(desktop);
+  std::printf("| %-52s | %8s | %8s |\n", "What", "median", "p95");
+  figures.measure();
+  return 0;
+}

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 
-#include "platform/fatal_error.h"
 
 namespace ardane {
 namespace {
@@ -69,7 +68,7 @@ int nombre_en_tête(std::string_view champ) {
   for (const char c : champ.substr(début)) {
     if (c < '0' || c > '9') break;
     nombre = nombre * 10 + (c - '0');
-    if (nombre > plus_grand) throw ErreurFatale("Nombre trop grand dans une ligne de la table", Lieu::ici());
+    if (nombre > plus_grand) return plus_grand;
   }
   return nombre;
 }

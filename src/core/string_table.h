@@ -30,7 +30,7 @@ class TableChaînes {
 std::string_view Champ_ligne(std::string_view ligne, int n);
 
 /// The leading digits of a field as a number: blanks are skipped, the first other character ends it, no digit
-/// gives 0. A number beyond 16 bits with sign is a fatal error, as the fields that hold it have no more.
+/// gives 0. What is beyond 32767, the largest that a field's 16 bits hold, counts as that.
 int nombre_en_tête(std::string_view champ);
 
 }  // namespace ardane

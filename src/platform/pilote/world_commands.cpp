@@ -81,7 +81,9 @@ void écrire_registre(Session &s, const Arguments &a) {
 void fixer_état(Session &s, const Arguments &a) {
   const Json valeur = Json::parse(a[1], nullptr, false);
   if (valeur.is_discarded()) throw Refus("« " + a[1] + " » n'est pas une valeur JSON");
-  fixer_variable(s.programme.état(), a[0], valeur);
+  GameState &g = s.programme.état();
+  fixer_variable(g, a[0], valeur);
+  g.VillesParProvince.relever(g.TableVilles);  // a list of the towns, which may have changed their provinces
 }
 
 void quitter(Session &, const Arguments &) {

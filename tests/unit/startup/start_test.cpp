@@ -75,7 +75,7 @@ TEST_F(Start, AnEmptyVersionIsAFirstRun) {
 }
 
 TEST_F(Start, ALanguageOfZeroOrOfNoNumberIsTheFirst) {
-  for (const char *texte : {"0", "beaucoup", "", "2", "-1"}) {
+  for (const char *texte : {"0", "beaucoup", "", "2", "-1", "99999", "99999999999999999999"}) {
     réglages_d_une_partie_passée();
     poser("langue", texte);
     ASSERT_TRUE(démarrer());

@@ -4,8 +4,8 @@
 
 #include <sstream>
 
-#include "play/map_clicks.h"
 #include "platform/window_layout.h"
+#include "play/map_clicks.h"
 
 #ifndef ARDANE_RESOURCES
 #error "the build names the folder of the resources"
@@ -27,7 +27,8 @@ DossierTemporaire::~DossierTemporaire() {
 
 MondeFactice::MondeFactice()
     : dossier_précédent(std::filesystem::current_path()),
-      programme({boîtes, registre, écran, son, horloge, hasard, web, aide, façade}, ressources_du_programme()) {
+      programme({boîtes, registre, écran, son, horloge, hasard, web, aide, façade},
+                ressources_du_programme()) {
   std::filesystem::current_path(chemin_natif(dossier.chemin()));
   std::filesystem::copy_file(std::filesystem::path(ARDANE_RESOURCES) / "ardane.pts",
                              chemin_natif(dossier.fichier("ardane.pts")));
@@ -64,13 +65,18 @@ void MondeFactice::cliquer_carte(int x, int y) {
   Clic_carte(c(), 0);
 }
 
-void MondeFactice::répondre_juste() { ClicProvince(c(), g().ProvinceCourante); }
+void MondeFactice::répondre_juste() {
+  ClicProvince(c(), g().ProvinceCourante);
+}
 
-void MondeFactice::répondre_faux() { ClicProvince(c(), autre_province()); }
+void MondeFactice::répondre_faux() {
+  ClicProvince(c(), autre_province());
+}
 
 int MondeFactice::autre_province() const {
   for (int i = 1; i <= nombre_provinces; ++i)
-    if (i != g().ProvinceCourante && !g().TableProvinces(i).trouvée && !g().TableProvinces(i).inhibée) return i;
+    if (i != g().ProvinceCourante && !g().TableProvinces(i).trouvée && !g().TableProvinces(i).inhibée)
+      return i;
   throw std::runtime_error("no other province is left");
 }
 

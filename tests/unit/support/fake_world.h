@@ -34,7 +34,7 @@ class BoîtesFactices : public Boîtes {
   }
 
   std::vector<Boîte> montrées;
-  std::deque<Réponse> réponses;                  ///< then OK, or Oui
+  std::deque<Réponse> réponses;                ///< then OK, or Oui
   std::function<void(const Boîte &)> pendant;  ///< runs while a box is up
 };
 
@@ -95,7 +95,9 @@ class WebFactice : public Web {
 
 class AideFactice : public Aide {
  public:
-  void ouvrir(const std::string &fichier, int contexte) override { ouvertures.emplace_back(fichier, contexte); }
+  void ouvrir(const std::string &fichier, int contexte) override {
+    ouvertures.emplace_back(fichier, contexte);
+  }
   std::vector<std::pair<std::string, int>> ouvertures;
 };
 

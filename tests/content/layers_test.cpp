@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <set>
 
 #include "content.h"
 
@@ -163,6 +164,44 @@ atelier::Mask open_world(const atelier::Grid<int> &grid) {
   const atelier::Grid<int> numbers = atelier::pieces(free, sizes);
   for (std::size_t i = 0; i < free.size(); ++i) free[i] = numbers[i] == numbers[0];
   return free;
+}
+
+TEST_P(Scales, RegionsDrawNoBorderAroundTheLakesInside) {
+  atelier::Mask free(grid().width(), grid().height(), 0);
+  for (std::size_t i = 0; i < free.size(); ++i) free[i] = grid()[i] == 0;
+  std::vector<int> sizes;
+  const atelier::Grid<int> waters = atelier::pieces(free, sizes);
+  std::vector<std::set<int>> shores(sizes.size());
+  const auto each_shore = [&](const auto &visit) {
+    for (int y = 0; y < free.height(); ++y)
+      for (int x = 0; x < free.width(); ++x)
+        for (std::size_t k = 0; k < atelier::side_neighbours && free.at(x, y); ++k) {
+          const int nx = x + atelier::neighbours[k].x;
+          const int ny = y + atelier::neighbours[k].y;
+          const int code = code_at(grid(), nx, ny);
+          if (code != 0) visit(static_cast<std::size_t>(waters.at(x, y)), region_of(code), nx, ny);
+        }
+  };
+  each_shore([&](std::size_t water, int region, int, int) { shores[water].insert(region); });
+
+  std::vector<Layer> layers(1);
+  for (int r = 1; r <= regions; ++r) layers.push_back(region_layer(r, scale()));
+  atelier::Mask near_other(grid().width(), grid().height(), 0);
+  for (std::size_t i = 0; i < near_other.size(); ++i) near_other[i] = waters[i] == waters[0];
+  const atelier::Field from_outside = atelier::distance_to(near_other);
+  int looked_at = 0;
+  each_shore([&](std::size_t water, int region, int x, int y) {
+    const bool inner_lake = shores[water].size() == 1 && from_outside.at(x, y) > 12 * scale();
+    if (!inner_lake) return;
+    // Another region may still be near: its border is drawn where it is.
+    for (int dy = -4 * scale(); dy <= 4 * scale(); ++dy)
+      for (int dx = -4 * scale(); dx <= 4 * scale(); ++dx)
+        if (const int code = code_at(grid(), x + dx, y + dy); code != 0 && region_of(code) != region) return;
+    const Layer &layer = layers[static_cast<std::size_t>(region)];
+    ++looked_at;
+    EXPECT_EQ(layer.image.at(x - layer.corner.x, y - layer.corner.y).a, 0) << "region " << region;
+  });
+  EXPECT_GT(looked_at, 10);
 }
 
 TEST_P(Scales, RegionsHaveAStrongBorderAndAnOpenInside) {

@@ -75,8 +75,8 @@ void draw_layers(const Raster &raster, const std::filesystem::path &images, Cata
   for (int r = 1; r <= nombre_régions; ++r) {
     const Frame &frame = raster.region_frames[static_cast<std::size_t>(r)];
     write_both(catalogue, images, "Graphismes.Région(" + std::to_string(r) + ")",
-               fichier_numéroté("region", r, 2), draw_region(raster.regions, r, frame, 1),
-               draw_region(raster.fine_regions, r, frame, 2));
+               fichier_numéroté("region", r, 2), draw_region(regions, r, frame, 1),
+               draw_region(fine_regions, r, frame, 2));
   }
 }
 

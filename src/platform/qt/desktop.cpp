@@ -1,6 +1,7 @@
 #include "platform/qt/desktop.h"
 
 #include <QApplication>
+#include <QLibraryInfo>
 #include <QSessionManager>
 
 #include "core/paths.h"
@@ -46,7 +47,7 @@ bool Desktop::start() {
   dispatcher_.run([&] { started = programme_.Démarrage(folder_); });
   if (!started) return false;
   timer_.start(blink_period);
-  QTimer::singleShot(settling_delay, this, [this] { tell_missing_pictures(); });
+  QTimer::singleShot(settling_delay, this, [this] { settle(); });
   return true;
 }
 
@@ -63,6 +64,15 @@ void Desktop::play() {
 void Desktop::tick() {
   // A box stands in the middle of a procedure, which no tick may meet.
   if (!dispatcher_.busy() && !boxes_.up()) dispatcher_.run(programme_.écran().tic);
+}
+
+void Desktop::settle() {
+  QApplication::setWindowIcon(pictures_.icon("programme"));
+  if (QWidget *main = renderer_.frame(programme_.écran()))
+    main->setWindowIcon(pictures_.icon(programme_.écran().nom));
+  if (translator_.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&translator_);
+  tell_missing_pictures();
 }
 
 void Desktop::tell_missing_pictures() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QTimer>
+#include <QTranslator>
 #include <filesystem>
 #include <string>
 
@@ -46,6 +47,8 @@ class Desktop : public QObject {
   HelpQt &help() { return help_; }
 
  private:
+  /// What can wait until the player has the map before him.
+  void settle();
   void tell_missing_pictures();
   void tick();
 
@@ -63,6 +66,7 @@ class Desktop : public QObject {
   HelpQt help_;
   Programme programme_;
   QTimer timer_;
+  QTranslator translator_;  ///< of the toolkit's own words
   QEventLoop loop_;
 };
 

@@ -61,6 +61,13 @@ const QPixmap &PictureStore::pixmap(Image image, double ratio) {
   return *pixmap;
 }
 
+QIcon PictureStore::icon(const std::string &window) const {
+  QIcon icon;
+  for (const char *size : {"", ".16", ".24", ".32", ".48", ".64", ".128"})
+    if (const Image image = catalogue_.chercher("icône." + window + size)) icon.addPixmap(load(image));
+  return icon;
+}
+
 QStringList PictureStore::unreadable() const {
   QStringList names;
   for (const Image image : catalogue_.toutes()) {

@@ -1,6 +1,7 @@
 // The pictures of the catalogue as pixmaps, decoded once.
 #pragma once
 
+#include <QIcon>
 #include <QPixmap>
 #include <QString>
 #include <QStringList>
@@ -19,6 +20,9 @@ class PictureStore {
   /// The picture for a device pixel ratio: at 2 or more the file with "@2x" before its suffix, where there is
   /// one. A null pixmap for no picture, or for a file that is absent or no picture.
   const QPixmap &pixmap(Image image, double ratio);
+
+  /// The icon of a window, or of "programme", in the sizes that the catalogue has; null for none.
+  QIcon icon(const std::string &window) const;
 
   /// Names of the pictures whose file is absent or no picture.
   QStringList unreadable() const;

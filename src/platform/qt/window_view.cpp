@@ -80,6 +80,7 @@ WindowView::WindowView(const ViewContext &context, WindowEvents events, QWidget 
     menu_ = std::make_unique<MenuView>(context_, &frame_);
     frame.menu = &menu_->bar();
   }
+  if (window().avec_titre) frame_.setWindowIcon(context_.pictures.icon(window().nom));
   if (window().fond) {
     QPalette palette;
     palette.setColor(QPalette::Window, to_qt(*window().fond));

@@ -1,6 +1,7 @@
 # The Debian packages that the commands at the root need, and their installing. Sourced, not run.
 
-packages_to_play="build-essential cmake ninja-build qt6-base-dev libgl-dev nlohmann-json3-dev fonts-liberation"
+packages_to_play="build-essential cmake ninja-build qt6-base-dev qt6-multimedia-dev
+  qt6-translations-l10n libgl-dev nlohmann-json3-dev fonts-liberation"
 packages_to_test="$packages_to_play clang clang-format clang-tidy libclang-rt-14-dev git libgif-dev
   libgtest-dev libgmock-dev libbenchmark-dev python3"
 

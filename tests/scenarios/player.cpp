@@ -1,7 +1,6 @@
 #include "player.h"
 
 #include <fstream>
-#include <regex>
 
 #include "answers.h"
 #include "core/paths.h"
@@ -25,10 +24,10 @@ std::vector<std::string> écrites(const Réplique &réplique) {
   return lignes;
 }
 
-/// "dossier", "bonne réponse", "mauvaise réponse" or "état PATH" between braces.
-const std::regex &forme_des_accolades() {
-  static const std::regex forme(R"(\{(dossier|bonne réponse|mauvaise réponse|état [^{}"]+)\})");
-  return forme;
+/// True for what stands for something else between braces; JSON has braces of its own.
+bool est_un_nom(std::string_view texte) {
+  return texte == "dossier" || texte == "bonne réponse" || texte == "mauvaise réponse" ||
+         texte.starts_with("état ");
 }
 
 }  // namespace
@@ -99,12 +98,15 @@ std::string Joueur::valeur(std::string_view nom) {
 }
 
 std::string Joueur::compléter(const std::string &texte) {
-  std::string complet, reste = texte;
-  for (std::smatch trouvé; std::regex_search(reste, trouvé, forme_des_accolades());) {
-    complet += trouvé.prefix().str() + valeur(trouvé[1].str());
-    reste = trouvé.suffix().str();
+  std::string complet;
+  std::size_t place = 0;
+  while (place < texte.size()) {
+    const auto fin = texte[place] == '{' ? texte.find('}', place) : std::string::npos;
+    const auto nom = fin == std::string::npos ? std::string() : texte.substr(place + 1, fin - place - 1);
+    complet += est_un_nom(nom) ? valeur(nom) : std::string(1, texte[place]);
+    place = est_un_nom(nom) ? fin + 1 : place + 1;
   }
-  return complet + reste;
+  return complet;
 }
 
 }  // namespace ardane

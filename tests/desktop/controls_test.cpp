@@ -267,8 +267,21 @@ TEST_F(Controls, AListShowsItemsAndReportsTheChoice) {
   list.choix = 0;
   stage.renderer.sync();
   EXPECT_EQ(shown->count(), 1);
-  EXPECT_EQ(shown->currentRow(), -1);
+  EXPECT_TRUE(shown->selectedItems().isEmpty());
   EXPECT_EQ(changes, 1) << "what the program selects is no choice of the player's";
+}
+
+TEST_F(Controls, FocusAloneChoosesNothingInAList) {
+  Contrôle &list = add("liste", Genre::liste);
+  list.éléments = {"un", "deux"};
+  list.changement = [] { FAIL(); };
+  window.focus = &list;
+  show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(stage.renderer.frame(window)));
+  auto *shown = stage.widget<QListWidget>(window, "liste");
+  EXPECT_TRUE(shown->hasFocus());
+  EXPECT_EQ(list.choix, 0);
+  EXPECT_TRUE(shown->selectedItems().isEmpty());
 }
 
 TEST_F(Controls, ABarMovesByItsStepsAndFollowsItsRange) {

@@ -158,6 +158,26 @@ TEST_F(Windows, LosingTheFocusReachesTheHandlerBeforeTheOtherControlsClick) {
   EXPECT_EQ(told, "perte clic");
 }
 
+TEST_F(Windows, AClosedWindowHearsOfNoLostFocus) {
+  auto closing = std::make_unique<Fenêtre>("fermée");
+  bool lost = false;
+  Contrôle &line = place(*closing, "ligne", Genre::texte, {0, 0, 100, 20});
+  line.perte_du_focus = [&] { lost = true; };
+  closing->focus = &line;
+  show();
+  then([&] {
+    EXPECT_TRUE(QTest::qWaitForWindowActive(stage.renderer.frame(*closing)));
+    EXPECT_TRUE(stage.widget(*closing, "ligne")->hasFocus());
+    stage.dispatcher.run([&] { closing->fermer(); });
+  });
+  stage.dispatcher.run([&] {
+    stage.renderer.montrer_modale(*closing);
+    closing.reset();
+  });
+  QApplication::processEvents();
+  EXPECT_FALSE(lost);
+}
+
 TEST_F(Windows, AModalWindowHoldsItsCallerUntilItCloses) {
   std::string told;
   button(window, "ouvrir").clic = [&] {

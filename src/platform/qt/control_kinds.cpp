@@ -165,8 +165,10 @@ void ButtonView::sync_mark() {
 
 ListView::ListView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, new QListWidget(parent)) {
-  connect(&list(), &QListWidget::currentRowChanged, this,
-          [this](int row) { run([&] { choisir(this->control(), row + 1); }); });
+  // Of the row that has the cursor the toolkit takes the first for want of another; the choice is the one
+  // that is marked.
+  connect(&list(), &QListWidget::itemSelectionChanged, this,
+          [this] { run([this] { choisir(this->control(), marked_row() + 1); }); });
   connect(&list(), &QListWidget::itemClicked, this, [this] { click(); });
   connect(&list(), &QListWidget::itemDoubleClicked, this, [this] { run(this->control().double_clic); });
 }
@@ -180,7 +182,14 @@ void ListView::sync() {
     list().clear();
     for (const std::string &item : items_) list().addItem(to_qt(item));
   }
-  if (list().currentRow() != control().choix - 1) list().setCurrentRow(control().choix - 1);
+  if (marked_row() == control().choix - 1) return;
+  list().setCurrentRow(control().choix - 1);
+  if (control().choix == 0) list().clearSelection();
+}
+
+int ListView::marked_row() const {
+  const QList<QListWidgetItem *> marked = list().selectedItems();
+  return marked.isEmpty() ? -1 : list().row(marked.front());
 }
 
 BarView::BarView(Contrôle &control, const ViewContext &context, QWidget *parent)

@@ -82,7 +82,8 @@ class ListView : public ControlView {
   void sync() override;
 
  private:
-  QListWidget &list() { return static_cast<QListWidget &>(widget()); }
+  QListWidget &list() const { return static_cast<QListWidget &>(widget()); }
+  int marked_row() const;
 
   std::vector<std::string> items_;
 };

@@ -60,8 +60,11 @@ bool ControlView::eventFilter(QObject *, QEvent *event) {
       if (!context_.dispatcher.busy()) context_.window.focus = &control_;
       break;
     case QEvent::FocusOut:
-      if (control_.perte_du_focus && is_real_loss(static_cast<QFocusEvent *>(event)->reason()))
-        context_.dispatcher.run_when_idle(control_.perte_du_focus);
+      if (!control_.perte_du_focus || !is_real_loss(static_cast<QFocusEvent *>(event)->reason())) break;
+      // By the time the program is idle the window may be gone.
+      context_.dispatcher.run_when_idle([view = QPointer<ControlView>(this)] {
+        if (view) view->control_.perte_du_focus();
+      });
       break;
     case QEvent::KeyPress:
       if (!control_.entrée || control_.multiligne || !is_enter(*event)) break;

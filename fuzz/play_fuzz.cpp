@@ -93,36 +93,18 @@ class Joueur {
   void événement() {
     GameState &g = monde_.g();
     switch (octets_.parmi(12)) {
-      case 0:
-        menu();
-        break;
-      case 1:
-        monde_.e().tic();
-        break;
-      case 2:
-        bouton(monde_.e().Bouton_gruge);
-        break;
-      case 3:
-        bouton(monde_.e().BoutonPasse);
-        break;
-      case 4:
-        image(octets_.parmi(602), octets_.parmi(662));
-        break;
-      case 5:
-        fixer_valeur(monde_.e().barre_v, octets_.parmi(700));
-        break;
-      case 6:
-        repère_de(octets_.parmi(nombre_villes) + 1);
-        break;
-      case 7:
-        membre_de_la_région();
-        break;
+      case 0: menu(); break;
+      case 1: monde_.e().tic(); break;
+      case 2: bouton(monde_.e().Bouton_gruge); break;
+      case 3: bouton(monde_.e().BoutonPasse); break;
+      case 4: image(octets_.parmi(602), octets_.parmi(662)); break;
+      case 5: fixer_valeur(monde_.e().barre_v, octets_.parmi(700)); break;
+      case 6: repère_de(octets_.parmi(nombre_villes) + 1); break;
+      case 7: membre_de_la_région(); break;
       case 8:
         if (g.Etape == étape_villes) repère_de(g.VilleCourante);
         break;
-      default:
-        territoire(g.ProvinceCourante);
-        break;
+      default: territoire(g.ProvinceCourante); break;
     }
   }
 
@@ -191,9 +173,7 @@ class Joueur {
         exiger(g.RégionsRestantes == 0 || g.RégionCourante > 0, "a region is asked");
         exiger(g.ResteRégion >= 1 && g.ResteRégion <= g.TailleRégion, "a selection under way is not full");
         break;
-      default:
-        exiger(g.Etape == étape_repos, "the mode is one of play or idle");
-        break;
+      default: exiger(g.Etape == étape_repos, "the mode is one of play or idle"); break;
     }
     exiger(!en_jeu || g.Etape == étape_repos || nouvelle_ || g.Score <= score, "the score never rises");
     exiger(g.NbErreurs >= 0 && g.NbErreurs < erreurs_permises, "errors of a question stay below ten");

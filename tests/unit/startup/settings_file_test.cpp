@@ -75,7 +75,7 @@ TEST_F(StartWithASettingsFile, AnEmptyFileIsAFirstRun) {
 TEST_F(StartWithASettingsFile, AFileCutAnywhereStillStarts) {
   démarrer();
   const std::string entier = lire_fichier(fichier);
-  for (std::size_t longueur = 0; longueur < entier.size(); longueur += 37) {
+  for (std::size_t longueur = 0; longueur < entier.size(); longueur += entier.size() / 5 + 1) {
     poser(entier.substr(0, longueur));
     EXPECT_TRUE(démarrer()) << longueur;
   }

@@ -22,16 +22,11 @@ std::string petit_boutiste(Entier valeur) {
 
 std::string_view nom_de_la_cause(Cause cause) {
   switch (cause) {
-    case Cause::fin_du_fichier:
-      return "fin du fichier";
-    case Cause::trop_long:
-      return "texte trop long";
-    case Cause::valeur:
-      return "valeur refusée";
-    case Cause::lecture:
-      return "lecture impossible";
-    case Cause::écriture:
-      return "écriture impossible";
+    case Cause::fin_du_fichier: return "fin du fichier";
+    case Cause::trop_long: return "texte trop long";
+    case Cause::valeur: return "valeur refusée";
+    case Cause::lecture: return "lecture impossible";
+    case Cause::écriture: return "écriture impossible";
   }
   return "";
 }

@@ -24,16 +24,11 @@ std::vector<Bouton_de_boîte> boutons_de(const Boîte &boîte) {
 
 std::string_view nom_icône(Icône icône) {
   switch (icône) {
-    case Icône::aucune:
-      return "aucune";
-    case Icône::information:
-      return "information";
-    case Icône::exclamation:
-      return "exclamation";
-    case Icône::stop:
-      return "stop";
-    case Icône::question:
-      return "question";
+    case Icône::aucune: return "aucune";
+    case Icône::information: return "information";
+    case Icône::exclamation: return "exclamation";
+    case Icône::stop: return "stop";
+    case Icône::question: return "question";
   }
   return "";
 }

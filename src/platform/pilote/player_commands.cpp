@@ -41,10 +41,8 @@ bool prend_le_focus(const Contrôle &contrôle) {
     case Genre::case_à_cocher:
     case Genre::option:
     case Genre::liste:
-    case Genre::barre:
-      return true;
-    default:
-      return false;
+    case Genre::barre: return true;
+    default: return false;
   }
 }
 

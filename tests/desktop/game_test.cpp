@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QMessageBox>
+#include <QPaintEvent>
 #include <QPushButton>
 #include <QTest>
 #include <QToolTip>
@@ -129,6 +130,30 @@ TEST_F(Game, AMovedWindowIsMeasuredAgain) {
   QApplication::processEvents();
   EXPECT_EQ(state().Rect_carte.gauche, before.gauche + 40);
   EXPECT_EQ(state().Rect_carte.haut, before.haut + 30);
+}
+
+TEST_F(Game, ATickPaintsNothingWhereNothingBlinks) {
+  struct Watch : QObject {
+    bool eventFilter(QObject *, QEvent *event) override {
+      if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent *>(event)->region();
+      return false;
+    }
+    QRegion painted;
+  } watch;
+  start();
+  QApplication::processEvents();
+  frame()->findChild<QWidget *>("Carte")->installEventFilter(&watch);
+  screen().tic();
+  desktop->renderer().sync();
+  QApplication::processEvents();
+  EXPECT_TRUE(watch.painted.isEmpty());
+  state().TableClignotement(7) = true;
+  state().PhaseClignotement = false;
+  screen().tic();
+  desktop->renderer().sync();
+  QApplication::processEvents();
+  EXPECT_EQ(watch.painted.boundingRect().size(),
+            QSize(static_cast<int>(screen().Pays(7).largeur), static_cast<int>(screen().Pays(7).hauteur)));
 }
 
 TEST_F(Game, F1OpensTheHelp) {

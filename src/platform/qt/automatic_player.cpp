@@ -153,33 +153,63 @@ void AutomaticPlayer::answer() {
   if (asked != asked_before_) erred_ = false;
   asked_before_ = asked;
   const bool err = plan_.mistake_every > 0 && (answers_ + 1) % plan_.mistake_every == 0 && !erred_;
-  if (const int wrong = err ? other_province(asked) : 0; wrong != 0) {
-    erred_ = true;
-    ++mistakes_;
-    if (!press_on_map(wrong)) give_up("pas un pixel libre pour la province " + std::to_string(wrong));
+  const int wrong = err ? other_province(asked) : 0;
+  const int province = wrong != 0 ? wrong : asked;
+  if (!free_pixel(province)) {
+    if (!scroll_towards(province)) give_up("pas un pixel libre pour la province " + std::to_string(province));
     return;
   }
-  ++answers_;
-  if (seen && answers_ == half_way) seen("milieu");
-  if (seen && answers_ == nombre_provinces) seen("fin");
-  score_ = g.Score;
-  if (found) found(answers_);
-  if (!press_on_map(asked)) give_up("pas un pixel libre pour la province " + std::to_string(asked));
+  if (wrong != 0) {
+    erred_ = true;
+    ++mistakes_;
+  } else {
+    ++answers_;
+    if (seen && answers_ == half_way) seen("milieu");
+    if (seen && answers_ == nombre_provinces) seen("fin");
+    score_ = g.Score;
+    if (found) found(answers_);
+  }
+  click(map_widget(), *free_pixel(province));
 }
 
-bool AutomaticPlayer::press_on_map(int province) {
-  Ecran_principal &main = desktop_.programme().écran();
-  QWidget *view = widget(*desktop_.renderer().frame(main), "Carte");
+QWidget &AutomaticPlayer::map_widget() const {
+  return *widget(*desktop_.renderer().frame(desktop_.programme().écran()), "Carte");
+}
+
+QPoint AutomaticPlayer::scrolled() const {
+  const Ecran_principal &main = desktop_.programme().écran();
+  return {main.barre_h.valeur, main.barre_v.valeur};
+}
+
+std::optional<QPoint> AutomaticPlayer::free_pixel(int province) const {
   for (const QPoint pixel : pixels_[static_cast<std::size_t>(province)]) {
-    const QPoint place = pixel - QPoint(main.barre_h.valeur, main.barre_v.valeur);
-    if (!view->rect().contains(place)) continue;
-    const Contrôle *picture = image_sous(main, place.x(), place.y());
+    const QPoint place = pixel - scrolled();
+    if (!map_widget().rect().contains(place)) continue;
+    const Contrôle *picture = image_sous(desktop_.programme().écran(), place.x(), place.y());
     // The marks of other towns reach over borders; a player sees them.
-    if (picture == nullptr || picture->nom.starts_with("rond")) continue;
-    click(*view, place);
-    return true;
+    if (picture != nullptr && !picture->nom.starts_with("rond")) return place;
   }
-  return false;
+  return std::nullopt;
+}
+
+bool AutomaticPlayer::scroll_towards(int province) {
+  const std::vector<QPoint> &pixels = pixels_[static_cast<std::size_t>(province)];
+  if (pixels.empty()) return false;
+  const QPoint place = pixels.front() - scrolled();
+  const QWidget &view = map_widget();
+  constexpr int past_the_arrow = 18;
+  Ecran_principal &main = desktop_.programme().écran();
+  const auto page = [&](const Contrôle &bar, int along, int length) {
+    QWidget *shown = widget(*view.window(), bar.nom.c_str());
+    if (shown == nullptr || (along >= 0 && along < length)) return false;
+    const int before = bar.valeur;
+    const int far_end = std::max(shown->width(), shown->height());
+    const int where = along < 0 ? past_the_arrow : far_end - past_the_arrow;
+    click(*shown, shown->width() > shown->height() ? QPoint(where, shown->height() / 2)
+                                                   : QPoint(shown->width() / 2, where));
+    return bar.valeur != before;
+  };
+  return page(main.barre_v, place.y(), view.height()) || page(main.barre_h, place.x(), view.width());
 }
 
 }  // namespace ardane

@@ -5,6 +5,7 @@
 #include <QPoint>
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,7 +52,12 @@ class AutomaticPlayer : public QObject {
   void close_top_ten(QWidget &window);
   void answer();
   void choose_from_menu(const char *menu, const char *entry);
-  bool press_on_map(int province);
+  QWidget &map_widget() const;
+  QPoint scrolled() const;
+  /// Where on the map's widget a click reaches the province; nothing if that is out of sight.
+  std::optional<QPoint> free_pixel(int province) const;
+  /// A click in a scroll bar's trough that brings the province nearer; false if there is none.
+  bool scroll_towards(int province);
   void give_up(const std::string &why);
   void find_pixels();
   int other_province(int asked) const;

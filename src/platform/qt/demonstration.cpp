@@ -24,7 +24,8 @@ constexpr char screens[] =
     R"({"screens": [{"name": "écran", "x": 0, "y": 0, "width": 1280, "height": 1024, "dpr": 1}]})";
 
 void choose_platform(const QString &configuration) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+  const QByteArray chosen = qgetenv("QT_QPA_PLATFORM");
+  if (chosen.isEmpty() || chosen == "offscreen")
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + configuration.toLocal8Bit());
 }
 

@@ -55,9 +55,9 @@ Path polygone(std::vector<Point> sommets);
 
 /// How a figure becomes a picture.
 struct Rendu {
-  int largeur;          // pixels
-  int hauteur;          // pixels
-  double échelle;       // pixels a unit of the figure's frame
+  int largeur = 0;      // pixels
+  int hauteur = 0;      // pixels
+  double échelle = 1;   // pixels a unit of the figure's frame
   double cerne = 1.0;   // pixels of outline
   double liseré = 1.0;  // pixels of white edge, 0 for none
 };

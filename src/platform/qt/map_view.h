@@ -35,7 +35,7 @@ class MapView : public QWidget {
 
  private:
   struct Layer {
-    const Contrôle *control;
+    const Contrôle *control = nullptr;
     Image image;
     QRect place;
     friend bool operator==(const Layer &, const Layer &) = default;

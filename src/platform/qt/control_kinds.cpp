@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/qt/appearance.h"
+#include "platform/qt/child.h"
 
 namespace ardane {
 namespace {
@@ -38,7 +39,7 @@ void set_spoken_name(QWidget &widget, const Contrôle &control) {
 }  // namespace
 
 LabelView::LabelView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, new QLabel(parent)) {
+    : ControlView(control, context, make_child<QLabel>(parent)) {
   label().setTextFormat(Qt::PlainText);
   if (control.encadré) label().setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   if (control.fond && control.alignement != Alignement::centre) label().setMargin(coloured_margin);
@@ -86,7 +87,7 @@ bool LabelView::eventFilter(QObject *watched, QEvent *event) {
 }
 
 FrameView::FrameView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, new QGroupBox(parent)) {}
+    : ControlView(control, context, make_child<QGroupBox>(parent)) {}
 
 void FrameView::sync() {
   ControlView::sync();
@@ -96,7 +97,7 @@ void FrameView::sync() {
 }
 
 LineView::LineView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, new QLineEdit(parent)) {
+    : ControlView(control, context, make_child<QLineEdit>(parent)) {
   connect(&line(), &QLineEdit::textEdited, this,
           [this](const QString &text) { run([&] { saisir(this->control(), to_utf8(text)); }); });
 }
@@ -117,7 +118,7 @@ void LineView::sync() {
 }
 
 PageView::PageView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, new QPlainTextEdit(parent)) {
+    : ControlView(control, context, make_child<QPlainTextEdit>(parent)) {
   connect(&page(), &QPlainTextEdit::textChanged, this,
           [this] { run([this] { saisir(this->control(), to_utf8(page().toPlainText())); }); });
 }
@@ -164,7 +165,7 @@ void ButtonView::sync_mark() {
 }
 
 ListView::ListView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, new QListWidget(parent)) {
+    : ControlView(control, context, make_child<QListWidget>(parent)) {
   // Of the row that has the cursor the toolkit takes the first for want of another; the choice is the one
   // that is marked.
   connect(&list(), &QListWidget::itemSelectionChanged, this,
@@ -193,8 +194,9 @@ int ListView::marked_row() const {
 }
 
 BarView::BarView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context,
-                  new QScrollBar(control.largeur > control.hauteur ? Qt::Horizontal : Qt::Vertical, parent)) {
+    : ControlView(
+          control, context,
+          make_child<QScrollBar>(control.largeur > control.hauteur ? Qt::Horizontal : Qt::Vertical, parent)) {
   // The map follows the thumb when it is let go, as the layers would be too many to follow each pixel of it.
   bar().setTracking(false);
   connect(&bar(), &QScrollBar::valueChanged, this,

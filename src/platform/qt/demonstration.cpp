@@ -62,7 +62,7 @@ QPixmap picture_of_screen() {
 
 class Album {
  public:
-  explicit Album(QDir folder) : folder_(std::move(folder)) {}
+  explicit Album(const QDir &folder) : folder_(folder) {}
 
   /// One picture of each kind of screen.
   void add(const std::string &screen) {

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/appearance.h"
+#include "platform/qt/child.h"
 
 namespace ardane {
 namespace {
@@ -57,9 +58,10 @@ class HelpQt::Window : public QWidget {
     connect(&page_, &QTextBrowser::backwardAvailable, &back_, &QPushButton::setEnabled);
     connect(&search_, &QLineEdit::returnPressed, this, [this] { find_next(); });
     connect(&search_, &QLineEdit::textEdited, this, [this] { status_.clear(); });
-    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, &search_,
+    connect(make_child<QShortcut>(QKeySequence::Find, this), &QShortcut::activated, &search_,
             [this] { search_.setFocus(); });
-    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, &QWidget::close);
+    connect(make_child<QShortcut>(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this,
+            &QWidget::close);
   }
 
   void open(const QString &folder, int context) {
@@ -82,12 +84,12 @@ class HelpQt::Window : public QWidget {
  private:
   void lay_out() {
     back_.setEnabled(false);
-    auto *top = new QHBoxLayout;
+    auto *top = make_child<QHBoxLayout>();
     top->addWidget(&back_);
     top->addStretch();
     top->addWidget(&status_);
     top->addWidget(&search_);
-    auto *all = new QVBoxLayout(this);
+    auto *all = make_child<QVBoxLayout>(this);
     all->addLayout(top);
     all->addWidget(&page_);
   }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/qt/appearance.h"
+#include "platform/qt/child.h"
 
 namespace ardane {
 namespace {
@@ -24,7 +25,7 @@ bool has_menu(const Fenêtre &window) {
 }
 
 MenuView::MenuView(const ViewContext &context, QWidget *parent)
-    : context_(context), bar_(*new QMenuBar(parent)) {
+    : context_(context), bar_(*make_child<QMenuBar>(parent)) {
   bar_.setNativeMenuBar(false);
   bar_.setObjectName(QStringLiteral("barre_de_menus"));
   for (Contrôle &control : context_.window.contrôles())
@@ -38,12 +39,12 @@ QAction *MenuView::make_action(Contrôle &control) {
     if (entry.control == control.conteneur) holder = entry.action->menu();
   QAction *action = nullptr;
   if (holds_entries(context_.window, control)) {
-    auto *menu = new QMenu(holder);
+    auto *menu = make_child<QMenu>(holder);
     menu->setObjectName(to_qt("menu:" + control.nom));
     action = menu->menuAction();
     holder->addAction(action);
   } else {
-    action = new QAction(holder);
+    action = make_child<QAction>(holder);
     holder->addAction(action);
     connect(action, &QAction::triggered, this,
             [this, &control] { context_.dispatcher.run([&] { cliquer(context_.window, control); }); });

@@ -6,6 +6,7 @@
 #include "map/main_window.h"
 #include "map/pointing.h"
 #include "platform/qt/appearance.h"
+#include "platform/qt/child.h"
 
 namespace ardane {
 namespace {
@@ -40,7 +41,7 @@ Pointing pointing_of(Fenêtre &window) {
 }  // namespace
 
 PictureView::PictureView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, new PictureWidget(control, context.pictures, parent)) {}
+    : ControlView(control, context, make_child<PictureWidget>(control, context.pictures, parent)) {}
 
 void PictureView::sync() {
   ControlView::sync();
@@ -57,7 +58,7 @@ bool PictureView::eventFilter(QObject *watched, QEvent *event) {
 }
 
 PictureBoxView::PictureBoxView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, new QFrame(parent)) {
+    : ControlView(control, context, make_child<QFrame>(parent)) {
   if (control.encadré) static_cast<QFrame &>(widget()).setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
 }
 
@@ -69,7 +70,8 @@ bool PictureBoxView::eventFilter(QObject *watched, QEvent *event) {
 }
 
 MapControlView::MapControlView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, new MapView(control, context, pointing_of(context.window), parent)) {}
+    : ControlView(control, context,
+                  make_child<MapView>(control, context, pointing_of(context.window), parent)) {}
 
 void MapControlView::sync() {
   ControlView::sync();

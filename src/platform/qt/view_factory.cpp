@@ -2,6 +2,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "platform/qt/child.h"
 #include "platform/qt/control_kinds.h"
 #include "platform/qt/picture_views.h"
 
@@ -28,11 +29,12 @@ std::unique_ptr<ControlView> make_view(Contrôle &control, const ViewContext &co
     case Genre::texte:
       if (control.multiligne) return std::make_unique<PageView>(control, context, parent);
       return std::make_unique<LineView>(control, context, parent);
-    case Genre::bouton: return std::make_unique<ButtonView>(control, context, new QPushButton(parent));
+    case Genre::bouton:
+      return std::make_unique<ButtonView>(control, context, make_child<QPushButton>(parent));
     case Genre::case_à_cocher:
-      return std::make_unique<ButtonView>(control, context, new WholeArea<QCheckBox>(parent));
+      return std::make_unique<ButtonView>(control, context, make_child<WholeArea<QCheckBox>>(parent));
     case Genre::option:
-      return std::make_unique<ButtonView>(control, context, new WholeArea<QRadioButton>(parent));
+      return std::make_unique<ButtonView>(control, context, make_child<WholeArea<QRadioButton>>(parent));
     case Genre::liste: return std::make_unique<ListView>(control, context, parent);
     case Genre::barre: return std::make_unique<BarView>(control, context, parent);
     case Genre::boîte_image: return std::make_unique<PictureBoxView>(control, context, parent);

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "platform/qt/appearance.h"
+#include "platform/qt/child.h"
 
 namespace ardane {
 namespace {
@@ -72,8 +73,8 @@ class Frame : public QWidget {
 
 WindowView::WindowView(const ViewContext &context, WindowEvents events, QWidget *parent)
     : context_(context),
-      frame_(*new Frame(context.window, std::move(events), parent)),
-      client_(*new QWidget(&frame_)) {
+      frame_(*make_child<Frame>(context.window, std::move(events), parent)),
+      client_(*make_child<QWidget>(&frame_)) {
   auto &frame = static_cast<Frame &>(frame_);
   frame.client = &client_;
   if (has_menu(window())) {

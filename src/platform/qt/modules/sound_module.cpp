@@ -12,6 +12,7 @@
 #include <atomic>
 #include <map>
 
+#include "platform/qt/child.h"
 #include "platform/services.h"
 
 namespace ardane {
@@ -50,7 +51,7 @@ class SoundEffects : public Son {
   SoundEffects() {
     silent_thread = &thread_;
     other_handler = qInstallMessageHandler(drop_complaints);
-    effects_ = new Effects;
+    effects_ = make_child<Effects>();
     effects_->moveToThread(&thread_);
     QObject::connect(&thread_, &QThread::finished, effects_, &QObject::deleteLater);
     thread_.start();
@@ -76,5 +77,5 @@ class SoundEffects : public Son {
 }  // namespace ardane
 
 extern "C" Q_DECL_EXPORT ardane::Son *ardane_make_sound() {
-  return new ardane::SoundEffects;
+  return std::make_unique<ardane::SoundEffects>().release();
 }

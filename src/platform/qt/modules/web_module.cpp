@@ -3,6 +3,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <memory>
 
 #include "platform/services.h"
 
@@ -34,5 +35,5 @@ class SiteReader : public Web {
 }  // namespace ardane
 
 extern "C" Q_DECL_EXPORT ardane::Web *ardane_make_web() {
-  return new ardane::SiteReader;
+  return std::make_unique<ardane::SiteReader>().release();
 }

@@ -18,21 +18,30 @@ struct Propriétés {
 constexpr bool oui = true;
 constexpr bool non = false;
 
+// clang-format off
 constexpr std::array propriétés = std::to_array<Propriétés>({
-    // genre                 texte bulle image coul. coché barre liste focus
-    {Genre::image, non, oui, oui, non, non, non, non, non},
-    {Genre::étiquette, oui, oui, non, oui, non, non, non, non},
-    {Genre::cadre, oui, oui, non, oui, non, non, non, non},
-    {Genre::texte, oui, oui, non, oui, non, non, non, oui},
-    {Genre::bouton, oui, oui, oui, oui, non, non, non, oui},
-    {Genre::case_à_cocher, oui, oui, non, oui, oui, non, non, oui},
-    {Genre::option, oui, oui, non, oui, oui, non, non, oui},
-    {Genre::liste, non, oui, non, oui, non, non, oui, oui},
-    {Genre::barre, non, non, non, non, non, oui, non, oui},
-    {Genre::menu, oui, non, non, non, non, non, non, non},
-    {Genre::boîte_image, non, oui, oui, oui, non, non, non, non},
-    {Genre::vue, non, non, non, oui, non, non, non, non},
+    // genre               texte bulle image coul coché barre liste focus
+    {Genre::image,         non,  oui,  oui,  non,  non,  non,  non,  non},
+    {Genre::étiquette,     oui,  oui,  non,  oui,  non,  non,  non,  non},
+    {Genre::cadre,         oui,  oui,  non,  oui,  non,  non,  non,  non},
+    {Genre::texte,         oui,  oui,  non,  oui,  non,  non,  non,  oui},
+    {Genre::bouton,        oui,  oui,  oui,  oui,  non,  non,  non,  oui},
+    {Genre::case_à_cocher, oui,  oui,  non,  oui,  oui,  non,  non,  oui},
+    {Genre::option,        oui,  oui,  non,  oui,  oui,  non,  non,  oui},
+    {Genre::liste,         non,  oui,  non,  oui,  non,  non,  oui,  oui},
+    {Genre::barre,         non,  non,  non,  non,  non,  oui,  non,  oui},
+    {Genre::menu,          oui,  non,  non,  non,  non,  non,  non,  non},
+    {Genre::boîte_image,   non,  oui,  oui,  oui,  non,  non,  non,  non},
+    {Genre::vue,           non,  non,  non,  oui,  non,  non,  non,  non},
 });
+// clang-format on
+
+constexpr bool dans_l_ordre_des_genres() {
+  for (std::size_t i = 0; i < propriétés.size(); ++i)
+    if (static_cast<std::size_t>(propriétés[i].genre) != i) return false;
+  return true;
+}
+static_assert(dans_l_ordre_des_genres(), "the table is read by the number of the kind");
 
 const Propriétés &propriétés_de(Genre genre) {
   return propriétés.at(static_cast<std::size_t>(genre));

@@ -12,7 +12,12 @@ void ajouter_clé(const Registre &registre, const std::string &clé, Json &json)
     Json &textes = json[clé] = Json::object();
     for (const std::string &nom : valeurs) textes[nom] = registre.lire(clé, nom).value_or("");
   }
-  for (const std::string &nom : sous_clés) ajouter_clé(registre, clé.empty() ? nom : clé + "\\" + nom, json);
+  const std::string début = clé.empty() ? clé : clé + "\\";
+  for (const std::string &nom : sous_clés) {
+    std::string sous_clé = début;
+    sous_clé += nom;
+    ajouter_clé(registre, sous_clé, json);
+  }
 }
 
 }  // namespace

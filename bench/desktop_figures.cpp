@@ -75,7 +75,7 @@ class Figures {
   void start_game() {
     g_.Ordre_jeux.remplir(0);
     g_.Ordre_jeux(1) = étape_provinces;
-    QTimer::singleShot(0, [this] {
+    QTimer::singleShot(0, [] {
       QWidget *dialog = QApplication::activeModalWidget();
       click(*dialog->findChild<QWidget *>("boîte_nom_joueur"));
       type(*dialog, QStringLiteral("Mesure"));
@@ -110,6 +110,7 @@ class Figures {
     if (bar == nullptr) return;
     auto *slider = static_cast<QAbstractSlider *>(bar);
     std::vector<double> steps;
+    steps.reserve(60);
     for (int i = 0; i < 60; ++i) steps.push_back(timed([&] { slider->setValue(i % 2 == 0 ? 40 : 10); }));
     print_row("One scroll step, model and paint", steps, "ms");
   }

@@ -37,6 +37,7 @@ bool run(const std::vector<std::string> &words, Figures &figures) {
   posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
   posix_spawn_file_actions_addclose(&actions, ends[0]);
   std::vector<char *> argv;
+  argv.reserve(words.size() + 1);
   for (const std::string &word : words) argv.push_back(const_cast<char *>(word.c_str()));
   argv.push_back(nullptr);
   const auto start = std::chrono::steady_clock::now();

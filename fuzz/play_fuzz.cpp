@@ -28,6 +28,9 @@ class Octets {
   std::size_t place_ = 0;
 };
 
+/// Events played by all runs, told at the end.
+long événements = 0;
+
 [[noreturn]] void faute(const char *règle) {
   std::fprintf(stderr, "broken: %s\n", règle);
   std::abort();
@@ -70,6 +73,7 @@ class Joueur {
       const bool en_jeu = monde_.g().Etape != étape_repos;
       nouvelle_ = false;
       événement();
+      ++événements;
       if (monde_.programme.en_cours()) vérifier(score, en_jeu);
       monde_.boîtes.montrées.clear();
       monde_.façade.ouvertes.clear();
@@ -192,6 +196,10 @@ class Joueur {
 
 }  // namespace
 }  // namespace ardane
+
+extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/) {
+  return std::atexit([] { std::fprintf(stderr, "%ld events played\n", ardane::événements); });
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *données, std::size_t taille) {
   using namespace ardane;

@@ -71,8 +71,6 @@ void AfficherPanneau(Contexte &c) {
   montrer_devant(e, e.BoîteProvinces, régions);
   montrer_devant(e, e.EtiquetteProvinces, régions);
   montrer_devant(e, e.NombreProvinces, régions);
-  // The sign's box keeps its designed place, which the map covers.
-  e.au_premier_plan(e.Carte);
 }
 
 void MasquerPanneau(Contexte &c) {

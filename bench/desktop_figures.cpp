@@ -17,6 +17,7 @@
 #include "core/hit_test_table.h"
 #include "map/layers.h"
 #include "map/pointing.h"
+#include "map/visibility_rules.h"
 #include "platform/qt/mouse.h"
 #include "platform/qt/scratch_folder.h"
 
@@ -65,16 +66,19 @@ class Figures {
 
   void measure() {
     rest("Wake-ups a second at rest, nothing blinking");
-    start_game();
-    clicks();
+    clicks(étape_régions, "Click to last damage, stage Régions");
+    clicks(étape_villes, "Click to last damage, stage Villes");
+    clicks(étape_drapeaux, "Click to last damage, stage Drapeaux");
+    clicks(étape_provinces, "Click to last damage, stage Provinces");
     scrolling();
     painting();
   }
 
  private:
-  void start_game() {
+  void start_game(int stage) {
     g_.Ordre_jeux.remplir(0);
-    g_.Ordre_jeux(1) = étape_provinces;
+    g_.Ordre_jeux(1) = static_cast<std::int16_t>(stage);
+    g_.PartieVierge = true;  // the game before is dropped without a question
     QTimer::singleShot(0, [] {
       QWidget *dialog = QApplication::activeModalWidget();
       click(*dialog->findChild<QWidget *>("boîte_nom_joueur"));
@@ -96,13 +100,23 @@ class Figures {
     return {};
   }
 
-  void clicks() {
+  /// The province to click next: a member of the region asked that is not yet selected, or the one asked.
+  int next_answer() const {
+    if (g_.Etape != étape_régions) return g_.ProvinceCourante;
+    const Fiche_région &region = g_.TableRégions(g_.RégionCourante);
+    for (int k = 1; k <= region.nombre_provinces; ++k)
+      if (!est_sélectionnée(g_, region.membres(k))) return region.membres(k);
+    return 0;
+  }
+
+  void clicks(int stage, const char *what) {
+    start_game(stage);
     std::vector<double> right;
-    for (int i = 0; i < 100; ++i) {
-      const QPoint pixel = pixel_of(g_.ProvinceCourante);
+    for (int i = 0; i < 90; ++i) {
+      const QPoint pixel = pixel_of(next_answer());
       right.push_back(timed([&] { click(view_, pixel); }));
     }
-    print_row("Click to last damage, right answer", right, "ms");
+    print_row(what, right, "ms");
   }
 
   void scrolling() {

@@ -18,7 +18,7 @@ int play(int argc, char **argv, const Options &options) {
       {options.programme.value_or(to_utf8(QCoreApplication::applicationDirPath())),
        options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut()},
       ressources_du_programme());
-  if (!desktop.start()) return 1;
+  if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why
   if (options.prêt_et_quitter) {
     await_first_paint(*desktop.renderer().frame(desktop.programme().écran()));
     report("prêt");

@@ -2,7 +2,7 @@
 #include <QApplication>
 #include <QMainWindow>
 
-#include "platform/qt/ready_report.h"
+#include "front/qt/ready_report.h"
 
 int main(int argc, char **argv) {
   QApplication application(argc, argv);

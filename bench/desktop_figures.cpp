@@ -15,11 +15,11 @@
 
 #include "core/game_state.h"
 #include "core/hit_test_table.h"
+#include "front/qt/mouse.h"
+#include "front/qt/scratch_folder.h"
 #include "map/layers.h"
 #include "map/pointing.h"
 #include "map/visibility_rules.h"
-#include "platform/qt/mouse.h"
-#include "platform/qt/scratch_folder.h"
 
 namespace {
 
@@ -61,7 +61,7 @@ class Figures {
   explicit Figures(Desktop &desktop)
       : desktop_(desktop),
         g_(desktop.programme().état()),
-        main_(desktop.programme().écran()),
+        main_(desktop.programme().principale()),
         view_(*desktop.renderer().frame(main_)->findChild<QWidget *>("Carte")) {}
 
   void measure() {

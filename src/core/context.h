@@ -10,7 +10,7 @@ class Ecran_principal;
 
 struct Contexte {
   GameState &état;
-  Ecran_principal &écran;
+  Ecran_principal &principale;
   Plateforme &plateforme;
   const Ressources &ressources;
 };

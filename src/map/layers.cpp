@@ -15,20 +15,20 @@ double centré(double place_repère, double taille, double taille_repère) {
 }
 
 void placer_couches(Contexte &c, Contrôle &couche, int gauche, int haut) {
-  couche.gauche = c.écran.image_région.gauche + gauche;
-  couche.haut = c.écran.image_région.haut + haut;
+  couche.gauche = c.principale.image_région.gauche + gauche;
+  couche.haut = c.principale.image_région.haut + haut;
 }
 
 /// The picture that the marker of town `i` takes over its plain dot; null for none.
 const Contrôle *image_du_rond(Contexte &c, int i, bool cible) {
   const GameState &g = c.état;
   switch (g.Etape) {
-    case étape_régions: return cible ? &c.écran.Rondcible : &c.écran.rondjaune;
-    case étape_révision: return cible ? &c.écran.Rondcible : nullptr;
+    case étape_régions: return cible ? &c.principale.Rondcible : &c.principale.rondjaune;
+    case étape_révision: return cible ? &c.principale.Rondcible : nullptr;
     case étape_paramétrage_affiché:
     case étape_paramétrage_défini:
-      return g.TableProvinces(i).trouvée ? &c.écran.RondRouge : &c.écran.rondjaune;
-    default: return g.AssistanceActive && i == g.ProvinceCourante ? &c.écran.rondnoir : nullptr;
+      return g.TableProvinces(i).trouvée ? &c.principale.RondRouge : &c.principale.rondjaune;
+    default: return g.AssistanceActive && i == g.ProvinceCourante ? &c.principale.rondnoir : nullptr;
   }
 }
 
@@ -46,7 +46,7 @@ void afficher_drapeau(Contexte &c, Image drapeau) {
     h = std::nearbyint(boîte_l / l * boîte_h);
     l = boîte_l;
   }
-  Contrôle &image = c.écran.Image_recherchée;
+  Contrôle &image = c.principale.Image_recherchée;
   image.haut = std::trunc((boîte_h - h) / 2);
   image.hauteur = h;
   image.gauche = std::trunc((boîte_l - l) / 2);
@@ -58,79 +58,79 @@ void afficher_drapeau(Contexte &c, Image drapeau) {
 
 void Charger_images(Contexte &c) {
   for (int i = 1; i <= nombre_provinces; ++i) {
-    poser_image(c.écran.Pays(i), c.écran.stock.Pays(i));
-    poser_image(c.écran.Inv(i), c.écran.stock.Inv(i));
+    poser_image(c.principale.Pays(i), c.principale.stock.Pays(i));
+    poser_image(c.principale.Inv(i), c.principale.stock.Inv(i));
   }
-  for (int i = 1; i <= nombre_régions; ++i) poser_image(c.écran.Région(i), c.écran.stock.Région(i));
+  for (int i = 1; i <= nombre_régions; ++i) poser_image(c.principale.Région(i), c.principale.stock.Région(i));
 }
 
 void Placer_provinces(Contexte &c) {
   for (int i = 1; i <= nombre_provinces; ++i) {
     const Fiche_province &province = c.état.TableProvinces(i);
-    placer_couches(c, c.écran.Pays(i), province.gauche, province.haut);
-    placer_couches(c, c.écran.Inv(i), province.gauche, province.haut);
+    placer_couches(c, c.principale.Pays(i), province.gauche, province.haut);
+    placer_couches(c, c.principale.Inv(i), province.gauche, province.haut);
   }
 }
 
 void Placer_régions(Contexte &c) {
   for (int i = 1; i <= nombre_régions; ++i) {
     const Fiche_région &région = c.état.TableRégions(i);
-    placer_couches(c, c.écran.Région(i), région.gauche, région.haut);
+    placer_couches(c, c.principale.Région(i), région.gauche, région.haut);
   }
 }
 
 void Placer_repère(Contexte &c, int ville) {
   const Fiche_ville &fiche = c.état.TableVilles(ville);
-  Contrôle &point = repère(c.écran, ville);
-  Contrôle &rond = c.écran.rond(ville);
+  Contrôle &point = repère(c.principale, ville);
+  Contrôle &rond = c.principale.rond(ville);
   placer_couches(c, point, fiche.x, fiche.y);
   rond.gauche = centré(point.gauche, rond.largeur, point.largeur);
   rond.haut = centré(point.haut, rond.hauteur, point.hauteur);
 }
 
 void Empiler_au_départ(Contexte &c) {
-  Ecran_principal &écran = c.écran;
-  écran.au_premier_plan(écran.image_région);
+  Ecran_principal &principale = c.principale;
+  principale.au_premier_plan(principale.image_région);
   for (int i = 1; i <= nombre_régions; ++i)
-    if (c.état.TableRégions(i).encart == 0) écran.au_premier_plan(écran.Région(i));
+    if (c.état.TableRégions(i).encart == 0) principale.au_premier_plan(principale.Région(i));
   for (int i = 1; i <= nombre_provinces; ++i) {
     if (c.état.TableProvinces(i).encart != 0) continue;
-    écran.au_premier_plan(écran.Pays(i));
-    écran.au_premier_plan(écran.Inv(i));
+    principale.au_premier_plan(principale.Pays(i));
+    principale.au_premier_plan(principale.Inv(i));
   }
   for (int i = 1; i <= nombre_villes; ++i) {
     if (c.état.TableProvinces(c.état.TableVilles(i).province).encart != 0) continue;
-    écran.au_premier_plan(écran.rond(i));
-    écran.au_premier_plan(repère(écran, i));
+    principale.au_premier_plan(principale.rond(i));
+    principale.au_premier_plan(repère(principale, i));
   }
 }
 
 void MasquerCarte(Contexte &c) {
   for (int i = 1; i <= nombre_villes; ++i) {
-    c.écran.rond(i).visible = false;
-    repère(c.écran, i).visible = false;
+    c.principale.rond(i).visible = false;
+    repère(c.principale, i).visible = false;
   }
   for (int i = 1; i <= nombre_provinces; ++i) {
-    c.écran.Inv(i).visible = false;
-    c.écran.Pays(i).visible = false;
+    c.principale.Inv(i).visible = false;
+    c.principale.Pays(i).visible = false;
   }
-  for (int i = 1; i <= nombre_régions; ++i) c.écran.Région(i).visible = false;
+  for (int i = 1; i <= nombre_régions; ++i) c.principale.Région(i).visible = false;
 }
 
 void RedessinerCarte(Contexte &c) {
   const GameState &g = c.état;
-  Ecran_principal &écran = c.écran;
+  Ecran_principal &principale = c.principale;
   c.plateforme.écran.sablier(true);
   for (int i = 1; i <= nombre_provinces; ++i) {
-    écran.au_premier_plan(écran.Inv(i));
-    écran.au_premier_plan(écran.Pays(i));
+    principale.au_premier_plan(principale.Inv(i));
+    principale.au_premier_plan(principale.Pays(i));
     Montrer_province(c, i, false);
   }
   for (int i = 1; i <= nombre_régions; ++i) {
-    écran.au_premier_plan(écran.Région(i));
+    principale.au_premier_plan(principale.Région(i));
     Montrer_région(c, i);
   }
-  for (int i = 1; i <= nombre_villes; ++i) écran.au_premier_plan(repère(écran, i));
+  for (int i = 1; i <= nombre_villes; ++i) principale.au_premier_plan(repère(principale, i));
   if (g.Etape == étape_provinces) {
     for (int i = 1; i <= nombre_villes; ++i)
       if (g.TableVilles(i).capitale || g.TableProvinces(g.TableVilles(i).province).trouvée)
@@ -144,35 +144,35 @@ void RedessinerCarte(Contexte &c) {
 }
 
 void Poser_rond(Contexte &c, int i, bool cible, bool retenue) {
-  Ecran_principal &écran = c.écran;
+  Ecran_principal &principale = c.principale;
   const Fiche_ville &ville = c.état.TableVilles(i);
-  Contrôle &rond = écran.rond(i);
+  Contrôle &rond = principale.rond(i);
   const bool était_visible = rond.visible;
   rond.visible = false;
   placer_couches(c, rond, ville.x, ville.y);
-  poser_image(rond, écran.RondPref(0).image);
+  poser_image(rond, principale.RondPref(0).image);
   if (c.état.Etape == étape_régions && !cible && retenue) return;
   if (const Contrôle *modèle = image_du_rond(c, i, cible)) {
     poser_image(rond, modèle->image);
-    rond.gauche = centré(rond.gauche, rond.largeur, écran.RondPref(0).largeur);
-    rond.haut = centré(rond.haut, rond.hauteur, écran.RondPref(0).hauteur);
+    rond.gauche = centré(rond.gauche, rond.largeur, principale.RondPref(0).largeur);
+    rond.haut = centré(rond.haut, rond.hauteur, principale.RondPref(0).hauteur);
   }
   rond.visible = était_visible;
 }
 
 void AfficherDrapeau(Contexte &c, int province) {
-  afficher_drapeau(c, c.écran.Drapeau(province).image);
+  afficher_drapeau(c, c.principale.Drapeau(province).image);
 }
 
 void AfficherDrapeauRégion(Contexte &c, int région) {
-  afficher_drapeau(c, c.écran.DrapeauRégion(région).image);
+  afficher_drapeau(c, c.principale.DrapeauRégion(région).image);
 }
 
 void Clignotant(Contexte &c) {
   GameState &g = c.état;
   g.PhaseClignotement = !g.PhaseClignotement;
   for (int i = 1; i <= nombre_provinces; ++i)
-    if (g.TableClignotement(i)) c.écran.Pays(i).visible = g.PhaseClignotement;
+    if (g.TableClignotement(i)) c.principale.Pays(i).visible = g.PhaseClignotement;
 }
 
 }  // namespace ardane

@@ -102,12 +102,12 @@ void revenir_à_zéro(Contexte &c, Contrôle &barre, void (*défiler)(Contexte &
 }  // namespace
 
 void Lire_rectangle_carte(Contexte &c) {
-  c.état.Rect_carte = c.plateforme.façade.rectangle(c.écran, c.écran.Carte);
+  c.état.Rect_carte = c.plateforme.façade.rectangle(c.principale, c.principale.Carte);
 }
 
 void DisposerCarte(Contexte &c) {
   GameState &g = c.état;
-  Ecran_principal &e = c.écran;
+  Ecran_principal &e = c.principale;
   Contrôle &vue = e.Carte;
   const double carte_l = e.image_région.largeur;
   const double carte_h = e.image_région.hauteur;
@@ -159,10 +159,10 @@ void DisposerCarte(Contexte &c) {
 void Disposer_écran(Contexte &c) {
   c.état.Carte_pleine_largeur = false;
   DisposerCarte(c);
-  disposer_panneau(c.écran);
-  disposer_grille(c.écran);
-  revenir_à_zéro(c, c.écran.barre_h, Défiler_horizontal);
-  revenir_à_zéro(c, c.écran.barre_v, Défiler_vertical);
+  disposer_panneau(c.principale);
+  disposer_grille(c.principale);
+  revenir_à_zéro(c, c.principale.barre_h, Défiler_horizontal);
+  revenir_à_zéro(c, c.principale.barre_v, Défiler_vertical);
 }
 
 }  // namespace ardane

@@ -76,8 +76,8 @@ class Ecran_principal : public Fenêtre {
 };
 
 /// The town's own dot: `RondPref` of a capital, `RondVille` of another city.
-inline Contrôle &repère(Ecran_principal &écran, int ville) {
-  return ville <= nombre_provinces ? écran.RondPref(ville) : écran.RondVille(ville);
+inline Contrôle &repère(Ecran_principal &principale, int ville) {
+  return ville <= nombre_provinces ? principale.RondPref(ville) : principale.RondVille(ville);
 }
 
 }  // namespace ardane

@@ -29,8 +29,8 @@ void remettre_villes(Contexte &c) {
   g.VillesEnJeu = 0;
   for (int i = 1; i <= nombre_villes; ++i) {
     Fiche_ville &ville = g.TableVilles(i);
-    Contrôle &modèle = ville.capitale ? c.écran.RondPref(0) : c.écran.RondVille(0);
-    poser_image(c.écran.rond(i), modèle.image);
+    Contrôle &modèle = ville.capitale ? c.principale.RondPref(0) : c.principale.RondVille(0);
+    poser_image(c.principale.rond(i), modèle.image);
     Placer_repère(c, i);
     Fiche_province &province = g.TableProvinces(ville.province);
     ville.trouvée = province.inhibée;
@@ -77,8 +77,8 @@ void remettre_régions(Contexte &c) {
 
 void RemiseAZéroCarte(Contexte &c) {
   GameState &g = c.état;
-  fixer_valeur(c.écran.barre_h, 0);
-  fixer_valeur(c.écran.barre_v, 0);
+  fixer_valeur(c.principale.barre_h, 0);
+  fixer_valeur(c.principale.barre_v, 0);
   g.PhaseClignotement = true;
   Placer_provinces(c);
   remettre_provinces(g);
@@ -90,8 +90,8 @@ void RemiseAZéroCarte(Contexte &c) {
   g.PartieClose = false;
   g.AssistanceActive = false;
   g.ProvinceCourante = g.VilleCourante = g.RégionCourante = 0;
-  c.écran.Bouton_gruge.visible = false;
-  c.écran.BoutonPasse.visible = false;
+  c.principale.Bouton_gruge.visible = false;
+  c.principale.BoutonPasse.visible = false;
   g.AprèsPartie = false;
 }
 

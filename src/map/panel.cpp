@@ -37,7 +37,7 @@ constexpr std::array zones = std::to_array<Zone_question>({
 });
 
 void afficher_question(Contexte &c) {
-  Ecran_principal &e = c.écran;
+  Ecran_principal &e = c.principale;
   Zone_question zone{};
   for (const Zone_question &z : zones)
     if (z.étape == c.état.Etape && c.état.Niveau >= z.niveau_premier && c.état.Niveau <= z.niveau_dernier)
@@ -57,7 +57,7 @@ void afficher_chiffres(Chiffres &boîtes, int combien, long nombre) {
 }  // namespace
 
 void AfficherPanneau(Contexte &c) {
-  Ecran_principal &e = c.écran;
+  Ecran_principal &e = c.principale;
   const bool jeu = en_jeu(c.état.Etape);
   const bool compté = jeu && !c.état.ModeApprentissage;
   montrer_devant(e, e.que_faire, jeu);
@@ -74,7 +74,7 @@ void AfficherPanneau(Contexte &c) {
 }
 
 void MasquerPanneau(Contexte &c) {
-  Ecran_principal &e = c.écran;
+  Ecran_principal &e = c.principale;
   for (Contrôle *contrôle :
        {&e.que_faire, &e.Boîte_score, &e.Boîte_restants, &e.Texte_à_chercher, &e.Elément_recherché,
         &e.Image_recherchée, &e.NombreProvinces, &e.BoîteProvinces, &e.EtiquetteProvinces})
@@ -84,7 +84,7 @@ void MasquerPanneau(Contexte &c) {
 }
 
 void MasquerParamétrage(Contexte &c) {
-  Ecran_principal &e = c.écran;
+  Ecran_principal &e = c.principale;
   for (int i = 1; i <= 13; ++i) e.LBL_param(i).visible = false;
   for (int i = 1; i <= 16; ++i) e.Bouton(i).visible = false;
   for (int i = 1; i <= 2; ++i) e.BTN(i).visible = false;
@@ -95,13 +95,13 @@ void MasquerParamétrage(Contexte &c) {
 
 void AfficherScore(Contexte &c) {
   const long score = c.état.Score;
-  afficher_chiffres(c.écran.Digit, 6, std::labs(score));
-  c.écran.Digit(0).texte = score < 0 ? "-" : "";
+  afficher_chiffres(c.principale.Digit, 6, std::labs(score));
+  c.principale.Digit(0).texte = score < 0 ? "-" : "";
 }
 
 void AfficherReste(Contexte &c, int nombre) {
   const GameState &g = c.état;
-  std::string &légende = c.écran.Boîte_restants.texte;
+  std::string &légende = c.principale.Boîte_restants.texte;
   switch (g.Etape) {
     case étape_provinces: légende = message(g, 155); break;
     case étape_villes: légende = message(g, 157); break;
@@ -109,7 +109,7 @@ void AfficherReste(Contexte &c, int nombre) {
     case étape_régions: légende = message(g, 156); break;
     default: break;
   }
-  afficher_chiffres(c.écran.Reste, 3, nombre);
+  afficher_chiffres(c.principale.Reste, 3, nombre);
 }
 
 int reste_de_l_étape(const GameState &g) {

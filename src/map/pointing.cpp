@@ -12,17 +12,17 @@ bool contient(const Contrôle &image, double x, double y) {
 
 }  // namespace
 
-Contrôle *image_sous(Ecran_principal &écran, double x, double y) {
+Contrôle *image_sous(Ecran_principal &principale, double x, double y) {
   Contrôle *dessus = nullptr;
-  for (Contrôle &image : écran.contrôles()) {
-    if (!image.visible || !image.actif || image.conteneur != &écran.Carte || !image.clic) continue;
+  for (Contrôle &image : principale.contrôles()) {
+    if (!image.visible || !image.actif || image.conteneur != &principale.Carte || !image.clic) continue;
     if (contient(image, x, y) && (dessus == nullptr || image.plan > dessus->plan)) dessus = &image;
   }
   return dessus;
 }
 
-const Contrôle *image_avec_infobulle(Ecran_principal &écran, double x, double y) {
-  const Contrôle *image = image_sous(écran, x, y);
+const Contrôle *image_avec_infobulle(Ecran_principal &principale, double x, double y) {
+  const Contrôle *image = image_sous(principale, x, y);
   return image != nullptr && !image->infobulle.empty() ? image : nullptr;
 }
 

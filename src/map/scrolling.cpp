@@ -43,18 +43,18 @@ void centrer(const Axe &axe) {
 
 void Défiler_horizontal(Contexte &c) {
   MasquerCarte(c);
-  c.écran.image_région.gauche = -c.écran.barre_h.valeur;
+  c.principale.image_région.gauche = -c.principale.barre_h.valeur;
   déplacer_tout(c);
 }
 
 void Défiler_vertical(Contexte &c) {
   MasquerCarte(c);
-  c.écran.image_région.haut = -c.écran.barre_v.valeur;
+  c.principale.image_région.haut = -c.principale.barre_v.valeur;
   déplacer_tout(c);
 }
 
 void Centrer_cible(Contexte &c, int p) {
-  Ecran_principal &e = c.écran;
+  Ecran_principal &e = c.principale;
   const Contrôle &couche = e.Pays(p);
   const Contrôle &carte = e.image_région;
   // The vertical bar measures the far edge with the marker, the horizontal one with the layer.

@@ -74,7 +74,7 @@ bool est_membre(const GameState &g, int province, int région) {
 /// Marker and blinking of a province in stage Régions.
 void montrer_sélection(Contexte &c, int i, bool hors_sélection) {
   GameState &g = c.état;
-  Contrôle &rond = c.écran.rond(i);
+  Contrôle &rond = c.principale.rond(i);
   const bool placée = vaut(g, Si::V, i);
   const bool haut_niveau = g.Niveau == 3 || g.Niveau == 4;
   if (hors_sélection || g.RégionCourante == 0) {
@@ -199,9 +199,9 @@ void Montrer_province(Contexte &c, int i, bool hors_sélection) {
     return r.étape == g.Etape && g.Niveau >= r.niveau_premier && g.Niveau <= r.niveau_dernier;
   });
   if (règle != règles_provinces.end()) {
-    montrer(c.écran.Pays(i), vaut(g, règle->pays, i));
-    montrer(c.écran.Inv(i), vaut(g, règle->inv, i));
-    Contrôle &rond = c.écran.rond(i);
+    montrer(c.principale.Pays(i), vaut(g, règle->pays, i));
+    montrer(c.principale.Inv(i), vaut(g, règle->inv, i));
+    Contrôle &rond = c.principale.rond(i);
     if (règle->rond == Si::sélection)
       montrer_sélection(c, i, hors_sélection);
     else if (règle->rond != Si::inchangé)
@@ -222,15 +222,15 @@ void Montrer_région(Contexte &c, int r) {
     case étape_paramétrage_défini: visible = true; break;
     default: break;
   }
-  c.écran.Région(r).visible = visible;
+  c.principale.Région(r).visible = visible;
 }
 
 void Montrer_repère(Contexte &c, int v) {
   const Fiche_ville &ville = c.état.TableVilles(v);
   if (ville.capitale)
-    montrer_capitale(c, ville, c.écran.RondPref(v));
+    montrer_capitale(c, ville, c.principale.RondPref(v));
   else
-    montrer_autre_ville(c, ville, c.écran.RondVille(v));
+    montrer_autre_ville(c, ville, c.principale.RondVille(v));
 }
 
 }  // namespace ardane

@@ -31,7 +31,7 @@ void JePasse(Contexte &c) {
   Jouer_son(c, g.SonPerdu);
   g.NbErreurs = 0;
   QuestionSuivante(c);
-  c.écran.BoutonPasse.visible = false;
+  c.principale.BoutonPasse.visible = false;
 }
 
 void RéponseAssistée(Contexte &c) {
@@ -48,7 +48,7 @@ void RéponseAssistée(Contexte &c) {
   }
   Jouer_son(c, g.SonJuste);
   QuestionSuivante(c);
-  c.écran.Bouton_gruge.visible = false;
+  c.principale.Bouton_gruge.visible = false;
   g.NbErreurs = 0;
   // The first draw is dropped, and counts as the previous object of the second.
   QuestionSuivante(c);

@@ -67,14 +67,14 @@ bool conseil_à_donner(const GameState &g) {
 
 void offrir_aide(Contexte &c) {
   if (c.état.ModeApprentissage)
-    c.écran.Bouton_gruge.visible = true;
+    c.principale.Bouton_gruge.visible = true;
   else if (c.état.Niveau == 1)
-    c.écran.BoutonPasse.visible = true;
+    c.principale.BoutonPasse.visible = true;
 }
 
 void retirer_aide(Contexte &c) {
-  c.écran.BoutonPasse.visible = false;
-  c.écran.Bouton_gruge.visible = false;
+  c.principale.BoutonPasse.visible = false;
+  c.principale.Bouton_gruge.visible = false;
 }
 
 void abandonner_question(Contexte &c) {
@@ -93,7 +93,7 @@ void abandonner_question(Contexte &c) {
 
 void BonneRéponse(Contexte &c) {
   GameState &g = c.état;
-  if (g.Niveau == 1) c.écran.BoutonPasse.visible = false;
+  if (g.Niveau == 1) c.principale.BoutonPasse.visible = false;
   if (g.Etape == étape_provinces || g.Etape == étape_drapeaux)
     g.TableProvinces(g.ProvinceCourante).trouvée = !(g.Niveau == 1 && g.AssistanceActive);
   if (g.AssistanceActive) {
@@ -109,7 +109,7 @@ void BonneRéponse(Contexte &c) {
   if (conseil_à_donner(g)) Conseiller_fiches(c);
   g.AssistanceActive = false;
   QuestionSuivante(c);
-  c.écran.Bouton_gruge.visible = false;
+  c.principale.Bouton_gruge.visible = false;
   g.NbErreurs = 0;
 }
 

@@ -59,8 +59,8 @@ void Clic_carte(Contexte &c, int carte) {
   const GameState &g = c.état;
   if (g.Etape == étape_repos) return;
   const Point curseur = c.plateforme.écran.curseur();
-  const int x = curseur.x - g.Rect_carte.gauche + c.écran.barre_h.valeur;
-  const int y = curseur.y - g.Rect_carte.haut + c.écran.barre_v.valeur;
+  const int x = curseur.x - g.Rect_carte.gauche + c.principale.barre_h.valeur;
+  const int y = curseur.y - g.Rect_carte.haut + c.principale.barre_v.valeur;
   const int province = repère_exigé(g) ? 0 : code_du_pixel(g, carte, x, y);
   if (province != 0) ClicProvince(c, province);
 }

@@ -31,7 +31,7 @@ int tirer(const Fiches &table, int n, float tirage, int précédent) {
 
 void poser_province(Contexte &c, int choix) {
   GameState &g = c.état;
-  Ecran_principal &e = c.écran;
+  Ecran_principal &e = c.principale;
   g.ProvinceCourante = static_cast<std::int16_t>(choix);
   e.Texte_à_chercher.texte = g.TableProvinces(choix).nom;
   if (g.Niveau == 1) {
@@ -50,7 +50,7 @@ void poser_ville(Contexte &c, int choix) {
   GameState &g = c.état;
   g.VilleCourante = static_cast<std::int16_t>(choix);
   g.ProvinceCourante = g.TableVilles(choix).province;
-  c.écran.Texte_à_chercher.texte = g.TableVilles(choix).nom;
+  c.principale.Texte_à_chercher.texte = g.TableVilles(choix).nom;
   if (g.Niveau == 1 || g.Niveau == 2) AfficherDrapeau(c, g.ProvinceCourante);
 }
 
@@ -63,11 +63,11 @@ void poser_région(Contexte &c, int choix) {
   GameState &g = c.état;
   const Fiche_région &région = g.TableRégions(choix);
   g.RégionCourante = static_cast<std::int16_t>(choix);
-  c.écran.Texte_à_chercher.texte = région.nom;
+  c.principale.Texte_à_chercher.texte = région.nom;
   g.ResteRégion = g.TailleRégion = région.provinces_restantes;
   g.SélectionRégion.dimensionner(g.TailleRégion);
-  c.écran.NombreProvinces.texte = std::to_string(g.TailleRégion);
-  c.écran.au_premier_plan(c.écran.NombreProvinces);
+  c.principale.NombreProvinces.texte = std::to_string(g.TailleRégion);
+  c.principale.au_premier_plan(c.principale.NombreProvinces);
   for (int k = 1; k <= région.nombre_provinces; ++k) Montrer_province(c, région.membres(k), false);
   AfficherDrapeauRégion(c, choix);
 }

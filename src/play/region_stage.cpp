@@ -11,7 +11,7 @@ namespace ardane {
 namespace {
 
 void afficher_nombre(Contexte &c) {
-  c.écran.NombreProvinces.texte = std::to_string(c.état.ResteRégion);
+  c.principale.NombreProvinces.texte = std::to_string(c.état.ResteRégion);
 }
 
 /// The selection without `province`, again from the top down without a hole. The working list holds 8: taking

@@ -63,7 +63,7 @@ bool partie_en_cours(const GameState &g) {
 void NouvellePartie(Contexte &c) {
   GameState &g = c.état;
   if (!ConfirmerAbandon(c)) return;
-  c.écran.contexte_aide = 10;
+  c.principale.contexte_aide = 10;
   c.plateforme.fenêtres.ouvrir_modale("nouvelle_partie");
   RemiseAZéroCarte(c);
   MasquerCarte(c);

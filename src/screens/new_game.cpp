@@ -84,7 +84,7 @@ void Nouvelle_partie::accepter() {
   }
   g.Nom_joueur = premiers_caractères(nom_saisi, longueur_du_nom);
   g.ModeApprentissage = g.ScoreNonRetenu = false;
-  c_.écran.Bouton_gruge.image = c_.écran.Ampoule_allumée.image;
+  c_.principale.Bouton_gruge.image = c_.principale.Ampoule_allumée.image;
   lire_niveau();
   Ecrire_registre(c_.plateforme.registre, clé_du_jeu, "joueur", g.Nom_joueur);
   g.Etape = g.Ordre_jeux(1);

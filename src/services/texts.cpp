@@ -55,11 +55,11 @@ constexpr std::array légendes = std::to_array<Légende>({
 
 void Poser_textes(Contexte &c) {
   const GameState &g = c.état;
-  c.écran.titre = message(g, 110);
+  c.principale.titre = message(g, 110);
   for (const Légende &légende : légendes)
-    contrôle(c.écran, légende.contrôle).texte = message(g, légende.message);
-  c.écran.BoutonPasse.infobulle = message(g, 142);
-  c.écran.menu("MenuSon").texte = message(g, g.SonActif ? 170 : 171);
+    contrôle(c.principale, légende.contrôle).texte = message(g, légende.message);
+  c.principale.BoutonPasse.infobulle = message(g, 142);
+  c.principale.menu("MenuSon").texte = message(g, g.SonActif ? 170 : 171);
 }
 
 void Changer_langue(Contexte &c) {
@@ -77,8 +77,8 @@ void Changer_langue(Contexte &c) {
 }
 
 void Aide_du_menu(Contexte &c) {
-  c.écran.contexte_aide = 10;
-  Ouvrir_aide(c, c.écran.contexte_aide);
+  c.principale.contexte_aide = 10;
+  Ouvrir_aide(c, c.principale.contexte_aide);
 }
 
 void Ouvrir_aide(Contexte &c, int contexte) {
@@ -95,7 +95,7 @@ void A_propos(Contexte &c) {
 void Basculer_son(Contexte &c) {
   GameState &g = c.état;
   g.SonActif = !g.SonActif;
-  c.écran.menu("MenuSon").texte = message(g, g.SonActif ? 180 : 181);
+  c.principale.menu("MenuSon").texte = message(g, g.SonActif ? 180 : 181);
 }
 
 }  // namespace ardane

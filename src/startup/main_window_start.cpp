@@ -33,7 +33,7 @@ void nommer_sons(GameState &g) {
 
 void Initialiser_écran(Contexte &c) {
   GameState &g = c.état;
-  Ecran_principal &e = c.écran;
+  Ecran_principal &e = c.principale;
   Lire_écran(c);
   e.haut = 0;
   c.plateforme.écran.sablier(true);
@@ -67,8 +67,8 @@ void Initialiser_écran(Contexte &c) {
   c.plateforme.écran.sablier(false);
 }
 
-void désactiver_entrées_sans_effet(Ecran_principal &écran) {
-  for (Contrôle &entrée : écran.contrôles()) {
+void désactiver_entrées_sans_effet(Ecran_principal &principale) {
+  for (Contrôle &entrée : principale.contrôles()) {
     const bool article = entrée.genre == Genre::menu && entrée.conteneur != nullptr;
     if (article && !entrée.clic) entrée.actif = false;
   }

@@ -10,6 +10,6 @@ namespace ardane {
 void Initialiser_écran(Contexte &c);
 
 /// Disables the menu entries that have nothing to do.
-void désactiver_entrées_sans_effet(Ecran_principal &écran);
+void désactiver_entrées_sans_effet(Ecran_principal &principale);
 
 }  // namespace ardane

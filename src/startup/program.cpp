@@ -35,9 +35,9 @@ std::unique_ptr<Fenêtre> fabriquer(Contexte &c) {
 
 Programme::Programme(const Monde &monde, const Ressources &ressources)
     : ressources_(ressources),
-      écran_(ressources.images),
+      principale_(ressources.images),
       plateforme_{monde, *this},
-      contexte_{état_, écran_, plateforme_, ressources_},
+      contexte_{état_, principale_, plateforme_, ressources_},
       fabriques_{{"nouvelle_partie", fabriquer<Nouvelle_partie>},
                  {"Affichage_scores", fabriquer<Affichage_scores>},
                  {"Paramétrage_répertoires", fabriquer<Paramétrage_répertoires>}} {}
@@ -55,7 +55,7 @@ bool Programme::Démarrage(const std::string &répertoire) {
   plateforme_.écran.sablier(true);
   Initialiser_écran(contexte_);
   brancher();
-  plateforme_.façade.montrer(écran_);
+  plateforme_.façade.montrer(principale_);
   plateforme_.écran.sablier(false);
   return true;
 }
@@ -73,13 +73,13 @@ void Programme::aide(const Fenêtre &fenêtre) {
 void Programme::décharger() {
   if (!ConfirmerAbandon(contexte_)) return;
   Rendre_sons_système(contexte_);
-  écran_.fermer();
-  plateforme_.façade.retirer(écran_);
+  principale_.fermer();
+  plateforme_.façade.retirer(principale_);
 }
 
 void Programme::brancher() {
   Contexte &c = contexte_;
-  Ecran_principal &e = écran_;
+  Ecran_principal &e = principale_;
   const auto entrée = [&](std::string_view nom, auto action) {
     e.menu(nom).clic = [&c, action] { action(c); };
   };

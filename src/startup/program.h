@@ -25,14 +25,14 @@ class Programme : private Ouvreur {
   bool Démarrage(const std::string &répertoire);
 
   /// True while the main window is there. Its own events end it: the close control
-  /// (`écran().demande_de_fermeture`) and the menu entry `fichier_quitter`.
-  bool en_cours() const { return écran_.ouverte; }
+  /// (`principale().demande_de_fermeture`) and the menu entry `fichier_quitter`.
+  bool en_cours() const { return principale_.ouverte; }
 
   /// The F1 key in a window: opens the help at the window's context.
   void aide(const Fenêtre &fenêtre);
 
   GameState &état() { return état_; }
-  Ecran_principal &écran() { return écran_; }
+  Ecran_principal &principale() { return principale_; }
   Contexte &contexte() { return contexte_; }
 
  private:
@@ -45,7 +45,7 @@ class Programme : private Ouvreur {
 
   const Ressources &ressources_;
   GameState état_;
-  Ecran_principal écran_;
+  Ecran_principal principale_;
   Plateforme plateforme_;
   Contexte contexte_;
   std::map<std::string_view, Fabrique> fabriques_;

@@ -9,10 +9,10 @@
 #include <fstream>
 
 #include "core/game_state.h"
-#include "platform/qt/appearance.h"
-#include "platform/qt/automatic_player.h"
-#include "platform/qt/mouse.h"
-#include "platform/qt/scratch_folder.h"
+#include "front/qt/appearance.h"
+#include "front/qt/automatic_player.h"
+#include "front/qt/mouse.h"
+#include "front/qt/scratch_folder.h"
 
 namespace ardane {
 namespace {
@@ -38,7 +38,7 @@ class Game : public testing::Test {
     state().Ordre_jeux(1) = étape_provinces;
   }
   GameState &state() { return desktop->programme().état(); }
-  Ecran_principal &screen() { return desktop->programme().écran(); }
+  Ecran_principal &screen() { return desktop->programme().principale(); }
   QWidget *frame() { return desktop->renderer().frame(screen()); }
 
   ScratchFolder folder{ARDANE_RESOURCES};

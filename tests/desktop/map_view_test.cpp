@@ -1,5 +1,5 @@
 // The map's viewport: stacking order, damage, fine pictures, presses and tool tips.
-#include "platform/qt/map_view.h"
+#include "front/qt/map_view.h"
 
 #include <QSignalSpy>
 #include <QTest>

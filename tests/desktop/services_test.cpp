@@ -10,11 +10,11 @@
 #include <QTextBrowser>
 #include <fstream>
 
-#include "platform/qt/clock.h"
-#include "platform/qt/help_window.h"
-#include "platform/qt/on_demand.h"
-#include "platform/qt/options.h"
-#include "platform/qt/screen.h"
+#include "front/qt/clock.h"
+#include "front/qt/help_window.h"
+#include "front/qt/on_demand.h"
+#include "front/qt/options.h"
+#include "front/qt/screen.h"
 
 namespace ardane {
 namespace {

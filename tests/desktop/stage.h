@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "core/resources.h"
-#include "platform/qt/appearance.h"
-#include "platform/qt/boxes.h"
-#include "platform/qt/renderer.h"
+#include "front/qt/appearance.h"
+#include "front/qt/boxes.h"
+#include "front/qt/renderer.h"
 
 namespace ardane {
 

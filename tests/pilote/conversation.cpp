@@ -9,7 +9,7 @@
 #include <thread>
 
 #include "core/paths.h"
-#include "platform/pilote/pilot.h"
+#include "front/pilote/pilot.h"
 
 namespace ardane {
 

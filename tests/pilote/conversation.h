@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/pilote/journal.h"
-#include "platform/pilote/options.h"
+#include "front/pilote/journal.h"
+#include "front/pilote/options.h"
 
 namespace ardane {
 

@@ -1,4 +1,4 @@
-#include "platform/pilote/headless_services.h"
+#include "front/pilote/headless_services.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

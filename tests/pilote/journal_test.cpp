@@ -1,4 +1,4 @@
-#include "platform/pilote/journal.h"
+#include "front/pilote/journal.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/pilote/json_controls.h"
+#include "front/pilote/json_controls.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

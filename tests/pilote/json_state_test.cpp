@@ -1,10 +1,10 @@
-#include "platform/pilote/json_state.h"
+#include "front/pilote/json_state.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 
-#include "platform/pilote/refusal.h"
+#include "front/pilote/refusal.h"
 
 namespace ardane {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/pilote/options.h"
+#include "front/pilote/options.h"
 
 #include <gtest/gtest.h>
 

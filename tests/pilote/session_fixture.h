@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/pilote/commands.h"
-#include "platform/pilote/refusal.h"
+#include "front/pilote/commands.h"
+#include "front/pilote/refusal.h"
 
 namespace ardane {
 

@@ -3,8 +3,8 @@
 
 #include <sstream>
 
+#include "front/pilote/pilot.h"
 #include "pilot_fixture.h"
-#include "platform/pilote/pilot.h"
 
 namespace ardane {
 namespace {

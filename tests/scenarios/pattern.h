@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/pilote/journal.h"
+#include "front/pilote/journal.h"
 
 namespace ardane {
 

@@ -4,8 +4,8 @@
 
 #include "answers.h"
 #include "core/paths.h"
+#include "front/pilote/options.h"
 #include "pattern.h"
-#include "platform/pilote/options.h"
 
 namespace ardane {
 namespace {

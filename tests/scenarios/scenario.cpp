@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/pilote/numbers.h"
+#include "front/pilote/numbers.h"
 
 namespace ardane {
 namespace {

@@ -8,10 +8,10 @@
 
 #include "core/game_state.h"
 #include "core/hit_test_table.h"
+#include "front/qt/appearance.h"
+#include "front/qt/mouse.h"
 #include "map/pointing.h"
 #include "map/visibility_rules.h"
-#include "platform/qt/appearance.h"
-#include "platform/qt/mouse.h"
 
 namespace ardane {
 namespace {
@@ -57,7 +57,7 @@ void WholeGamePlayer::stop(const std::string &why) {
   ended_ = true;
   QTimer::singleShot(0, this, [this] {
     if (QWidget *modal = QApplication::activeModalWidget()) modal->close();
-    desktop_.programme().écran().fermer();
+    desktop_.programme().principale().fermer();
     desktop_.renderer().sync();
   });
 }
@@ -81,7 +81,7 @@ void WholeGamePlayer::step() {
 }
 
 void WholeGamePlayer::choose_from_menu(const char *menu, const char *entry) {
-  QWidget *bar = widget(*desktop_.renderer().frame(desktop_.programme().écran()), "barre_de_menus");
+  QWidget *bar = widget(*desktop_.renderer().frame(desktop_.programme().principale()), "barre_de_menus");
   const auto *action = bar->findChild<QAction *>(QString::fromUtf8(menu));
   if (action == nullptr) return stop("no such menu");
   entry_ = entry;
@@ -155,7 +155,7 @@ void WholeGamePlayer::err() {
 
 /// The button that the level offers; true if this step was spent on it.
 bool WholeGamePlayer::seek_help() {
-  Ecran_principal &main = desktop_.programme().écran();
+  Ecran_principal &main = desktop_.programme().principale();
   const QWidget &window = *desktop_.renderer().frame(main);
   if (main.BoutonPasse.visible) {
     click(*widget(window, "BoutonPasse"));
@@ -233,7 +233,7 @@ int WholeGamePlayer::other_town() const {
 }
 
 bool WholeGamePlayer::press_province(int province) {
-  Ecran_principal &main = desktop_.programme().écran();
+  Ecran_principal &main = desktop_.programme().principale();
   QWidget *view = widget(*desktop_.renderer().frame(main), "Carte");
   for (const QPoint pixel : pixels_[static_cast<std::size_t>(province)]) {
     const Contrôle *picture = image_sous(main, pixel.x(), pixel.y());
@@ -246,7 +246,7 @@ bool WholeGamePlayer::press_province(int province) {
 
 bool WholeGamePlayer::press_town(int town) {
   if (town == 0) return false;
-  Ecran_principal &main = desktop_.programme().écran();
+  Ecran_principal &main = desktop_.programme().principale();
   const Contrôle &dot = repère(main, town);
   const QPoint middle(static_cast<int>(dot.gauche) + 3, static_cast<int>(dot.haut) + 4);
   if (image_sous(main, middle.x(), middle.y()) != &dot) return false;

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/gazetteer.h"
-#include "platform/qt/desktop.h"
+#include "front/qt/desktop.h"
 
 class QMessageBox;
 

@@ -7,8 +7,8 @@
 #include <tuple>
 
 #include "core/game_state.h"
-#include "platform/qt/desktop.h"
-#include "platform/qt/scratch_folder.h"
+#include "front/qt/desktop.h"
+#include "front/qt/scratch_folder.h"
 #include "player.h"
 
 namespace ardane {

@@ -45,13 +45,13 @@ TEST_F(Texts, WithTwoLanguagesTheChangeTogglesBetweenThemAndIsRemembered) {
   Programme p({m.boîtes, registre, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, m.façade},
               deux_langues);
   ASSERT_TRUE(p.Démarrage(m.dossier.chemin()));
-  EXPECT_EQ(p.écran().titre, "un 110");
-  cliquer(p.écran(), p.écran().menu("Menu_langue"));
+  EXPECT_EQ(p.principale().titre, "un 110");
+  cliquer(p.principale(), p.principale().menu("Menu_langue"));
   EXPECT_EQ(p.état().Langue, 2);
-  EXPECT_EQ(p.écran().titre, "deux 110");
+  EXPECT_EQ(p.principale().titre, "deux 110");
   EXPECT_EQ(registre.lire(clé_du_jeu, "langue"), "2");
-  cliquer(p.écran(), p.écran().menu("Menu_langue"));
-  EXPECT_EQ(p.écran().titre, "un 110");
+  cliquer(p.principale(), p.principale().menu("Menu_langue"));
+  EXPECT_EQ(p.principale().titre, "un 110");
 }
 
 TEST_F(Texts, TheHelpOpensAtThePlaceOfPlayFromTheMenuAndAtTheWindowsOwnByItsKey) {

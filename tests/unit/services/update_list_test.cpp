@@ -164,7 +164,7 @@ class OwnCatalogue : public UpdateList {
  protected:
   void fusionner(std::string_view lignes) {
     const Ressources propres{TableChaînes(lignes), {}};
-    Contexte c{m.c().état, m.c().écran, m.c().plateforme, propres};
+    Contexte c{m.c().état, m.c().principale, m.c().plateforme, propres};
     Fusionner_catalogue(c);
   }
 };

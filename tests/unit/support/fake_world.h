@@ -163,7 +163,7 @@ struct MondeFactice {
 
   GameState &g() { return programme.état(); }
   const GameState &g() const { return programme_constant(); }
-  Ecran_principal &e() { return programme.écran(); }
+  Ecran_principal &e() { return programme.principale(); }
   Contexte &c() { return programme.contexte(); }
   const Boîte &dernière_boîte() const { return boîtes.montrées.at(boîtes.montrées.size() - 1); }
 

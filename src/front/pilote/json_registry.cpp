@@ -1,0 +1,31 @@
+#include "front/pilote/json_registry.h"
+
+#include <string>
+
+namespace ardane {
+namespace {
+
+void ajouter_clé(const Registre &registre, const std::string &clé, Json &json) {
+  const auto sous_clés = registre.sous_clés(clé);
+  const auto valeurs = registre.valeurs(clé);
+  if (!clé.empty() && (sous_clés.empty() || !valeurs.empty())) {
+    Json &textes = json[clé] = Json::object();
+    for (const std::string &nom : valeurs) textes[nom] = registre.lire(clé, nom).value_or("");
+  }
+  const std::string début = clé.empty() ? clé : clé + "\\";
+  for (const std::string &nom : sous_clés) {
+    std::string sous_clé = début;
+    sous_clé += nom;
+    ajouter_clé(registre, sous_clé, json);
+  }
+}
+
+}  // namespace
+
+Json registre_json(const Registre &registre) {
+  Json json = Json::object();
+  ajouter_clé(registre, "", json);
+  return json;
+}
+
+}  // namespace ardane

@@ -1,0 +1,18 @@
+#include <iostream>
+
+#include "front/pilote/options.h"
+#include "front/pilote/pilot.h"
+
+int main(int argc, char **argv) {
+  constexpr int mauvaise_option = 2;
+  ardane::Options options;
+  try {
+    options = ardane::lire_options({argv + 1, argv + argc});
+    ardane::établir_dossiers(options, argv[0]);
+  } catch (const ardane::OptionRefusée &refusée) {
+    std::cerr << refusée.what() << '\n';
+    return mauvaise_option;
+  }
+  std::ios::sync_with_stdio(false);
+  return ardane::Pilote(std::cin, std::cout, options).exécuter();
+}

@@ -1,0 +1,43 @@
+// The pilot: reads commands line by line, carries them out on the program, and writes what happens.
+//
+// After each command come the lines of its events, then one line that tells what waits for the next. A box or
+// a modal window waits in a loop of its own inside the handler that opened it, so the program's procedures
+// run as they do under a toolkit.
+#pragma once
+
+#include <functional>
+#include <istream>
+#include <ostream>
+
+#include "front/pilote/commands.h"
+#include "front/pilote/headless_world.h"
+#include "front/pilote/journal.h"
+#include "front/pilote/options.h"
+#include "front/pilote/session.h"
+#include "startup/program.h"
+
+namespace ardane {
+
+class Pilote : private Attente {
+ public:
+  /// `options.programme` is the program's folder. The streams must outlive the pilot.
+  Pilote(std::istream &entrée, std::ostream &sortie, const Options &options);
+
+  /// Runs until the program has ended, `quitter` or the end of the input. Returns the exit code: 1 after a
+  /// fatal error, otherwise 0.
+  int exécuter();
+
+ private:
+  void attendre_que(const std::function<bool()> &fini) override;
+  void pas();
+  void écrire_attente();
+  int finir(int code);
+
+  std::istream &entrée_;
+  Journal journal_;
+  MondeScripté monde_;
+  Programme programme_;
+  Session session_;
+};
+
+}  // namespace ardane

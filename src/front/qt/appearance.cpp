@@ -1,0 +1,54 @@
+#include "front/qt/appearance.h"
+
+#include <QTextDocument>
+
+namespace ardane {
+namespace {
+
+constexpr double pixels_per_point = 96.0 / 72.0;
+
+/// Designed families, each before the ones with the same metrics that free systems carry.
+QStringList families(Famille_police famille) {
+  if (famille == Famille_police::times)
+    return {QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif"), QStringLiteral("serif")};
+  return {QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
+          QStringLiteral("sans-serif")};
+}
+
+void set_roles(QPalette &palette, std::initializer_list<QPalette::ColorRole> roles, const QColor &colour) {
+  for (const QPalette::ColorRole role : roles) palette.setColor(role, colour);
+}
+
+}  // namespace
+
+QString caption(const std::string &text) {
+  return to_qt(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString tool_tip(const std::string &text) {
+  const QString plain = to_qt(text);
+  return Qt::mightBeRichText(plain) ? plain.toHtmlEscaped() : plain;
+}
+
+QFont to_qt(const Police &police) {
+  QFont font;
+  font.setFamilies(families(police.famille));
+  font.setPixelSize(qRound(police.points * pixels_per_point));
+  font.setBold(police.gras);
+  return font;
+}
+
+QColor to_qt(Couleur couleur) {
+  return {couleur.rouge, couleur.vert, couleur.bleu};
+}
+
+void set_colours(QWidget &widget, const std::optional<Couleur> &fond, const std::optional<Couleur> &couleur) {
+  QPalette palette;
+  if (fond) set_roles(palette, {QPalette::Window, QPalette::Base, QPalette::Button}, to_qt(*fond));
+  if (couleur)
+    set_roles(palette, {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}, to_qt(*couleur));
+  widget.setAutoFillBackground(fond.has_value());
+  widget.setPalette(palette);
+}
+
+}  // namespace ardane

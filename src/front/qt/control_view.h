@@ -1,0 +1,74 @@
+// A control of a window and the widget that shows it.
+#pragma once
+
+#include <QPointer>
+#include <QRect>
+#include <QWidget>
+#include <memory>
+#include <optional>
+
+#include "front/qt/dispatcher.h"
+#include "front/qt/picture_store.h"
+#include "front/qt/screen.h"
+#include "platform/controls.h"
+
+namespace ardane {
+
+/// What the widgets of one window share.
+struct ViewContext {
+  Fenêtre &window;
+  Dispatcher &dispatcher;
+  PictureStore &pictures;
+  ScreenQt &screen;
+};
+
+/// A control's place in its container's widget, in whole pixels.
+QRect place_of(const Contrôle &control);
+
+/// Keeps one widget in step with one control, and hands the player's events on. Properties that the program
+/// alone changes are compared with what was last set; those that the player changes as well, with the
+/// widget's own. What has not changed is not set.
+class ControlView : public QObject {
+ public:
+  ~ControlView() override = default;
+
+  Contrôle &control() const { return control_; }
+  QWidget &widget() const { return *widget_; }
+  virtual void sync();
+
+ protected:
+  /// Whether the widget is to be seen; the data's own visibility unless a kind has more to say.
+  virtual bool is_shown() const { return control_.visible; }
+  /// Where the widget stands; the data's own place unless the desktop's style needs more room.
+  virtual QRect place() const { return place_of(control_); }
+
+  /// Takes the widget, which its Qt parent owns.
+  ControlView(Contrôle &control, const ViewContext &context, QWidget *widget);
+
+  void run(const Dispatcher::Event &event) { context_.dispatcher.run(event); }
+  /// The click of the player's, through the window's rules.
+  void click();
+  bool eventFilter(QObject *watched, QEvent *event) override;
+
+  const ViewContext context_;
+
+ private:
+  /// The properties that every kind has and that the program alone changes.
+  struct Look {
+    QRect place;
+    bool visible = true, enabled = true;
+    std::string tool_tip;
+    std::optional<Couleur> fond, couleur;
+    Police police;
+    friend bool operator==(const Look &, const Look &) = default;
+  };
+
+  Contrôle &control_;
+  QWidget *const widget_;
+  std::optional<Look> shown_;
+};
+
+/// The view for the control's kind, its widget a child of `parent`. Menu entries have none.
+std::unique_ptr<ControlView> make_view(Contrôle &control, const ViewContext &context, QWidget *parent);
+
+}  // namespace ardane

@@ -1,0 +1,91 @@
+#include "front/qt/desktop.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QSessionManager>
+
+#include "core/paths.h"
+#include "front/qt/appearance.h"
+
+namespace ardane {
+namespace {
+
+constexpr std::chrono::milliseconds blink_period{500};
+/// The main window is painted first.
+constexpr std::chrono::milliseconds settling_delay{100};
+constexpr qsizetype names_told = 5;
+
+}  // namespace
+
+Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
+    : folder_(places.programme),
+      pictures_(ressources.images, to_qt(Joindre_chemin(places.programme, "images"))),
+      registry_(places.registre),
+      renderer_(dispatcher_, pictures_, screen_),
+      boxes_(dispatcher_, screen_, renderer_),
+      programme_({boxes_, registry_, screen_, sound_, clock_, random_, web_, help_, renderer_}, ressources) {
+  renderer_.help = [this](const Fenêtre &window) { programme_.aide(window); };
+  renderer_.moved = [this](const Fenêtre &window) {
+    if (&window == &programme_.principale() && programme_.principale().déplacement)
+      programme_.principale().déplacement();
+  };
+  renderer_.last_closed = [this] { loop_.quit(); };
+  connect(&timer_, &QTimer::timeout, this, [this] { tick(); });
+  connect(
+      qApp, &QGuiApplication::commitDataRequest, this,
+      [this](QSessionManager &session) {
+        if (!programme_.en_cours()) return;
+        dispatcher_.run(programme_.principale().demande_de_fermeture);
+        if (programme_.en_cours()) session.cancel();
+      },
+      Qt::DirectConnection);
+}
+
+Desktop::~Desktop() = default;
+
+bool Desktop::start() {
+  bool started = false;
+  dispatcher_.run([&] { started = programme_.Démarrage(folder_); });
+  if (!started) return false;
+  timer_.start(blink_period);
+  QTimer::singleShot(settling_delay, this, [this] { settle(); });
+  return true;
+}
+
+void Desktop::load_all_pictures() {
+  const double ratio = renderer_.frame(programme_.principale())->devicePixelRatioF();
+  for (const Contrôle &picture : programme_.principale().contrôles())
+    if (picture.conteneur == &programme_.principale().Carte) pictures_.pixmap(picture.image, ratio);
+}
+
+void Desktop::play() {
+  while (programme_.en_cours()) loop_.exec();
+}
+
+void Desktop::tick() {
+  // A box stands in the middle of a procedure, which no tick may meet.
+  if (!dispatcher_.busy() && !boxes_.up()) dispatcher_.run(programme_.principale().tic);
+}
+
+void Desktop::settle() {
+  QApplication::setWindowIcon(pictures_.icon("programme"));
+  if (QWidget *main = renderer_.frame(programme_.principale()))
+    main->setWindowIcon(pictures_.icon(programme_.principale().nom));
+  if (translator_.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&translator_);
+  tell_missing_pictures();
+}
+
+void Desktop::tell_missing_pictures() {
+  const QStringList missing = pictures_.unreadable();
+  if (missing.isEmpty()) return;
+  QString text = missing.size() == 1
+                     ? QStringLiteral("Une image manque ou ne peut être lue : ")
+                     : QStringLiteral("%1 images manquent ou ne peuvent être lues : ").arg(missing.size());
+  text += missing.mid(0, names_told).join(QStringLiteral(", "));
+  if (missing.size() > names_told) text += QStringLiteral("...");
+  text += QStringLiteral("\nLe jeu continue avec les autres.");
+  dispatcher_.run([&] { boxes_.montrer({Icône::exclamation, "L'Ardane et ses provinces", to_utf8(text)}); });
+}
+
+}  // namespace ardane

@@ -1,0 +1,73 @@
+// The desktop program: one run over the real world.
+#pragma once
+
+#include <QTimer>
+#include <QTranslator>
+#include <filesystem>
+#include <string>
+
+#include "core/resources.h"
+#include "front/qt/boxes.h"
+#include "front/qt/clock.h"
+#include "front/qt/dispatcher.h"
+#include "front/qt/help_window.h"
+#include "front/qt/on_demand.h"
+#include "front/qt/picture_store.h"
+#include "front/qt/renderer.h"
+#include "front/qt/screen.h"
+#include "platform/registry_store.h"
+#include "startup/program.h"
+
+namespace ardane {
+
+/// Where a run finds its files.
+struct DesktopPlaces {
+  std::string programme;           ///< the program's folder
+  std::filesystem::path registre;  ///< the file of settings
+};
+
+/// One run of the program in the desktop's windows. Needs a QApplication.
+class Desktop : public QObject {
+ public:
+  Desktop(const DesktopPlaces &places, const Ressources &ressources);
+  ~Desktop() override;
+
+  /// Starts the program. False if it ended at once; it has then told the player why.
+  bool start();
+  /// Plays until the main window has closed.
+  void play();
+
+  /// Decodes every picture that the map can show, flags included; they come one by one otherwise, each when
+  /// it is first shown.
+  void load_all_pictures();
+
+  Programme &programme() { return programme_; }
+  Renderer &renderer() { return renderer_; }
+  PictureStore &pictures() { return pictures_; }
+  HelpQt &help() { return help_; }
+
+ private:
+  /// What can wait until the player has the map before him.
+  void settle();
+  void tell_missing_pictures();
+  void tick();
+
+  const std::string folder_;
+  Dispatcher dispatcher_;
+  ScreenQt screen_;
+  PictureStore pictures_;
+  RegistreFichier registry_;
+  Renderer renderer_;
+  BoxesQt boxes_;
+  SoundOnDemand sound_;
+  SystemClock clock_;
+  RandomSource random_;
+  WebOnDemand web_;
+  HelpQt help_;
+  Programme programme_;
+  QTimer timer_;
+  QTranslator translator_;  ///< of the toolkit's own words
+  QEventLoop loop_;
+};
+
+}  // namespace ardane

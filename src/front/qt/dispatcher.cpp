@@ -1,0 +1,48 @@
+#include "front/qt/dispatcher.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <cstdlib>
+#include <exception>
+
+namespace ardane {
+
+void Dispatcher::run(const Event &event) {
+  if (!event || ended_) return;
+  const bool was_busy = busy_;
+  busy_ = true;
+  try {
+    event();
+    if (after_event) after_event();
+  } catch (const std::exception &error) {
+    end_with(error.what());
+  } catch (...) {
+    end_with("cause inconnue");
+  }
+  busy_ = was_busy;
+}
+
+void Dispatcher::run_when_idle(const Event &event) {
+  if (!event) return;
+  if (!busy_) return run(event);
+  QTimer::singleShot(0, qApp, [this, event] { run_when_idle(event); });
+}
+
+void Dispatcher::end_with(const char *what) {
+  ended_ = true;
+  while (QGuiApplication::overrideCursor() != nullptr) QGuiApplication::restoreOverrideCursor();
+  QMessageBox box(QMessageBox::Critical, QStringLiteral("L'Ardane et ses provinces"),
+                  QStringLiteral("Une erreur imprévue arrête le programme : %1").arg(QString::fromUtf8(what)),
+                  QMessageBox::NoButton, QApplication::activeWindow());
+  box.setObjectName(QStringLiteral("erreur_fatale"));
+  box.setTextFormat(Qt::PlainText);
+  box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole)->setObjectName(QStringLiteral("ok"));
+  box.exec();
+  std::fflush(nullptr);
+  // Not exit(): destructors would run parts of the program whose state is no longer to be trusted.
+  std::_Exit(1);
+}
+
+}  // namespace ardane

@@ -1,0 +1,48 @@
+// The program `ardane`.
+#include <QApplication>
+#include <cstdio>
+
+#include "core/resources.h"
+#include "front/qt/appearance.h"
+#include "front/qt/demonstration.h"
+#include "front/qt/desktop.h"
+#include "front/qt/options.h"
+#include "front/qt/ready_report.h"
+
+namespace ardane {
+namespace {
+
+int play(int argc, char **argv, const Options &options) {
+  QApplication application(argc, argv);
+  Desktop desktop(
+      {options.programme.value_or(to_utf8(QCoreApplication::applicationDirPath())),
+       options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut()},
+      ressources_du_programme());
+  if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why
+  if (options.prêt_et_quitter) {
+    await_first_paint(*desktop.renderer().frame(desktop.programme().principale()));
+    report("prêt");
+    desktop.load_all_pictures();
+    report("chargé");
+    return 0;
+  }
+  desktop.play();
+  return 0;
+}
+
+}  // namespace
+}  // namespace ardane
+
+int main(int argc, char **argv) {
+  const ardane::Options options = ardane::read_options(argc, argv);
+  if (!options.erreur.empty()) {
+    std::fprintf(stderr, "%s\n%s", options.erreur.c_str(), ardane::help_text().c_str());
+    return 2;
+  }
+  if (options.aide) {
+    std::printf("%s", ardane::help_text().c_str());
+    return 0;
+  }
+  if (options.démonstration) return ardane::demonstrate(argc, argv, *options.démonstration);
+  return ardane::play(argc, argv, options);
+}

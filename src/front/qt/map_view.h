@@ -1,0 +1,56 @@
+// The map's viewport: one widget that paints a stack of pictures.
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "front/qt/control_view.h"
+
+namespace ardane {
+
+/// What a viewport asks about its pictures.
+struct Pointing {
+  /// The topmost picture that takes clicks at a place of the viewport, or null.
+  std::function<Contrôle *(double x, double y)> picture;
+  /// The topmost picture there whose tool tip is to be shown, or null.
+  std::function<const Contrôle *(double x, double y)> tip;
+};
+
+/// Paints the visible pictures contained in a control, the lowest first, and only where the stack has changed
+/// since it was last painted.
+class MapView : public QWidget {
+ public:
+  MapView(Contrôle &control, const ViewContext &context, Pointing pointing, QWidget *parent);
+
+  /// Compares the pictures with those shown last and has what differs painted anew.
+  void sync_pictures();
+
+  /// What the last comparison found changed, in pixels of the viewport.
+  const QRegion &last_damage() const { return damage_; }
+
+ protected:
+  void paintEvent(QPaintEvent *event) override;
+  void mousePressEvent(QMouseEvent *event) override;
+  bool event(QEvent *event) override;
+
+ private:
+  struct Layer {
+    const Contrôle *control = nullptr;
+    Image image;
+    QRect place;
+    friend bool operator==(const Layer &, const Layer &) = default;
+  };
+
+  void gather();
+  std::vector<Layer> visible_layers();
+
+  Contrôle &control_;
+  const ViewContext context_;
+  const Pointing pointing_;
+  std::size_t controls_seen_ = 0;
+  std::vector<const Contrôle *> stack_;  ///< every picture of the viewport, the lowest first
+  std::vector<Layer> layers_;            ///< those painted, the lowest first
+  QRegion damage_;
+};
+
+}  // namespace ardane

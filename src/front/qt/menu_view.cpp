@@ -1,0 +1,68 @@
+#include "front/qt/menu_view.h"
+
+#include <QMenu>
+#include <algorithm>
+
+#include "front/qt/appearance.h"
+#include "front/qt/child.h"
+
+namespace ardane {
+namespace {
+
+bool is_menu(const Contrôle &control) {
+  return control.genre == Genre::menu;
+}
+
+bool holds_entries(const Fenêtre &window, const Contrôle &entry) {
+  return std::ranges::any_of(window.contrôles(),
+                             [&](const Contrôle &c) { return is_menu(c) && c.conteneur == &entry; });
+}
+
+}  // namespace
+
+bool has_menu(const Fenêtre &window) {
+  return std::ranges::any_of(window.contrôles(), is_menu);
+}
+
+MenuView::MenuView(const ViewContext &context, QWidget *parent)
+    : context_(context), bar_(*make_child<QMenuBar>(parent)) {
+  bar_.setNativeMenuBar(false);
+  bar_.setObjectName(QStringLiteral("barre_de_menus"));
+  for (Contrôle &control : context_.window.contrôles())
+    if (is_menu(control)) entries_.push_back({&control, make_action(control)});
+  sync();
+}
+
+QAction *MenuView::make_action(Contrôle &control) {
+  QWidget *holder = &bar_;
+  for (const Entry &entry : entries_)
+    if (entry.control == control.conteneur) holder = entry.action->menu();
+  QAction *action = nullptr;
+  if (holds_entries(context_.window, control)) {
+    auto *menu = make_child<QMenu>(holder);
+    menu->setObjectName(to_qt("menu:" + control.nom));
+    action = menu->menuAction();
+    holder->addAction(action);
+  } else {
+    action = make_child<QAction>(holder);
+    holder->addAction(action);
+    connect(action, &QAction::triggered, this,
+            [this, &control] { context_.dispatcher.run([&] { cliquer(context_.window, control); }); });
+  }
+  action->setObjectName(to_qt(control.nom));
+  return action;
+}
+
+void MenuView::sync() {
+  // QAction compares before it changes; only texts are worth a comparison of ours, as they are made anew.
+  for (const Entry &entry : entries_) {
+    const QString text = caption(entry.control->texte);
+    if (entry.action->text() != text) entry.action->setText(text);
+    entry.action->setEnabled(entry.control->actif);
+    entry.action->setVisible(entry.control->visible);
+    if (entry.control->coché) entry.action->setCheckable(true);
+    if (entry.action->isCheckable()) entry.action->setChecked(entry.control->coché);
+  }
+}
+
+}  // namespace ardane

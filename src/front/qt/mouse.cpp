@@ -1,0 +1,57 @@
+#include "front/qt/mouse.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QWindow>
+
+namespace ardane {
+namespace {
+
+void send_button(QWindow &window, QEvent::Type type, QPointF place, QPointF on_screen,
+                 Qt::MouseButtons held) {
+  QMouseEvent event(type, place, place, on_screen, Qt::LeftButton, held, Qt::NoModifier);
+  QCoreApplication::sendEvent(&window, &event);
+}
+
+QRect place_of_entry(const QWidget &menu, const QAction &entry) {
+  auto *action = const_cast<QAction *>(&entry);
+  if (const auto *bar = qobject_cast<const QMenuBar *>(&menu)) return bar->actionGeometry(action);
+  if (const auto *list = qobject_cast<const QMenu *>(&menu)) return list->actionGeometry(action);
+  return {};
+}
+
+}  // namespace
+
+void click(QWidget &widget, QPoint place) {
+  QWindow *window = widget.window()->windowHandle();
+  if (window == nullptr) return;
+  const QPointF in_window = widget.mapTo(widget.window(), QPointF(place));
+  const QPointF on_screen = widget.mapToGlobal(QPointF(place));
+  const QPointer<QWindow> alive(window);
+  send_button(*window, QEvent::MouseButtonPress, in_window, on_screen, Qt::LeftButton);
+  if (alive) send_button(*window, QEvent::MouseButtonRelease, in_window, on_screen, Qt::NoButton);
+}
+
+void click(QWidget &widget) {
+  click(widget, widget.rect().center());
+}
+
+void click(QWidget &menu, const QAction &entry) {
+  click(menu, place_of_entry(menu, entry).center());
+}
+
+void type(QWidget &widget, const QString &text) {
+  QWidget *target = widget.window()->focusWidget();
+  if (target == nullptr) return;
+  for (const QChar letter : text) {
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
+    QCoreApplication::sendEvent(target, &press);
+    QKeyEvent release(QEvent::KeyRelease, 0, Qt::NoModifier, QString(letter));
+    QCoreApplication::sendEvent(target, &release);
+  }
+}
+
+}  // namespace ardane

@@ -1,0 +1,38 @@
+// The views of controls that show pictures.
+#pragma once
+
+#include <QFrame>
+
+#include "front/qt/control_view.h"
+#include "front/qt/map_view.h"
+
+namespace ardane {
+
+/// A picture by itself, outside a map's viewport.
+class PictureView : public ControlView {
+ public:
+  PictureView(Contrôle &control, const ViewContext &context, QWidget *parent);
+  void sync() override;
+
+ private:
+  bool eventFilter(QObject *watched, QEvent *event) override;
+
+  Image shown_;
+};
+
+/// A box that holds pictures.
+class PictureBoxView : public ControlView {
+ public:
+  PictureBoxView(Contrôle &control, const ViewContext &context, QWidget *parent);
+
+ private:
+  bool eventFilter(QObject *watched, QEvent *event) override;
+};
+
+class MapControlView : public ControlView {
+ public:
+  MapControlView(Contrôle &control, const ViewContext &context, QWidget *parent);
+  void sync() override;
+};
+
+}  // namespace ardane

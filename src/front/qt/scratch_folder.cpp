@@ -1,0 +1,41 @@
+#include "front/qt/scratch_folder.h"
+
+#include <array>
+
+#include "core/paths.h"
+#include "front/qt/appearance.h"
+
+namespace ardane {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool ships_with_the_program(const fs::path &file) {
+  static constexpr std::array<std::string_view, 2> folders = {"aide", "images"};
+  static constexpr std::array<std::string_view, 2> suffixes = {".pts", ".wav"};
+  return std::ranges::find(folders, file.filename().string()) != folders.end() ||
+         std::ranges::find(suffixes, file.extension().string()) != suffixes.end();
+}
+
+}  // namespace
+
+ScratchFolder::ScratchFolder(const fs::path &programme) : before_(fs::current_path()) {
+  for (const fs::directory_entry &entry : fs::directory_iterator(programme))
+    if (ships_with_the_program(entry.path()))
+      fs::create_symlink(fs::canonical(entry.path()), path() / entry.path().filename());
+}
+
+ScratchFolder::~ScratchFolder() {
+  std::error_code ignored;
+  fs::current_path(before_, ignored);
+}
+
+fs::path ScratchFolder::path() const {
+  return chemin_natif(to_utf8(folder_.path()));
+}
+
+DesktopPlaces ScratchFolder::places() const {
+  return {texte_du_chemin(path()), path() / "registre"};
+}
+
+}  // namespace ardane

@@ -140,7 +140,7 @@ void fusionner_page(GameState &g, std::string_view page) {
 /// Version line of a game of the family; nothing if it has none.
 std::optional<std::string> ligne_de_version(const Contexte &c, const std::string &nom) {
   std::string texte;
-  const std::string clé = std::string(clé_de_famille) + "\\" + nom;
+  const std::string clé = std::string(clé_de_famille).append("\\").append(nom);
   if (Lire_registre(c.plateforme.registre, clé, réglage_version, texte) != registre_lu) return std::nullopt;
   return texte;
 }

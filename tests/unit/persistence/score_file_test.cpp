@@ -195,7 +195,7 @@ TEST_F(ScoreFile, AWriteProtectedFileIsToldAndStays) {
 
 TEST_F(ScoreFile, AFullDiskIsTold) {
   remplir();
-  for (const rlim_t place : {0, 100, 128 * 117, 128 * 120 - 1}) {
+  for (const rlim_t place : {0U, 100U, 128U * 117, 128U * 120 - 1}) {
     m.boîtes.montrées.clear();
     {
       const DisquePlein plein(place);

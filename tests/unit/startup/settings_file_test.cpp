@@ -51,7 +51,7 @@ TEST_F(StartWithASettingsFile, AFolderThatCannotBeWrittenIsToldAtEachStartUntilA
   const std::string lecteur = m.dossier.fichier("lecteur");
   fs::create_directories(chemin_natif(Joindre_chemin(lecteur, "~zut.tmp/occupé")));
   RegistreFichier(chemin_natif(fichier)).écrire(clé_du_jeu, "répertoire", lecteur);
-  for (int fois = 1; fois <= 2; ++fois) {
+  for (std::size_t fois = 1; fois <= 2; ++fois) {
     EXPECT_TRUE(démarrer());
     ASSERT_THAT(m.boîtes.montrées, testing::SizeIs(1));
     EXPECT_EQ(m.dernière_boîte().titre, "Choix du répertoire");

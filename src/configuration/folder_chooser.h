@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/context.h"
+#include "core/messages.h"
 #include "platform/controls.h"
 
 namespace ardane {
@@ -33,7 +34,7 @@ class Paramétrage_répertoires : public Fenêtre {
   void accepter();
   void retenir_dossier_info();
   void retenir_dossier_sauvegarde();
-  void refuser(int numéro_message);
+  void refuser(Message pourquoi);
 
   Contexte &c_;
   std::string dossier_;  ///< the open folder, without a separator at its end unless it is the root

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/gazetteer.h"
+#include "core/messages.h"
 #include "core/table.h"
 #include "platform/services.h"
 
@@ -141,9 +142,9 @@ struct GameState {
   Villes_par_province VillesParProvince;
 };
 
-/// Message `i` of the language in use, 0..184; outside is a fatal error.
-inline const std::string &message(const GameState &g, int i, Lieu lieu = Lieu::ici()) {
-  return g.Messages(i, lieu);
+/// A message in the language in use; one that the texts loaded do not have is a fatal error.
+inline const std::string &message(const GameState &g, Message m, Lieu lieu = Lieu::ici()) {
+  return g.Messages(static_cast<int>(m), lieu);
 }
 
 /// True if the stage code stands in the order of play.

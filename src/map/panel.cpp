@@ -103,10 +103,10 @@ void AfficherReste(Contexte &c, int nombre) {
   const GameState &g = c.état;
   std::string &légende = c.principale.Boîte_restants.texte;
   switch (g.Etape) {
-    case étape_provinces: légende = message(g, 155); break;
-    case étape_villes: légende = message(g, 157); break;
+    case étape_provinces: légende = message(g, Message::provinces_à_placer); break;
+    case étape_villes: légende = message(g, Message::villes_à_placer); break;
     case étape_drapeaux: légende = "Drapeaux à placer"; break;
-    case étape_régions: légende = message(g, 156); break;
+    case étape_régions: légende = message(g, Message::régions_à_placer); break;
     default: break;
   }
   afficher_chiffres(c.principale.Reste, 3, nombre);

@@ -77,9 +77,10 @@ bool Ecrire_scores(Contexte &c, bool avec_scores) {
   GameState &g = c.état;
   const bool écrit = écrire_fichier(g.Fichier_lancement, contenu_à_écrire(g, avec_scores));
   if (!écrit) {
-    c.plateforme.boîtes.montrer(
-        {Icône::information, message(g, 46),
-         message(g, 134) + g.Fichier_lancement + " ! " + g.Fin_de_ligne + message(g, 135)});
+    c.plateforme.boîtes.montrer({Icône::information, message(g, Message::erreur),
+                                 message(g, Message::fichier_impossible_à_écrire) + g.Fichier_lancement +
+                                     " ! " + g.Fin_de_ligne +
+                                     message(g, Message::fichier_peut_être_protégé)});
   }
   g.Scores_non_sauvés = !écrit;
   return écrit;
@@ -103,7 +104,8 @@ void Charger_scores(Contexte &c) {
     // A file of any other version is refused, even where its form is the same.
     if (version_du_fichier(g.Fichier_lancement) == g.Version_programme && Lire_fichier_scores(c)) return;
     c.plateforme.boîtes.montrer(
-        {Icône::exclamation, message(g, 28), g.Fichier_lancement + " : " + message(g, 27)});
+        {Icône::exclamation, message(g, Message::erreur_de_format),
+         g.Fichier_lancement + " : " + message(g, Message::fichier_non_interprétable)});
   }
   réparer(c);
 }
@@ -111,7 +113,8 @@ void Charger_scores(Contexte &c) {
 void Remise_à_zéro(Contexte &c) {
   const GameState &g = c.état;
   const Réponse réponse =
-      c.plateforme.boîtes.montrer({Icône::question, message(g, 31), message(g, 30), Boutons::oui_non});
+      c.plateforme.boîtes.montrer({Icône::question, message(g, Message::remise_à_zéro_des_scores),
+                                   message(g, Message::confirmer_perte_des_performances), Boutons::oui_non});
   if (réponse != Réponse::oui) return;
   Vider_scores(c);
   Ecrire_scores(c, false);

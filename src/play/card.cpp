@@ -1,5 +1,6 @@
 #include "play/card.h"
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/sound.h"
 #include "map/layers.h"
@@ -17,7 +18,7 @@ void Ouvrir_fiche(Contexte &c, int province, bool retenue) {
 }
 
 void Conseiller_fiches(Contexte &c) {
-  c.plateforme.boîtes.montrer({Icône::information, message(c.état, 17), message(c.état, 137)});
+  annoncer(c, Message::à_propos, Message::conseil_fiches_des_provinces);
   c.état.ConseilFicheVu = true;
 }
 

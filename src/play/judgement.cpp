@@ -1,5 +1,6 @@
 #include "play/judgement.h"
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/sound.h"
 #include "map/main_window.h"
@@ -80,7 +81,9 @@ void retirer_aide(Contexte &c) {
 void abandonner_question(Contexte &c) {
   GameState &g = c.état;
   Jouer_son(c, g.SonPerdu);
-  c.plateforme.boîtes.montrer({Icône::exclamation, message(g, 37), message(g, g.AssistanceActive ? 36 : 38)});
+  annoncer(c, Message::se_ressaisir,
+           g.AssistanceActive ? Message::réponse_indiquée_par_le_clignotement : Message::essayer_autre_chose,
+           Icône::exclamation);
   g.AssistanceActive = false;
   g.TableClignotement(g.ProvinceCourante) = false;
   Montrer_province(c, g.ProvinceCourante, false);

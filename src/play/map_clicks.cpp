@@ -1,5 +1,6 @@
 #include "play/map_clicks.h"
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/hit_test_table.h"
 #include "core/sound.h"
@@ -24,7 +25,7 @@ bool oubli_payant(const GameState &g) {
 
 void répéter_bonne_réponse(Contexte &c) {
   Jouer_son(c, c.état.SonJuste);
-  c.plateforme.boîtes.montrer({Icône::information, message(c.état, 35), message(c.état, 49)});
+  annoncer(c, Message::tour_gratuit, Message::réponse_déjà_donnée);
 }
 
 void juger(Contexte &c, int p) {

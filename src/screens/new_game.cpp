@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/text_encoding.h"
 #include "core/window_placing.h"
@@ -29,17 +30,17 @@ constexpr std::array places = std::to_array<Place>({
 
 struct Légende {
   std::string_view contrôle;
-  int message;
+  Message message;
 };
 
 constexpr std::array légendes = std::to_array<Légende>({
-    {"Label1", 81},
-    {"Frame1", 86},
-    {"Niveau_apprentissage", 82},
-    {"niveau_facile", 83},
-    {"niveau_moyen", 84},
-    {"niveau_difficile", 85},
-    {"Bouton_annuler", 80},
+    {"Label1", Message::entrer_votre_nom},
+    {"Frame1", Message::difficulté},
+    {"Niveau_apprentissage", Message::apprentissage},
+    {"niveau_facile", Message::facile},
+    {"niveau_moyen", Message::moyen},
+    {"niveau_difficile", Message::difficile},
+    {"Bouton_annuler", Message::annuler},
 });
 
 constexpr std::array<std::string_view, 4> options_de_niveau = {"niveau_facile", "niveau_moyen",
@@ -58,7 +59,7 @@ Nouvelle_partie::Nouvelle_partie(Contexte &c) : Fenêtre("nouvelle_partie"), c_(
   hauteur = 303;
   fermable = false;
   contexte_aide = 20;
-  titre = message(g, 56);
+  titre = message(g, Message::nouvelle_partie);
   placer_tout(*this, places);
   contrôle(*this, "Label1").police = {Famille_police::times, 12, true};
   contrôle(*this, "Label1").alignement = Alignement::centre;
@@ -79,7 +80,7 @@ void Nouvelle_partie::accepter() {
   GameState &g = c_.état;
   const std::string &nom_saisi = contrôle(*this, "boîte_nom_joueur").texte;
   if (sans_blancs(nom_saisi).empty()) {
-    c_.plateforme.boîtes.montrer({Icône::exclamation, message(g, 12), message(g, 11)});
+    annoncer(c_, Message::saisie_incomplète, Message::indiquer_votre_nom, Icône::exclamation);
     return;
   }
   g.Nom_joueur = premiers_caractères(nom_saisi, longueur_du_nom);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 
+#include "core/announcement.h"
 #include "core/dates.h"
 #include "core/game_state.h"
 #include "core/paths.h"
@@ -34,7 +35,7 @@ void dater(Contexte &c) {
 
 void faire_choisir_dossier(Contexte &c) {
   GameState &g = c.état;
-  c.plateforme.boîtes.montrer({Icône::information, message(g, 118), message(g, 122)});
+  annoncer(c, Message::choix_du_répertoire, Message::sélectionner_le_répertoire_par_défaut);
   g.Mode_sélection = mode_dossier_de_sauvegarde;
   c.plateforme.fenêtres.ouvrir_modale("Paramétrage_répertoires");
 }
@@ -119,7 +120,7 @@ void reprendre(Contexte &c, const std::string &version) {
 
 void Lire_réglages(Contexte &c) {
   GameState &g = c.état;
-  g.Version_programme = c.ressources.chaînes.chaîne(1000);
+  g.Version_programme = c.ressources.chaînes.chaîne(id_messages);
   Fusionner_catalogue(c);
   std::string version;
   const int résultat = Lire_registre(c.plateforme.registre, clé_du_jeu, "version", version);

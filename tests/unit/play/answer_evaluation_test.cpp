@@ -59,8 +59,8 @@ TEST_F(Answers, TheTenthWrongClickCosts512ChangesTheQuestionAndPlacesNothing) {
   EXPECT_EQ(m.g().NbErreurs, 0);
   EXPECT_THAT(m.son.joués, ElementsAre("carte_pe.wav"));
   EXPECT_EQ(m.dernière_boîte().icône, Icône::exclamation);
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 38));
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 37));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::essayer_autre_chose));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::se_ressaisir));
 }
 
 TEST_F(Answers, AnObjectGivenUpComesBackWithNoErrorCounted) {
@@ -82,7 +82,7 @@ TEST_F(Answers, TheLastObjectOfAStagePlaysTheStageSoundAndGivesNoTip) {
   m.répondre_juste();
   EXPECT_THAT(m.son.joués, ElementsAre("carte_ga.wav"));
   ASSERT_EQ(m.boîtes.montrées.size(), 1U);
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 20));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::étape_suivante));
   EXPECT_EQ(m.g().Etape, étape_drapeaux);
 }
 
@@ -182,8 +182,8 @@ TEST_F(Answers, TheBoxOfTheAnswerAlreadyGivenIsKeptAsASafetyNet) {
   ClicProvince(m.c(), m.g().ProvinceCourante);
   EXPECT_THAT(m.son.joués, ElementsAre("carte_ok.wav"));
   EXPECT_EQ(m.dernière_boîte().icône, Icône::information);
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 35));
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 49));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::tour_gratuit));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::réponse_déjà_donnée));
   EXPECT_EQ(m.g().Score, 999999);
 }
 
@@ -225,8 +225,8 @@ TEST_F(Answers, TheTipOfTheCardsComesOnceAGameAndInLearningModeOnly) {
   jouer(étape_provinces, 0);
   m.répondre_juste();
   ASSERT_EQ(m.boîtes.montrées.size(), 1U);
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 137));
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 17));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::conseil_fiches_des_provinces));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::à_propos));
   m.répondre_juste();
   EXPECT_EQ(m.boîtes.montrées.size(), 1U);
   jouer(étape_provinces, 1);

@@ -256,7 +256,7 @@ TEST_F(Regions, ARegionPlacedInLearningModeGivesTheTipOfTheCardsOnce) {
   jouer_avec_régions(0, {2, 3});
   cliquer_membres(1, 2);
   ASSERT_EQ(m.boîtes.montrées.size(), 1U);
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 137));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::conseil_fiches_des_provinces));
   demander(2);
   cliquer_membres(1, 3);
   EXPECT_EQ(m.boîtes.montrées.size(), 1U);

@@ -22,7 +22,7 @@ Contenu_scores contenu_à_écrire(const GameState &g, bool avec_scores) {
   for (int p = 1; p <= nombre_provinces; ++p) contenu.inhibée(p) = g.TableProvinces(p).inhibée;
   contenu.langue = g.Langue;
   if (!avec_scores) return contenu;
-  for (int niveau = 1; niveau <= plus_haut_niveau; ++niveau) {
+  for (int niveau = niveau_facile; niveau <= plus_haut_niveau; ++niveau) {
     for (int rang = 1; rang <= g.Nombre_scores(niveau); ++rang) {
       const Meilleur_score &score = g.Meilleurs_scores(niveau, rang);
       contenu.scores.push_back({score.nom, score.score, static_cast<std::int16_t>(niveau)});
@@ -47,7 +47,7 @@ std::string version_du_fichier(const std::string &chemin) {
 
 void ajouter_scores(GameState &g, const std::vector<Enregistrement_score> &scores) {
   // Level 0 is never emptied nor shown: its count starts again with each file.
-  g.Nombre_scores(0) = 0;
+  g.Nombre_scores(aucun_niveau) = 0;
   for (const Enregistrement_score &score : scores)
     g.Meilleurs_scores(score.niveau, ++g.Nombre_scores(score.niveau)) = {score.nom, score.score};
 }
@@ -67,7 +67,7 @@ void réparer(Contexte &c) {
 
 void Vider_scores(Contexte &c) {
   GameState &g = c.état;
-  for (int niveau = 1; niveau <= plus_haut_niveau; ++niveau) {
+  for (int niveau = niveau_facile; niveau <= plus_haut_niveau; ++niveau) {
     g.Nombre_scores(niveau) = 0;
     for (int rang = 1; rang <= nombre_rangs; ++rang) g.Meilleurs_scores(niveau, rang) = {};
   }

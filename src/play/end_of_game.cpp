@@ -76,7 +76,7 @@ void ScoreDeProgression(Contexte &c) {
       g.Score += unité * poids(jeu) * objets_placés(g, jeu);
       return;
     }
-    if (jeu == 0) return;
+    if (jeu == aucun_jeu) return;
     g.Score += unité * poids(jeu) * objets_en_jeu(g, jeu);
   }
 }

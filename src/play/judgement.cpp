@@ -69,7 +69,7 @@ bool conseil_à_donner(const GameState &g) {
 void offrir_aide(Contexte &c) {
   if (c.état.ModeApprentissage)
     c.principale.Bouton_gruge.visible = true;
-  else if (c.état.Niveau == 1)
+  else if (c.état.Niveau == niveau_facile)
     c.principale.BoutonPasse.visible = true;
 }
 
@@ -96,9 +96,9 @@ void abandonner_question(Contexte &c) {
 
 void BonneRéponse(Contexte &c) {
   GameState &g = c.état;
-  if (g.Niveau == 1) c.principale.BoutonPasse.visible = false;
+  if (g.Niveau == niveau_facile) c.principale.BoutonPasse.visible = false;
   if (g.Etape == étape_provinces || g.Etape == étape_drapeaux)
-    g.TableProvinces(g.ProvinceCourante).trouvée = !(g.Niveau == 1 && g.AssistanceActive);
+    g.TableProvinces(g.ProvinceCourante).trouvée = !(g.Niveau == niveau_facile && g.AssistanceActive);
   if (g.AssistanceActive) {
     RéponseAssistée(c);
     return;

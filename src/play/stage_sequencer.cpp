@@ -36,7 +36,7 @@ int rang_dans_l_ordre(const GameState &g, int jeu) {
 
 std::int16_t jeu_suivant(const GameState &g) {
   const int rang = rang_dans_l_ordre(g, g.Etape);
-  return rang == nombre_jeux ? std::int16_t{0} : g.Ordre_jeux(rang + 1);
+  return rang == nombre_jeux ? aucun_jeu : g.Ordre_jeux(rang + 1);
 }
 
 void effacer_statistiques(GameState &g) {
@@ -89,7 +89,7 @@ void NouvellePartie(Contexte &c) {
 void EtapeSuivante(Contexte &c) {
   GameState &g = c.état;
   const std::int16_t suivant = jeu_suivant(g);
-  if (suivant == 0) {
+  if (suivant == aucun_jeu) {
     g.Etape = étape_repos;
     EntréeTopTen(c);
     TerminerPartie(c);

@@ -67,11 +67,12 @@ Affichage_scores::Affichage_scores(Contexte &c) : Fenêtre("Affichage_scores") {
 
 void Affichage_scores::écrire_titre(Contexte &c) {
   GameState &g = c.état;
-  if (g.Niveau_affiché == 0) {
+  if (g.Niveau_affiché == aucun_niveau) {
     annoncer(c, Message::être_plus_précis, Message::niveau_non_sélectionné);
-    g.Niveau_affiché = 1;
+    g.Niveau_affiché = niveau_facile;
   }
-  contrôle(*this, "Etiquette").texte = message(g, titres.at(static_cast<std::size_t>(g.Niveau_affiché - 1)));
+  contrôle(*this, "Etiquette").texte =
+      message(g, titres.at(static_cast<std::size_t>(g.Niveau_affiché - niveau_facile)));
 }
 
 void Affichage_scores::écrire_liste(const Contexte &c) {

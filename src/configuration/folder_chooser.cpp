@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "core/announcement.h"
+#include "core/chooser_modes.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "core/resources.h"
@@ -33,14 +34,14 @@ constexpr std::array places = std::to_array<Place>({
 });
 
 struct Usage {
-  int mode;
+  Modes_sélection mode;
   Message message_entête;
   std::string_view extension;  ///< of the files shown, in capitals
 };
 
 constexpr std::array usages = std::to_array<Usage>({
-    {mode_dossier_info, Message::répertoire_du_fichier_d_information, ".INF"},
-    {mode_dossier_sauvegarde, Message::répertoire_des_parties, extension_scores},
+    {choix_dossier_information, Message::répertoire_du_fichier_d_information, ".INF"},
+    {choix_dossier_sauvegarde, Message::répertoire_des_parties, extension_scores},
 });
 
 constexpr std::string_view dossier_parent = "..";
@@ -125,7 +126,7 @@ Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c) : Fenêtre("Pa
   contrôle(*this, "Nom_fichier").lecture_seule = true;
   contrôle(*this, "Sous_répertoire").visible = false;
 
-  const bool pour_info = g.Mode_sélection == mode_dossier_info && est_dossier(g.Répertoire_info);
+  const bool pour_info = g.Mode_sélection == choix_dossier_information && est_dossier(g.Répertoire_info);
   ouvrir(pour_info ? g.Répertoire_info : Dossier_courant());
 
   Contrôle &liste = contrôle(*this, "Répertoire");
@@ -204,7 +205,7 @@ void Paramétrage_répertoires::créer_puis_ouvrir() {
 void Paramétrage_répertoires::accepter() {
   créer_puis_ouvrir();
   if (!Tester_ecriture(dossier_)) return refuser(Message::répertoire_non_inscriptible);
-  if (c_.état.Mode_sélection == mode_dossier_info)
+  if (c_.état.Mode_sélection == choix_dossier_information)
     retenir_dossier_info();
   else
     retenir_dossier_sauvegarde();

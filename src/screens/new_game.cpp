@@ -48,7 +48,7 @@ constexpr std::array<std::string_view, 4> options_de_niveau = {"niveau_facile", 
 
 /// Option of a level; learning mode and no level yet offer Facile.
 std::string_view option_du_niveau(int niveau) {
-  return options_de_niveau[niveau >= 1 && niveau <= 4 ? static_cast<std::size_t>(niveau - 1) : 0];
+  return options_de_niveau[est_niveau(niveau) ? static_cast<std::size_t>(niveau - niveau_facile) : 0];
 }
 
 }  // namespace
@@ -87,7 +87,7 @@ void Nouvelle_partie::accepter() {
   g.ModeApprentissage = g.ScoreNonRetenu = false;
   c_.principale.Bouton_gruge.image = c_.principale.Ampoule_allumée.image;
   lire_niveau();
-  Ecrire_registre(c_.plateforme.registre, clé_du_jeu, "joueur", g.Nom_joueur);
+  Ecrire_registre(c_.plateforme.registre, clé_du_jeu, réglage_joueur, g.Nom_joueur);
   g.Etape = g.Ordre_jeux(1);
   fermer();
 }
@@ -95,9 +95,9 @@ void Nouvelle_partie::accepter() {
 void Nouvelle_partie::lire_niveau() {
   GameState &g = c_.état;
   for (std::size_t i = 0; i < options_de_niveau.size(); ++i)
-    if (contrôle(*this, options_de_niveau[i]).coché) g.Niveau = static_cast<std::int16_t>(i + 1);
+    if (contrôle(*this, options_de_niveau[i]).coché) g.Niveau = static_cast<std::int16_t>(niveau_facile + i);
   if (contrôle(*this, "Niveau_apprentissage").coché) {
-    g.Niveau = 1;
+    g.Niveau = niveau_facile;
     g.ModeApprentissage = g.ScoreNonRetenu = true;
   }
 }

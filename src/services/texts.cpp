@@ -75,7 +75,7 @@ void Changer_langue(Contexte &c) {
   Poser_textes(c);
   AfficherPanneau(c);
   AfficherReste(c, reste_de_l_étape(g));
-  Ecrire_registre(c.plateforme.registre, clé_du_jeu, "langue", std::to_string(g.Langue));
+  Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_langue, std::to_string(g.Langue));
 }
 
 void Aide_du_menu(Contexte &c) {

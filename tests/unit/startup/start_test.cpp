@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/chooser_modes.h"
 #include "persistence/registry.h"
 #include "platform/window_layout.h"
 #include "support/fake_world.h"
@@ -113,7 +114,7 @@ TEST_F(Start, InAReadOnlyProgramFolderTheFolderWindowComesBeforeAnythingElse) {
   DossierTemporaire autre;
   m.façade.joueur = [&](Fenêtre &f) {
     EXPECT_EQ(f.nom, "Paramétrage_répertoires");
-    EXPECT_EQ(m.g().Mode_sélection, 7);
+    EXPECT_EQ(m.g().Mode_sélection, choix_dossier_sauvegarde);
     m.g().Répertoire_sauvegarde = autre.chemin();
   };
   ASSERT_TRUE(démarrer());

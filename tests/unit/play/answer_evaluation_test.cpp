@@ -5,6 +5,7 @@
 #include "play/judgement.h"
 #include "play/map_clicks.h"
 #include "play/penalty.h"
+#include "support/card_window.h"
 #include "support/fake_world.h"
 
 namespace ardane {
@@ -222,16 +223,35 @@ TEST_F(Answers, HelpAppearsAtTheFirstErrorAndDependsOnTheLevel) {
 }
 
 TEST_F(Answers, TheTipOfTheCardsComesOnceAGameAndInLearningModeOnly) {
+  AvecFiches fiches(m);
+  const auto répondre_juste = [&] { ClicProvince(fiches.c(), m.g().ProvinceCourante); };
   jouer(étape_provinces, 0);
-  m.répondre_juste();
+  répondre_juste();
   ASSERT_EQ(m.boîtes.montrées.size(), 1U);
   EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::conseil_fiches_des_provinces));
   EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::à_propos));
-  m.répondre_juste();
+  EXPECT_TRUE(m.g().ConseilFicheVu);
+  répondre_juste();
   EXPECT_EQ(m.boîtes.montrées.size(), 1U);
   jouer(étape_provinces, 1);
+  répondre_juste();
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+}
+
+TEST_F(Answers, AsTheTipSaysAClickOnAFoundProvinceOpensItsCard) {
+  AvecFiches fiches(m);
+  jouer(étape_provinces, 0);
+  const auto trouvée = m.g().ProvinceCourante;
+  ClicProvince(fiches.c(), trouvée);
+  ClicProvince(fiches.c(), trouvée);
+  EXPECT_THAT(fiches.fiches_ouvertes, ElementsAre(trouvée));
+}
+
+TEST_F(Answers, WhereThereAreNoCardsNoTipPromisesThemAndItIsNotCountedAsSeen) {
+  jouer(étape_provinces, 0);
   m.répondre_juste();
   EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  EXPECT_FALSE(m.g().ConseilFicheVu);
 }
 
 TEST_F(Answers, TheFirstClickEndsTheGameIntact) {

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/announcement.h"
+#include "core/chooser_modes.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "core/resources.h"
@@ -32,14 +34,14 @@ constexpr std::array places = std::to_array<Place>({
 });
 
 struct Usage {
-  int mode;
-  int message_entête;
+  Modes_sélection mode;
+  Message message_entête;
   std::string_view extension;  ///< of the files shown, in capitals
 };
 
 constexpr std::array usages = std::to_array<Usage>({
-    {mode_dossier_info, 144, ".INF"},
-    {mode_dossier_sauvegarde, 143, extension_scores},
+    {choix_dossier_information, Message::répertoire_du_fichier_d_information, ".INF"},
+    {choix_dossier_sauvegarde, Message::répertoire_des_parties, extension_scores},
 });
 
 constexpr std::string_view dossier_parent = "..";
@@ -124,7 +126,7 @@ Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c) : Fenêtre("Pa
   contrôle(*this, "Nom_fichier").lecture_seule = true;
   contrôle(*this, "Sous_répertoire").visible = false;
 
-  const bool pour_info = g.Mode_sélection == mode_dossier_info && est_dossier(g.Répertoire_info);
+  const bool pour_info = g.Mode_sélection == choix_dossier_information && est_dossier(g.Répertoire_info);
   ouvrir(pour_info ? g.Répertoire_info : Dossier_courant());
 
   Contrôle &liste = contrôle(*this, "Répertoire");
@@ -137,7 +139,7 @@ Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c) : Fenêtre("Pa
 }
 
 void Paramétrage_répertoires::poser_textes() {
-  titre = message(c_.état, 145);
+  titre = message(c_.état, Message::paramétrage_des_répertoires);
   Contrôle &entête = contrôle(*this, "Entête");
   entête.texte = message(c_.état, usage(c_.état).message_entête);
   entête.police = {Famille_police::times, 12, true};
@@ -180,14 +182,14 @@ bool Paramétrage_répertoires::Créer_sous_répertoire() {
   const std::string &ouvert = contrôle(*this, "Nom_fichier").texte;
   const std::string nouveau = ouvert + nom_saisi;
   if (Changer_dossier(nouveau)) {
-    refuser(125);
+    refuser(Message::répertoire_existe_déjà);
     return false;
   }
   const bool créé = créer_dossier(nouveau);
   const bool entré = Changer_dossier(nouveau);
   const bool revenu = Changer_dossier(ouvert);
   if (créé && entré && revenu) return true;
-  refuser(120);
+  refuser(Message::dossier_impossible_à_créer);
   return false;
 }
 
@@ -202,8 +204,8 @@ void Paramétrage_répertoires::créer_puis_ouvrir() {
 
 void Paramétrage_répertoires::accepter() {
   créer_puis_ouvrir();
-  if (!Tester_ecriture(dossier_)) return refuser(119);
-  if (c_.état.Mode_sélection == mode_dossier_info)
+  if (!Tester_ecriture(dossier_)) return refuser(Message::répertoire_non_inscriptible);
+  if (c_.état.Mode_sélection == choix_dossier_information)
     retenir_dossier_info();
   else
     retenir_dossier_sauvegarde();
@@ -229,9 +231,8 @@ void Paramétrage_répertoires::retenir_dossier_sauvegarde() {
   g.Fichier_lancement = nom_fichier_scores;
 }
 
-void Paramétrage_répertoires::refuser(int numéro_message) {
-  const GameState &g = c_.état;
-  c_.plateforme.boîtes.montrer({Icône::information, message(g, 46), message(g, numéro_message)});
+void Paramétrage_répertoires::refuser(Message pourquoi) {
+  annoncer(c_, Message::erreur, pourquoi);
 }
 
 }  // namespace ardane

@@ -5,14 +5,12 @@
 #include <string>
 
 #include "core/context.h"
+#include "core/messages.h"
 #include "platform/controls.h"
 
 namespace ardane {
 
-/// Values of `Mode_sélection` that this window answers to.
-constexpr int mode_dossier_info = 6;        ///< where the information file lies
-constexpr int mode_dossier_sauvegarde = 7;  ///< where scores and saved games go
-
+/// `Mode_sélection` says what for: `choix_dossier_information` or `choix_dossier_sauvegarde`.
 /// `Répertoire` lists the folders of the one that is open, ".." first; a double click or the Enter key opens
 /// the selected one. `Nom_fichier` shows the open folder, `Fichier` its files of the kind in question.
 /// `Lecteur` stays hidden: there are no drives.
@@ -33,7 +31,7 @@ class Paramétrage_répertoires : public Fenêtre {
   void accepter();
   void retenir_dossier_info();
   void retenir_dossier_sauvegarde();
-  void refuser(int numéro_message);
+  void refuser(Message pourquoi);
 
   Contexte &c_;
   std::string dossier_;  ///< the open folder, without a separator at its end unless it is the root

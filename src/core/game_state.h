@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/gazetteer.h"
+#include "core/messages.h"
 #include "core/table.h"
 #include "platform/services.h"
 
@@ -22,6 +23,18 @@ enum Etapes : std::int16_t {
   étape_paramétrage_affiché = 6,
   étape_paramétrage_défini = 7,
 };
+
+/// Levels of play. Learning mode is a flag at the level Facile.
+enum Niveaux : std::int16_t {
+  aucun_niveau = 0,
+  niveau_facile = 1,
+  niveau_moyen = 2,
+  niveau_difficile = 3,
+  niveau_expert = 4,
+};
+
+/// Stands in `Ordre_jeux` behind the last stage of the game.
+constexpr std::int16_t aucun_jeu = 0;
 
 /// One run of pixels of a map row: `code` holds from the pixel right of `abscisse` on.
 struct Segment_carte {
@@ -141,9 +154,24 @@ struct GameState {
   Villes_par_province VillesParProvince;
 };
 
-/// Message `i` of the language in use, 0..184; outside is a fatal error.
-inline const std::string &message(const GameState &g, int i, Lieu lieu = Lieu::ici()) {
-  return g.Messages(i, lieu);
+/// A message in the language in use; one that the texts loaded do not have is a fatal error.
+inline const std::string &message(const GameState &g, Message m, Lieu lieu = Lieu::ici()) {
+  return g.Messages(static_cast<int>(m), lieu);
+}
+
+/// True for a level that can be played.
+constexpr bool est_niveau(int niveau) {
+  return niveau >= niveau_facile && niveau <= niveau_expert;
+}
+
+/// The levels that show on the map what has been found.
+inline bool bas_niveau(const GameState &g) {
+  return g.Niveau == niveau_facile || g.Niveau == niveau_moyen;
+}
+
+/// The levels that keep what has been found to themselves, so that the player must remember it.
+inline bool haut_niveau(const GameState &g) {
+  return g.Niveau == niveau_difficile || g.Niveau == niveau_expert;
 }
 
 /// True if the stage code stands in the order of play.

@@ -13,7 +13,6 @@ constexpr int id_nombre_messages = 1;
 constexpr int id_nombre_langues = 2;
 constexpr int id_fichiers_aide = 10;
 constexpr int id_fichiers_info = 20;
-constexpr int id_messages = 1000;
 constexpr int messages_par_langue = 250;
 constexpr int id_provinces = 2000;
 constexpr int id_capitales = 4000;

@@ -12,6 +12,9 @@ namespace ardane {
 
 struct Contexte;
 
+/// Where the messages begin in the string table: with the version line.
+constexpr int id_messages = 1000;
+
 constexpr int nombre_provinces = 110;
 constexpr int nombre_régions = 20;
 constexpr int nombre_villes = 330;

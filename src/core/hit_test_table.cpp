@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <fstream>
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 
@@ -40,7 +41,7 @@ bool Charger_points(Contexte &c) {
   GameState &g = c.état;
   g.Chemin_points = Joindre_chemin(g.Répertoire_programme, "ardane.pts");
   if (!fichier_existe(g.Chemin_points)) {
-    c.plateforme.boîtes.montrer({Icône::information, message(g, 46), message(g, 132)});
+    annoncer(c, Message::erreur, Message::fichier_pts_absent);
     return false;
   }
   // Rows that the file does not have stay empty: their end lies at their beginning.

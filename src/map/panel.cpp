@@ -21,19 +21,19 @@ bool en_jeu(int étape) {
 }
 
 struct Zone_question {
-  int étape;
-  int niveau_premier, niveau_dernier;
+  Etapes étape;
+  Niveaux niveau_premier, niveau_dernier;
   bool texte, image;
 };
 
 // Which parts of the question are seen; modes that stand in no row see none.
 constexpr std::array zones = std::to_array<Zone_question>({
-    {étape_provinces, 1, 3, true, true},
-    {étape_provinces, 4, 4, true, false},
-    {étape_villes, 1, 2, true, true},
-    {étape_villes, 3, 4, true, false},
-    {étape_drapeaux, 1, 4, false, true},
-    {étape_régions, 1, 4, true, true},
+    {étape_provinces, niveau_facile, niveau_difficile, true, true},
+    {étape_provinces, niveau_expert, niveau_expert, true, false},
+    {étape_villes, niveau_facile, niveau_moyen, true, true},
+    {étape_villes, niveau_difficile, niveau_expert, true, false},
+    {étape_drapeaux, niveau_facile, niveau_expert, false, true},
+    {étape_régions, niveau_facile, niveau_expert, true, true},
 });
 
 void afficher_question(Contexte &c) {
@@ -103,10 +103,10 @@ void AfficherReste(Contexte &c, int nombre) {
   const GameState &g = c.état;
   std::string &légende = c.principale.Boîte_restants.texte;
   switch (g.Etape) {
-    case étape_provinces: légende = message(g, 155); break;
-    case étape_villes: légende = message(g, 157); break;
+    case étape_provinces: légende = message(g, Message::provinces_à_placer); break;
+    case étape_villes: légende = message(g, Message::villes_à_placer); break;
     case étape_drapeaux: légende = "Drapeaux à placer"; break;
-    case étape_régions: légende = message(g, 156); break;
+    case étape_régions: légende = message(g, Message::régions_à_placer); break;
     default: break;
   }
   afficher_chiffres(c.principale.Reste, 3, nombre);

@@ -1,8 +1,7 @@
 #include "map/visibility_rules.h"
 
-#include <algorithm>
 #include <array>
-#include <string>
+#include <cstddef>
 
 #include "core/game_state.h"
 #include "map/layers.h"
@@ -11,52 +10,125 @@
 namespace ardane {
 namespace {
 
-// Conditions of the tables. V: the province is found or left out; X: it is left out.
-enum class Si : std::uint8_t { non, oui, V, pas_V, X, pas_X, cible, inchangé, sélection, en_jeu, hors_jeu };
+// The rows of a table are sets of stages and levels; what they say is asked of functions.
 
-struct Règle_province {
-  int étape;
-  int niveau_premier, niveau_dernier;
-  Si pays, inv, rond;
+/// A set of stages or of levels.
+using Ensemble = unsigned;
+
+template <class... Codes>
+constexpr Ensemble parmi(Codes... codes) {
+  return ((1U << codes) | ...);
+}
+
+constexpr Ensemble tout_niveau =
+    parmi(aucun_niveau, niveau_facile, niveau_moyen, niveau_difficile, niveau_expert);
+
+/// A cell that leaves the picture as it is.
+constexpr std::nullptr_t inchangé = nullptr;
+
+/// A table of rules, laid out by stage and level so that none is searched for. Two rules for one case do not
+/// compile.
+template <class Règle>
+class Grille {
+ public:
+  template <std::size_t n>
+  constexpr explicit Grille(const std::array<Règle, n> &règles) {
+    for (const Règle &règle : règles)
+      for (std::size_t étape = 0; étape < nombre_étapes; ++étape)
+        for (std::size_t niveau = 0; niveau < nombre_niveaux; ++niveau) {
+          if (((règle.étapes >> étape) & (règle.niveaux >> niveau) & 1U) == 0) continue;
+          const Règle *&place = cases_.at(étape).at(niveau);
+          if (place != nullptr) throw ErreurFatale("Deux règles pour un cas", Lieu::ici());
+          place = &règle;
+        }
+  }
+
+  /// The rule for the present stage and level, null if there is none. A level that cannot be played is no
+  /// level.
+  const Règle *operator()(const GameState &g) const {
+    if (g.Etape < 0 || g.Etape >= static_cast<int>(nombre_étapes)) return nullptr;
+    std::int16_t niveau = aucun_niveau;
+    if (est_niveau(g.Niveau)) niveau = g.Niveau;
+    return cases_.at(static_cast<std::size_t>(g.Etape)).at(static_cast<std::size_t>(niveau));
+  }
+
+ private:
+  static constexpr std::size_t nombre_étapes = étape_paramétrage_défini + 1;
+  static constexpr std::size_t nombre_niveaux = niveau_expert + 1;
+
+  std::array<std::array<const Règle *, nombre_niveaux>, nombre_étapes> cases_{};
 };
 
-constexpr int tout_niveau = 99;
+// --- Provinces
 
+using Condition_province = bool (*)(const GameState &, int);
+
+bool oui(const GameState &, int) {
+  return true;
+}
+
+bool non(const GameState &, int) {
+  return false;
+}
+
+bool trouvée(const GameState &g, int i) {
+  return g.TableProvinces(i).trouvée;
+}
+
+bool pas_trouvée(const GameState &g, int i) {
+  return !trouvée(g, i);
+}
+
+bool écartée(const GameState &g, int i) {
+  return g.TableProvinces(i).inhibée;
+}
+
+bool pas_écartée(const GameState &g, int i) {
+  return !écartée(g, i);
+}
+
+/// Nothing is left to do there: found, or left out of play.
+bool réglée(const GameState &g, int i) {
+  return trouvée(g, i) || écartée(g, i);
+}
+
+bool pas_réglée(const GameState &g, int i) {
+  return !réglée(g, i);
+}
+
+/// It blinks as the object asked.
+bool cible(const GameState &g, int i) {
+  return i == g.ProvinceCourante && g.AssistanceActive;
+}
+
+struct Règle_province {
+  Ensemble étapes, niveaux;
+  Condition_province pays, inv, rond;
+};
+
+// The marker of stage Régions follows the selection: `montrer_sélection`. In the configuration modes a
+// province that is found is one left out.
 constexpr std::array règles_provinces = std::to_array<Règle_province>({
-    {0, 0, tout_niveau, Si::non, Si::non, Si::non},
-    {1, 1, 1, Si::V, Si::pas_V, Si::cible},
-    {1, 2, 2, Si::V, Si::pas_V, Si::non},
-    {1, 3, 3, Si::X, Si::pas_X, Si::inchangé},
-    {1, 4, 4, Si::X, Si::non, Si::non},
-    {2, 1, 1, Si::pas_V, Si::V, Si::cible},
-    {2, 2, 4, Si::X, Si::pas_X, Si::non},
-    {3, 1, 1, Si::pas_V, Si::V, Si::cible},
-    {3, 2, 2, Si::V, Si::pas_V, Si::non},
-    {3, 3, 3, Si::X, Si::pas_X, Si::non},
-    {3, 4, 4, Si::X, Si::non, Si::non},
-    {4, 1, 1, Si::pas_V, Si::V, Si::sélection},
-    {4, 2, 2, Si::V, Si::pas_V, Si::sélection},
-    {4, 3, 3, Si::X, Si::pas_X, Si::sélection},
-    {4, 4, 4, Si::X, Si::non, Si::sélection},
-    {5, 0, tout_niveau, Si::oui, Si::non, Si::non},
-    {6, 0, tout_niveau, Si::en_jeu, Si::hors_jeu, Si::non},
-    {7, 0, tout_niveau, Si::en_jeu, Si::hors_jeu, Si::non},
+    {parmi(étape_repos), tout_niveau, non, non, non},
+    {parmi(étape_provinces), parmi(niveau_facile), réglée, pas_réglée, cible},
+    {parmi(étape_provinces), parmi(niveau_moyen), réglée, pas_réglée, non},
+    {parmi(étape_provinces), parmi(niveau_difficile), écartée, pas_écartée, inchangé},
+    {parmi(étape_provinces), parmi(niveau_expert), écartée, non, non},
+    {parmi(étape_villes), parmi(niveau_facile), pas_réglée, réglée, cible},
+    {parmi(étape_villes), parmi(niveau_moyen, niveau_difficile, niveau_expert), écartée, pas_écartée, non},
+    {parmi(étape_drapeaux), parmi(niveau_facile), pas_réglée, réglée, cible},
+    {parmi(étape_drapeaux), parmi(niveau_moyen), réglée, pas_réglée, non},
+    {parmi(étape_drapeaux), parmi(niveau_difficile), écartée, pas_écartée, non},
+    {parmi(étape_drapeaux), parmi(niveau_expert), écartée, non, non},
+    {parmi(étape_régions), parmi(niveau_facile), pas_réglée, réglée, inchangé},
+    {parmi(étape_régions), parmi(niveau_moyen), réglée, pas_réglée, inchangé},
+    {parmi(étape_régions), parmi(niveau_difficile), écartée, pas_écartée, inchangé},
+    {parmi(étape_régions), parmi(niveau_expert), écartée, non, inchangé},
+    {parmi(étape_révision), tout_niveau, oui, non, non},
+    {parmi(étape_paramétrage_affiché, étape_paramétrage_défini), tout_niveau, pas_trouvée, trouvée, non},
 });
 
-bool vaut(const GameState &g, Si condition, int i) {
-  const Fiche_province &province = g.TableProvinces(i);
-  switch (condition) {
-    case Si::oui: return true;
-    case Si::V: return province.trouvée || province.inhibée;
-    case Si::pas_V: return !(province.trouvée || province.inhibée);
-    case Si::X: return province.inhibée;
-    case Si::pas_X: return !province.inhibée;
-    case Si::cible: return i == g.ProvinceCourante && g.AssistanceActive;
-    case Si::en_jeu: return !province.trouvée;
-    case Si::hors_jeu: return province.trouvée;
-    default: return false;
-  }
-}
+constexpr Grille<Règle_province> grille_provinces(règles_provinces);
 
 /// A picture can be clicked exactly when it is seen.
 void montrer(Contrôle &image, bool visible) {
@@ -75,20 +147,18 @@ bool est_membre(const GameState &g, int province, int région) {
 void montrer_sélection(Contexte &c, int i, bool hors_sélection) {
   GameState &g = c.état;
   Contrôle &rond = c.principale.rond(i);
-  const bool placée = vaut(g, Si::V, i);
-  const bool haut_niveau = g.Niveau == 3 || g.Niveau == 4;
   if (hors_sélection || g.RégionCourante == 0) {
-    if (!haut_niveau) g.TableClignotement(i) = false;
+    if (!haut_niveau(g)) g.TableClignotement(i) = false;
     rond.visible = false;
     return;
   }
   const bool choisie = est_sélectionnée(g, i);
   const bool membre = est_membre(g, i, g.RégionCourante);
-  if (g.Niveau == 1) {
-    if (membre) rond.visible = placée;
+  if (g.Niveau == niveau_facile) {
+    if (membre) rond.visible = réglée(g, i);
     if (choisie) g.TableClignotement(i) = true;
-  } else if (g.Niveau == 2) {
-    if (membre) g.TableClignotement(i) = placée;
+  } else if (g.Niveau == niveau_moyen) {
+    if (membre) g.TableClignotement(i) = réglée(g, i);
     if (choisie) {
       g.TableClignotement(i) = false;
       rond.visible = true;
@@ -98,90 +168,88 @@ void montrer_sélection(Contexte &c, int i, bool hors_sélection) {
   }
 }
 
-/// How a dot's visibility is set: `masqué` hides it and leaves it enabled as it was.
-enum class Sort : std::uint8_t { inchangé, montré, caché, masqué };
+// --- Dots of towns
 
-void appliquer(Contrôle &point, Sort sort) {
-  if (sort == Sort::inchangé) return;
-  point.visible = sort == Sort::montré;
-  if (sort != Sort::masqué) point.actif = point.visible;
+using Condition_repère = bool (*)(const GameState &, const Fiche_ville &);
+
+bool oui(const GameState &, const Fiche_ville &) {
+  return true;
 }
 
-Sort si(bool visible) {
-  return visible ? Sort::montré : Sort::caché;
+bool non(const GameState &, const Fiche_ville &) {
+  return false;
 }
 
-void donner_infobulle(Contrôle &point, const std::string &nom, bool connue) {
-  if (connue)
-    point.infobulle = nom;
+/// Not on a map of its own beside the country's.
+bool sur_la_carte(const GameState &g, const Fiche_ville &ville) {
+  return g.TableProvinces(ville.province).encart == 0;
+}
+
+bool à_placer(const GameState &g, const Fiche_ville &ville) {
+  return sur_la_carte(g, ville) && !ville.trouvée && !écartée(g, ville.province);
+}
+
+/// The player is learning and has found its province.
+bool apprise(const GameState &g, const Fiche_ville &ville) {
+  return g.ModeApprentissage && trouvée(g, ville.province);
+}
+
+bool apprise_sur_la_carte(const GameState &g, const Fiche_ville &ville) {
+  return apprise(g, ville) && sur_la_carte(g, ville);
+}
+
+bool région_apprise_sur_la_carte(const GameState &g, const Fiche_ville &ville) {
+  const Fiche_province &province = g.TableProvinces(ville.province);
+  return g.ModeApprentissage && g.TableRégions(province.région).trouvée && sur_la_carte(g, ville);
+}
+
+struct Règle_repère {
+  Ensemble étapes, niveaux;
+  Condition_repère visible;
+  Condition_repère nommé;       ///< whether the tool tip tells the name or nothing
+  bool actif_inchangé = false;  ///< elsewhere a dot can be clicked exactly when it is seen
+};
+
+constexpr bool sans_désactiver = true;
+
+constexpr std::array règles_capitales = std::to_array<Règle_repère>({
+    {parmi(étape_repos), tout_niveau, non, inchangé},
+    {parmi(étape_villes), parmi(niveau_facile, niveau_difficile), à_placer, non},
+    {parmi(étape_villes), parmi(niveau_moyen, niveau_expert), sur_la_carte, non},
+    {parmi(étape_provinces, étape_drapeaux, étape_régions, étape_paramétrage_affiché,
+           étape_paramétrage_défini),
+     parmi(niveau_facile, niveau_moyen, niveau_difficile), oui, apprise},
+    {parmi(étape_provinces, étape_drapeaux, étape_régions, étape_paramétrage_affiché,
+           étape_paramétrage_défini),
+     parmi(niveau_expert), non, apprise, sans_désactiver},
+    {parmi(étape_révision), tout_niveau, oui, oui},
+});
+
+constexpr std::array règles_autres_villes = std::to_array<Règle_repère>({
+    {parmi(étape_provinces), parmi(niveau_facile), apprise_sur_la_carte, apprise},
+    {parmi(étape_provinces), parmi(niveau_moyen, niveau_difficile, niveau_expert), non, inchangé},
+    {parmi(étape_villes), parmi(niveau_facile, niveau_difficile), à_placer, non},
+    {parmi(étape_villes), parmi(niveau_moyen, niveau_expert), sur_la_carte, non},
+    {parmi(étape_drapeaux, étape_paramétrage_affiché, étape_paramétrage_défini), parmi(niveau_expert), non,
+     inchangé, sans_désactiver},
+    {parmi(étape_régions), parmi(niveau_facile), région_apprise_sur_la_carte, apprise},
+    {parmi(étape_régions), parmi(niveau_moyen, niveau_difficile, niveau_expert), non, inchangé},
+    {parmi(étape_révision), tout_niveau, oui, oui},
+});
+
+constexpr Grille<Règle_repère> grille_capitales(règles_capitales);
+constexpr Grille<Règle_repère> grille_autres_villes(règles_autres_villes);
+
+void appliquer(const Règle_repère &règle, const GameState &g, const Fiche_ville &ville, Contrôle &point) {
+  if (règle.visible != inchangé) {
+    point.visible = règle.visible(g, ville);
+    if (!règle.actif_inchangé) point.actif = point.visible;
+  }
+  if (règle.nommé == inchangé) return;
+  if (règle.nommé(g, ville))
+    point.infobulle = ville.nom;
   else
     point.infobulle.clear();
-}
-
-void montrer_capitale(Contexte &c, const Fiche_ville &ville, Contrôle &point) {
-  const GameState &g = c.état;
-  const Fiche_province &province = g.TableProvinces(ville.province);
-  switch (g.Etape) {
-    case étape_repos: appliquer(point, Sort::caché); break;
-    case étape_villes: {
-      const bool sur_la_carte = province.encart == 0;
-      const bool écartée = ville.trouvée || province.inhibée;
-      if (g.Niveau == 1 || g.Niveau == 3) appliquer(point, si(sur_la_carte && !écartée));
-      if (g.Niveau == 2 || g.Niveau == 4) appliquer(point, si(sur_la_carte));
-      if (g.Niveau != 0) donner_infobulle(point, ville.nom, false);
-      break;
-    }
-    case étape_révision:
-      appliquer(point, Sort::montré);
-      donner_infobulle(point, ville.nom, true);
-      break;
-    default:
-      if (g.Niveau == 0) break;
-      appliquer(point, g.Niveau == 4 ? Sort::masqué : Sort::montré);
-      donner_infobulle(point, ville.nom, province.trouvée && g.ModeApprentissage);
-  }
-}
-
-void montrer_autre_ville(Contexte &c, const Fiche_ville &ville, Contrôle &point) {
-  const GameState &g = c.état;
-  const Fiche_province &province = g.TableProvinces(ville.province);
-  const bool sur_la_carte = province.encart == 0;
-  const bool apprise = province.trouvée && g.ModeApprentissage;
-  switch (g.Etape) {
-    case étape_provinces:
-      if (g.Niveau == 1) {
-        appliquer(point, si(apprise && sur_la_carte));
-        donner_infobulle(point, ville.nom, apprise);
-      } else if (g.Niveau != 0) {
-        appliquer(point, Sort::caché);
-      }
-      break;
-    case étape_villes: {
-      const bool écartée = ville.trouvée || province.inhibée;
-      if (g.Niveau == 1 || g.Niveau == 3) appliquer(point, si(sur_la_carte && !écartée));
-      if (g.Niveau == 2 || g.Niveau == 4) appliquer(point, si(sur_la_carte));
-      if (g.Niveau != 0) donner_infobulle(point, ville.nom, false);
-      break;
-    }
-    case étape_régions:
-      if (g.Niveau == 1) {
-        appliquer(point, si(g.TableRégions(province.région).trouvée && g.ModeApprentissage && sur_la_carte));
-        donner_infobulle(point, ville.nom, apprise);
-      } else if (g.Niveau != 0) {
-        appliquer(point, Sort::caché);
-      }
-      break;
-    case étape_drapeaux:
-    case étape_paramétrage_affiché:
-    case étape_paramétrage_défini:
-      if (g.Niveau == 4) appliquer(point, Sort::masqué);
-      break;
-    case étape_révision:
-      appliquer(point, Sort::montré);
-      donner_infobulle(point, ville.nom, true);
-      break;
-    default: break;
-  }
 }
 
 }  // namespace
@@ -195,17 +263,14 @@ bool est_sélectionnée(const GameState &g, int province) {
 void Montrer_province(Contexte &c, int i, bool hors_sélection) {
   const GameState &g = c.état;
   Poser_rond(c, i, false, false);
-  const auto règle = std::find_if(règles_provinces.begin(), règles_provinces.end(), [&](const auto &r) {
-    return r.étape == g.Etape && g.Niveau >= r.niveau_premier && g.Niveau <= r.niveau_dernier;
-  });
-  if (règle != règles_provinces.end()) {
-    montrer(c.principale.Pays(i), vaut(g, règle->pays, i));
-    montrer(c.principale.Inv(i), vaut(g, règle->inv, i));
+  if (const Règle_province *règle = grille_provinces(g)) {
+    montrer(c.principale.Pays(i), règle->pays(g, i));
+    montrer(c.principale.Inv(i), règle->inv(g, i));
     Contrôle &rond = c.principale.rond(i);
-    if (règle->rond == Si::sélection)
+    if (g.Etape == étape_régions)
       montrer_sélection(c, i, hors_sélection);
-    else if (règle->rond != Si::inchangé)
-      rond.visible = vaut(g, règle->rond, i);
+    else if (règle->rond != inchangé)
+      rond.visible = règle->rond(g, i);
     rond.actif = rond.visible;
   }
   for (const int v : g.VillesParProvince(i)) Montrer_repère(c, v);
@@ -216,8 +281,8 @@ void Montrer_région(Contexte &c, int r) {
   bool visible = false;
   switch (g.Etape) {
     case étape_provinces:
-    case étape_villes: visible = g.Niveau == 1; break;
-    case étape_régions: visible = (g.Niveau == 1 || g.Niveau == 2) && g.TableRégions(r).trouvée; break;
+    case étape_villes: visible = g.Niveau == niveau_facile; break;
+    case étape_régions: visible = bas_niveau(g) && g.TableRégions(r).trouvée; break;
     case étape_révision:
     case étape_paramétrage_défini: visible = true; break;
     default: break;
@@ -226,11 +291,11 @@ void Montrer_région(Contexte &c, int r) {
 }
 
 void Montrer_repère(Contexte &c, int v) {
-  const Fiche_ville &ville = c.état.TableVilles(v);
-  if (ville.capitale)
-    montrer_capitale(c, ville, c.principale.RondPref(v));
-  else
-    montrer_autre_ville(c, ville, c.principale.RondVille(v));
+  const GameState &g = c.état;
+  const Fiche_ville &ville = g.TableVilles(v);
+  const Règle_repère *règle = (ville.capitale ? grille_capitales : grille_autres_villes)(g);
+  if (règle == nullptr) return;
+  appliquer(*règle, g, ville, ville.capitale ? c.principale.RondPref(v) : c.principale.RondVille(v));
 }
 
 }  // namespace ardane

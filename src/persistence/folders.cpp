@@ -51,7 +51,8 @@ void Proposer_répertoire(Contexte &c, const std::string &dossier) {
   GameState &g = c.état;
   if (pour_comparer(dossier) == pour_comparer(g.Répertoire_sauvegarde)) return;
   const Réponse réponse = c.plateforme.boîtes.montrer(
-      {Icône::question, message(g, 118), message(g, 117) + dossier, Boutons::oui_non});
+      {Icône::question, message(g, Message::choix_du_répertoire),
+       message(g, Message::utiliser_ce_répertoire_par_défaut) + dossier, Boutons::oui_non});
   if (réponse != Réponse::oui) return;
   Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_répertoire, dossier);
   // A folder that has gone meanwhile is found out by the probe of the next start.

@@ -22,7 +22,7 @@ Contenu_scores contenu_à_écrire(const GameState &g, bool avec_scores) {
   for (int p = 1; p <= nombre_provinces; ++p) contenu.inhibée(p) = g.TableProvinces(p).inhibée;
   contenu.langue = g.Langue;
   if (!avec_scores) return contenu;
-  for (int niveau = 1; niveau <= plus_haut_niveau; ++niveau) {
+  for (int niveau = niveau_facile; niveau <= plus_haut_niveau; ++niveau) {
     for (int rang = 1; rang <= g.Nombre_scores(niveau); ++rang) {
       const Meilleur_score &score = g.Meilleurs_scores(niveau, rang);
       contenu.scores.push_back({score.nom, score.score, static_cast<std::int16_t>(niveau)});
@@ -47,7 +47,7 @@ std::string version_du_fichier(const std::string &chemin) {
 
 void ajouter_scores(GameState &g, const std::vector<Enregistrement_score> &scores) {
   // Level 0 is never emptied nor shown: its count starts again with each file.
-  g.Nombre_scores(0) = 0;
+  g.Nombre_scores(aucun_niveau) = 0;
   for (const Enregistrement_score &score : scores)
     g.Meilleurs_scores(score.niveau, ++g.Nombre_scores(score.niveau)) = {score.nom, score.score};
 }
@@ -67,7 +67,7 @@ void réparer(Contexte &c) {
 
 void Vider_scores(Contexte &c) {
   GameState &g = c.état;
-  for (int niveau = 1; niveau <= plus_haut_niveau; ++niveau) {
+  for (int niveau = niveau_facile; niveau <= plus_haut_niveau; ++niveau) {
     g.Nombre_scores(niveau) = 0;
     for (int rang = 1; rang <= nombre_rangs; ++rang) g.Meilleurs_scores(niveau, rang) = {};
   }
@@ -77,9 +77,10 @@ bool Ecrire_scores(Contexte &c, bool avec_scores) {
   GameState &g = c.état;
   const bool écrit = écrire_fichier(g.Fichier_lancement, contenu_à_écrire(g, avec_scores));
   if (!écrit) {
-    c.plateforme.boîtes.montrer(
-        {Icône::information, message(g, 46),
-         message(g, 134) + g.Fichier_lancement + " ! " + g.Fin_de_ligne + message(g, 135)});
+    c.plateforme.boîtes.montrer({Icône::information, message(g, Message::erreur),
+                                 message(g, Message::fichier_impossible_à_écrire) + g.Fichier_lancement +
+                                     " ! " + g.Fin_de_ligne +
+                                     message(g, Message::fichier_peut_être_protégé)});
   }
   g.Scores_non_sauvés = !écrit;
   return écrit;
@@ -103,7 +104,8 @@ void Charger_scores(Contexte &c) {
     // A file of any other version is refused, even where its form is the same.
     if (version_du_fichier(g.Fichier_lancement) == g.Version_programme && Lire_fichier_scores(c)) return;
     c.plateforme.boîtes.montrer(
-        {Icône::exclamation, message(g, 28), g.Fichier_lancement + " : " + message(g, 27)});
+        {Icône::exclamation, message(g, Message::erreur_de_format),
+         g.Fichier_lancement + " : " + message(g, Message::fichier_non_interprétable)});
   }
   réparer(c);
 }
@@ -111,7 +113,8 @@ void Charger_scores(Contexte &c) {
 void Remise_à_zéro(Contexte &c) {
   const GameState &g = c.état;
   const Réponse réponse =
-      c.plateforme.boîtes.montrer({Icône::question, message(g, 31), message(g, 30), Boutons::oui_non});
+      c.plateforme.boîtes.montrer({Icône::question, message(g, Message::remise_à_zéro_des_scores),
+                                   message(g, Message::confirmer_perte_des_performances), Boutons::oui_non});
   if (réponse != Réponse::oui) return;
   Vider_scores(c);
   Ecrire_scores(c, false);

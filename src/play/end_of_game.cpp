@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/sound.h"
 #include "map/layers.h"
@@ -45,23 +46,19 @@ bool faire_place(GameState &g, int rang) {
   return rang <= nombre;
 }
 
-void annoncer(Contexte &c, int titre, int texte) {
-  c.plateforme.boîtes.montrer({Icône::information, message(c.état, titre), message(c.état, texte)});
-}
-
 void inscrire(Contexte &c) {
   GameState &g = c.état;
   const int rang = rang_du_score(g, g.Score);
   if (!faire_place(g, rang)) {
     Jouer_son(c, g.SonPerdu);
-    annoncer(c, 35, 43);
+    annoncer(c, Message::tour_gratuit, Message::hors_du_top_ten);
     return;
   }
   Jouer_son(c, g.SonGagné);
   if (g.Score < 1)
-    annoncer(c, 42, 41);
+    annoncer(c, Message::meilleur_score, Message::top_ten_mais_peut_mieux_faire);
   else
-    annoncer(c, 40, 39);
+    annoncer(c, Message::joli_score, Message::bravo_top_ten);
   g.Meilleurs_scores(g.Niveau, rang) = {g.Nom_joueur, g.Score};
   Ecrire_scores(c, true);
 }
@@ -79,7 +76,7 @@ void ScoreDeProgression(Contexte &c) {
       g.Score += unité * poids(jeu) * objets_placés(g, jeu);
       return;
     }
-    if (jeu == 0) return;
+    if (jeu == aucun_jeu) return;
     g.Score += unité * poids(jeu) * objets_en_jeu(g, jeu);
   }
 }
@@ -88,7 +85,7 @@ void EntréeTopTen(Contexte &c) {
   GameState &g = c.état;
   if (g.ScoreNonRetenu) {
     Jouer_son(c, g.SonPerdu);
-    annoncer(c, 35, 44);
+    annoncer(c, Message::tour_gratuit, Message::score_d_apprentissage_non_enregistré);
   } else {
     inscrire(c);
   }
@@ -103,7 +100,7 @@ void PartiePerdue(Contexte &c) {
   ScoreDeProgression(c);
   AfficherScore(c);
   Jouer_son(c, g.SonPerdu);
-  c.plateforme.boîtes.montrer({Icône::stop, message(g, 35), message(g, 34)});
+  annoncer(c, Message::tour_gratuit, Message::partie_terminée, Icône::stop);
   EntréeTopTen(c);
   g.Etape = étape_repos;
   TerminerPartie(c);

@@ -1,5 +1,6 @@
 #include "play/judgement.h"
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/sound.h"
 #include "map/main_window.h"
@@ -68,7 +69,7 @@ bool conseil_à_donner(const GameState &g) {
 void offrir_aide(Contexte &c) {
   if (c.état.ModeApprentissage)
     c.principale.Bouton_gruge.visible = true;
-  else if (c.état.Niveau == 1)
+  else if (c.état.Niveau == niveau_facile)
     c.principale.BoutonPasse.visible = true;
 }
 
@@ -80,7 +81,9 @@ void retirer_aide(Contexte &c) {
 void abandonner_question(Contexte &c) {
   GameState &g = c.état;
   Jouer_son(c, g.SonPerdu);
-  c.plateforme.boîtes.montrer({Icône::exclamation, message(g, 37), message(g, g.AssistanceActive ? 36 : 38)});
+  annoncer(c, Message::se_ressaisir,
+           g.AssistanceActive ? Message::réponse_indiquée_par_le_clignotement : Message::essayer_autre_chose,
+           Icône::exclamation);
   g.AssistanceActive = false;
   g.TableClignotement(g.ProvinceCourante) = false;
   Montrer_province(c, g.ProvinceCourante, false);
@@ -93,9 +96,9 @@ void abandonner_question(Contexte &c) {
 
 void BonneRéponse(Contexte &c) {
   GameState &g = c.état;
-  if (g.Niveau == 1) c.principale.BoutonPasse.visible = false;
+  if (g.Niveau == niveau_facile) c.principale.BoutonPasse.visible = false;
   if (g.Etape == étape_provinces || g.Etape == étape_drapeaux)
-    g.TableProvinces(g.ProvinceCourante).trouvée = !(g.Niveau == 1 && g.AssistanceActive);
+    g.TableProvinces(g.ProvinceCourante).trouvée = !(g.Niveau == niveau_facile && g.AssistanceActive);
   if (g.AssistanceActive) {
     RéponseAssistée(c);
     return;

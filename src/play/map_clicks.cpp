@@ -1,5 +1,6 @@
 #include "play/map_clicks.h"
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/hit_test_table.h"
 #include "core/sound.h"
@@ -14,17 +15,17 @@ namespace {
 
 /// In the town stage of the high levels a town must be hit on its own dot.
 bool repère_exigé(const GameState &g) {
-  return g.Etape == étape_villes && (g.Niveau == 3 || g.Niveau == 4);
+  return g.Etape == étape_villes && haut_niveau(g);
 }
 
-/// The levels that keep what has been found to themselves: to click on it again is an error.
+/// Where the map does not show what has been found, to click on it again is an error.
 bool oubli_payant(const GameState &g) {
-  return g.Niveau == 3 || g.Niveau == 4 || (g.Niveau == 2 && g.Etape == étape_villes);
+  return haut_niveau(g) || (g.Niveau == niveau_moyen && g.Etape == étape_villes);
 }
 
 void répéter_bonne_réponse(Contexte &c) {
   Jouer_son(c, c.état.SonJuste);
-  c.plateforme.boîtes.montrer({Icône::information, message(c.état, 35), message(c.état, 49)});
+  annoncer(c, Message::tour_gratuit, Message::réponse_déjà_donnée);
 }
 
 void juger(Contexte &c, int p) {
@@ -67,7 +68,7 @@ void Clic_carte(Contexte &c, int carte) {
 
 void Clic_repère(Contexte &c, int i) {
   const GameState &g = c.état;
-  if (g.Etape == étape_villes && (g.Niveau < 1 || g.Niveau > 4)) return;
+  if (g.Etape == étape_villes && !est_niveau(g.Niveau)) return;
   // Another town's dot designates province 0, which is found nowhere: a wrong answer.
   ClicProvince(c, repère_exigé(g) && i != g.VilleCourante ? 0 : g.TableVilles(i).province);
 }

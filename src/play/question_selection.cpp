@@ -34,14 +34,14 @@ void poser_province(Contexte &c, int choix) {
   Ecran_principal &e = c.principale;
   g.ProvinceCourante = static_cast<std::int16_t>(choix);
   e.Texte_à_chercher.texte = g.TableProvinces(choix).nom;
-  if (g.Niveau == 1) {
+  if (g.Niveau == niveau_facile) {
     const Image forme = e.Pays(choix).image;
     poser_image(e.Image_recherchée, forme);
     e.Image_recherchée.largeur = forme.largeur;
     e.Image_recherchée.hauteur = forme.hauteur;
     e.Image_recherchée.gauche = std::trunc((g.Largeur_image_cible - forme.largeur) / 2);
     e.Image_recherchée.haut = std::trunc((g.Hauteur_image_cible - forme.hauteur) / 2);
-  } else if (g.Niveau == 2) {
+  } else if (g.Niveau == niveau_moyen) {
     AfficherDrapeau(c, choix);
   }
 }
@@ -51,7 +51,7 @@ void poser_ville(Contexte &c, int choix) {
   g.VilleCourante = static_cast<std::int16_t>(choix);
   g.ProvinceCourante = g.TableVilles(choix).province;
   c.principale.Texte_à_chercher.texte = g.TableVilles(choix).nom;
-  if (g.Niveau == 1 || g.Niveau == 2) AfficherDrapeau(c, g.ProvinceCourante);
+  if (bas_niveau(g)) AfficherDrapeau(c, g.ProvinceCourante);
 }
 
 void poser_drapeau(Contexte &c, int choix) {

@@ -33,8 +33,8 @@ bool peut_être_choisie(const GameState &g, const Fiche_province &province) {
   if (province.inhibée || province.région == 0) return false;
   if (!province.trouvée) return true;
   // A province placed earlier can be picked again at the high levels, which can only lead to an error.
-  if (g.Niveau == 3) return province.région != g.RégionCourante;
-  return g.Niveau == 4;
+  if (g.Niveau == niveau_difficile) return province.région != g.RégionCourante;
+  return g.Niveau == niveau_expert;
 }
 
 void choisir_province(Contexte &c, int province) {
@@ -96,7 +96,7 @@ void refuser_sélection(Contexte &c) {
   GameState &g = c.état;
   Fiche_région &région = g.TableRégions(g.RégionCourante);
   g.NbErreurs = static_cast<std::int16_t>(exposant_de_la_peine(région));
-  if (g.Niveau == 4) région.provinces_restantes = membres_en_jeu(g, région);
+  if (g.Niveau == niveau_expert) région.provinces_restantes = membres_en_jeu(g, région);
   MauvaiseRéponse(c);
 }
 
@@ -116,7 +116,7 @@ void ClicRégion(Contexte &c, int p) {
 void ValiderSélectionRégion(Contexte &c) {
   GameState &g = c.état;
   const bool juste = tout_juste(g);
-  const bool gardées = g.Niveau == 1 || g.Niveau == 2 || juste;
+  const bool gardées = bas_niveau(g) || juste;
   const bool une_juste = gardées && placer_les_justes(g);
   redessiner_sélection(c);
   if (g.TableRégions(g.RégionCourante).provinces_restantes == 0) {

@@ -13,17 +13,17 @@
 namespace ardane {
 namespace {
 
-/// What is said when a stage ends, and when it comes next: message indices by stage code.
+/// What is said when a stage ends, and when it comes next: by stage code.
 struct Annonces {
-  int fin, suite;
+  Message fin, suite;
 };
 
 Annonces annonces(int jeu) {
   switch (jeu) {
-    case étape_provinces: return {21, 24};
-    case étape_villes: return {22, 25};
-    case étape_drapeaux: return {23, 26};
-    case étape_régions: return {172, 128};
+    case étape_provinces: return {Message::après_les_provinces, Message::aux_provinces};
+    case étape_villes: return {Message::après_les_villes, Message::aux_villes};
+    case étape_drapeaux: return {Message::après_les_drapeaux, Message::aux_drapeaux};
+    case étape_régions: return {Message::après_les_régions, Message::aux_régions};
     default: throw ErreurFatale("Jeu inconnu : " + std::to_string(jeu), Lieu::ici());
   }
 }
@@ -36,7 +36,7 @@ int rang_dans_l_ordre(const GameState &g, int jeu) {
 
 std::int16_t jeu_suivant(const GameState &g) {
   const int rang = rang_dans_l_ordre(g, g.Etape);
-  return rang == nombre_jeux ? std::int16_t{0} : g.Ordre_jeux(rang + 1);
+  return rang == nombre_jeux ? aucun_jeu : g.Ordre_jeux(rang + 1);
 }
 
 void effacer_statistiques(GameState &g) {
@@ -89,14 +89,14 @@ void NouvellePartie(Contexte &c) {
 void EtapeSuivante(Contexte &c) {
   GameState &g = c.état;
   const std::int16_t suivant = jeu_suivant(g);
-  if (suivant == 0) {
+  if (suivant == aucun_jeu) {
     g.Etape = étape_repos;
     EntréeTopTen(c);
     TerminerPartie(c);
     return;
   }
   Jouer_son(c, g.SonGagné);
-  c.plateforme.boîtes.montrer({Icône::information, message(g, 20),
+  c.plateforme.boîtes.montrer({Icône::information, message(g, Message::étape_suivante),
                                message(g, annonces(g.Etape).fin) + message(g, annonces(suivant).suite)});
   g.Etape = suivant;
   RemiseAZéroCarte(c);
@@ -109,8 +109,9 @@ void EtapeSuivante(Contexte &c) {
 
 bool ConfirmerAbandon(Contexte &c) {
   GameState &g = c.état;
-  if (partie_en_cours(g) && c.plateforme.boîtes.montrer({Icône::question, message(g, 33), message(g, 32),
-                                                         Boutons::oui_non}) != Réponse::oui)
+  if (partie_en_cours(g) &&
+      c.plateforme.boîtes.montrer({Icône::question, message(g, Message::partie_en_cours),
+                                   message(g, Message::confirmer_abandon), Boutons::oui_non}) != Réponse::oui)
     return false;
   if (partie_en_cours(g)) {
     ScoreDeProgression(c);

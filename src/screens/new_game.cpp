@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/text_encoding.h"
 #include "core/window_placing.h"
@@ -29,17 +30,17 @@ constexpr std::array places = std::to_array<Place>({
 
 struct Légende {
   std::string_view contrôle;
-  int message;
+  Message message;
 };
 
 constexpr std::array légendes = std::to_array<Légende>({
-    {"Label1", 81},
-    {"Frame1", 86},
-    {"Niveau_apprentissage", 82},
-    {"niveau_facile", 83},
-    {"niveau_moyen", 84},
-    {"niveau_difficile", 85},
-    {"Bouton_annuler", 80},
+    {"Label1", Message::entrer_votre_nom},
+    {"Frame1", Message::difficulté},
+    {"Niveau_apprentissage", Message::apprentissage},
+    {"niveau_facile", Message::facile},
+    {"niveau_moyen", Message::moyen},
+    {"niveau_difficile", Message::difficile},
+    {"Bouton_annuler", Message::annuler},
 });
 
 constexpr std::array<std::string_view, 4> options_de_niveau = {"niveau_facile", "niveau_moyen",
@@ -47,7 +48,7 @@ constexpr std::array<std::string_view, 4> options_de_niveau = {"niveau_facile", 
 
 /// Option of a level; learning mode and no level yet offer Facile.
 std::string_view option_du_niveau(int niveau) {
-  return options_de_niveau[niveau >= 1 && niveau <= 4 ? static_cast<std::size_t>(niveau - 1) : 0];
+  return options_de_niveau[est_niveau(niveau) ? static_cast<std::size_t>(niveau - niveau_facile) : 0];
 }
 
 }  // namespace
@@ -58,7 +59,7 @@ Nouvelle_partie::Nouvelle_partie(Contexte &c) : Fenêtre("nouvelle_partie"), c_(
   hauteur = 303;
   fermable = false;
   contexte_aide = 20;
-  titre = message(g, 56);
+  titre = message(g, Message::nouvelle_partie);
   placer_tout(*this, places);
   contrôle(*this, "Label1").police = {Famille_police::times, 12, true};
   contrôle(*this, "Label1").alignement = Alignement::centre;
@@ -79,14 +80,14 @@ void Nouvelle_partie::accepter() {
   GameState &g = c_.état;
   const std::string &nom_saisi = contrôle(*this, "boîte_nom_joueur").texte;
   if (sans_blancs(nom_saisi).empty()) {
-    c_.plateforme.boîtes.montrer({Icône::exclamation, message(g, 12), message(g, 11)});
+    annoncer(c_, Message::saisie_incomplète, Message::indiquer_votre_nom, Icône::exclamation);
     return;
   }
   g.Nom_joueur = premiers_caractères(nom_saisi, longueur_du_nom);
   g.ModeApprentissage = g.ScoreNonRetenu = false;
   c_.principale.Bouton_gruge.image = c_.principale.Ampoule_allumée.image;
   lire_niveau();
-  Ecrire_registre(c_.plateforme.registre, clé_du_jeu, "joueur", g.Nom_joueur);
+  Ecrire_registre(c_.plateforme.registre, clé_du_jeu, réglage_joueur, g.Nom_joueur);
   g.Etape = g.Ordre_jeux(1);
   fermer();
 }
@@ -94,9 +95,9 @@ void Nouvelle_partie::accepter() {
 void Nouvelle_partie::lire_niveau() {
   GameState &g = c_.état;
   for (std::size_t i = 0; i < options_de_niveau.size(); ++i)
-    if (contrôle(*this, options_de_niveau[i]).coché) g.Niveau = static_cast<std::int16_t>(i + 1);
+    if (contrôle(*this, options_de_niveau[i]).coché) g.Niveau = static_cast<std::int16_t>(niveau_facile + i);
   if (contrôle(*this, "Niveau_apprentissage").coché) {
-    g.Niveau = 1;
+    g.Niveau = niveau_facile;
     g.ModeApprentissage = g.ScoreNonRetenu = true;
   }
 }

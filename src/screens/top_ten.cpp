@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/resources.h"
 #include "core/window_placing.h"
@@ -20,7 +21,8 @@ constexpr std::array places = std::to_array<Place>({
 constexpr std::array<double, nombre_rangs> hauts_des_rangs = {55, 85, 116, 146, 177, 207, 237, 268, 298, 329};
 
 /// Titles by level, from 1. That of the expert level is a message of its own beside the menu entry's.
-constexpr std::array<int, plus_haut_niveau> titres = {52, 53, 54, 130};
+constexpr std::array<Message, plus_haut_niveau> titres = {
+    Message::niveau_facile, Message::niveau_moyen, Message::niveau_difficile, Message::titre_niveau_expert};
 
 void habiller(Contrôle &étiquette, Alignement alignement) {
   étiquette.police = {Famille_police::times, 15.75, true};
@@ -40,7 +42,7 @@ Affichage_scores::Affichage_scores(Contexte &c) : Fenêtre("Affichage_scores") {
   largeur = 593;
   hauteur = 377;
   redimensionnable = true;
-  titre = message(c.état, 50);
+  titre = message(c.état, Message::meilleurs_scores);
   contexte_aide = 90;
   placer_tout(*this, places);
   habiller(contrôle(*this, "Etiquette"), Alignement::centre);
@@ -65,11 +67,12 @@ Affichage_scores::Affichage_scores(Contexte &c) : Fenêtre("Affichage_scores") {
 
 void Affichage_scores::écrire_titre(Contexte &c) {
   GameState &g = c.état;
-  if (g.Niveau_affiché == 0) {
-    c.plateforme.boîtes.montrer({Icône::information, message(g, 14), message(g, 13)});
-    g.Niveau_affiché = 1;
+  if (g.Niveau_affiché == aucun_niveau) {
+    annoncer(c, Message::être_plus_précis, Message::niveau_non_sélectionné);
+    g.Niveau_affiché = niveau_facile;
   }
-  contrôle(*this, "Etiquette").texte = message(g, titres.at(static_cast<std::size_t>(g.Niveau_affiché - 1)));
+  contrôle(*this, "Etiquette").texte =
+      message(g, titres.at(static_cast<std::size_t>(g.Niveau_affiché - niveau_facile)));
 }
 
 void Affichage_scores::écrire_liste(const Contexte &c) {

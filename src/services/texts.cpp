@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "map/main_window.h"
@@ -14,58 +15,59 @@ namespace {
 
 struct Légende {
   std::string_view contrôle;
-  int message;
+  Message message;
 };
 
 constexpr std::array légendes = std::to_array<Légende>({
-    {"Menu_langue", 116},
-    {"Boîte_restants", 111},
-    {"Boîte_score", 112},
-    {"que_faire", 113},
-    {"score_en_cours", 51},
-    {"score_facile", 52},
-    {"score_moyen", 53},
-    {"score_expert", 141},
-    {"score_difficile", 54},
-    {"menu_fichier", 55},
-    {"fichier_nouveau", 56},
-    {"Fichier_enregistrer", 57},
-    {"Fichier_lire", 58},
-    {"fichier_quitter", 59},
-    {"menu_scores", 60},
-    {"menu_Scoresraz", 61},
-    {"Menu_réviser", 62},
-    {"menu_paramétrer", 63},
-    {"Menu_affiche_paramètres", 64},
-    {"menu_recharger", 65},
-    {"menu_définir", 66},
-    {"Menu_aide", 67},
-    {"Menu_à_propos", 17},
-    {"Menu_défaut", 139},
-    {"menu_inf", 140},
-    {"Menu_liste", 147},
-    {"Menu_liste_souspréf", 148},
-    {"Menu_révision", 62},
-    {"FichierVersion", 182},
-    {"MenuCouleurPréfectures", 183},
-    {"MenuCouleurSousPréfectures", 184},
+    {"Menu_langue", Message::langue},
+    {"Boîte_restants", Message::reste_à_placer},
+    {"Boîte_score", Message::cadre_score},
+    {"que_faire", Message::trouver},
+    {"score_en_cours", Message::niveau_en_cours},
+    {"score_facile", Message::niveau_facile},
+    {"score_moyen", Message::niveau_moyen},
+    {"score_expert", Message::menu_niveau_expert},
+    {"score_difficile", Message::niveau_difficile},
+    {"menu_fichier", Message::menu_fichier},
+    {"fichier_nouveau", Message::nouvelle_partie},
+    {"Fichier_enregistrer", Message::enregistrer_la_partie},
+    {"Fichier_lire", Message::reprendre_une_partie},
+    {"fichier_quitter", Message::quitter},
+    {"menu_scores", Message::menu_score},
+    {"menu_Scoresraz", Message::remise_à_zéro},
+    {"Menu_réviser", Message::révision},
+    {"menu_paramétrer", Message::menu_paramétrer},
+    {"Menu_affiche_paramètres", Message::afficher_le_paramétrage},
+    {"menu_recharger", Message::recharger_un_paramétrage},
+    {"menu_définir", Message::paramétrer_le_jeu},
+    {"Menu_aide", Message::menu_aide},
+    {"Menu_à_propos", Message::à_propos},
+    {"Menu_défaut", Message::utiliser_le_paramétrage_par_défaut},
+    {"menu_inf", Message::définir_le_dossier_d_information},
+    {"Menu_liste", Message::liste_par_provinces},
+    {"Menu_liste_souspréf", Message::liste_par_villes},
+    {"Menu_révision", Message::révision},
+    {"FichierVersion", Message::rechercher_les_versions},
+    {"MenuCouleurPréfectures", Message::couleur_des_capitales},
+    {"MenuCouleurSousPréfectures", Message::couleur_des_autres_villes},
 });
 
 }  // namespace
 
 void Poser_textes(Contexte &c) {
   const GameState &g = c.état;
-  c.principale.titre = message(g, 110);
+  c.principale.titre = message(g, Message::titre_du_jeu);
   for (const Légende &légende : légendes)
     contrôle(c.principale, légende.contrôle).texte = message(g, légende.message);
-  c.principale.BoutonPasse.infobulle = message(g, 142);
-  c.principale.menu("MenuSon").texte = message(g, g.SonActif ? 170 : 171);
+  c.principale.BoutonPasse.infobulle = message(g, Message::je_passe);
+  c.principale.menu("MenuSon").texte =
+      message(g, g.SonActif ? Message::couper_le_son_au_départ : Message::mettre_le_son_au_départ);
 }
 
 void Changer_langue(Contexte &c) {
   GameState &g = c.état;
   if (g.Nombre_langues == 1) {
-    c.plateforme.boîtes.montrer({Icône::exclamation, message(g, 127), message(g, 126)});
+    annoncer(c, Message::besoin_d_aide, Message::jeu_en_français_seulement, Icône::exclamation);
     return;
   }
   g.Langue = g.Langue == 1 ? 2 : 1;
@@ -73,7 +75,7 @@ void Changer_langue(Contexte &c) {
   Poser_textes(c);
   AfficherPanneau(c);
   AfficherReste(c, reste_de_l_étape(g));
-  Ecrire_registre(c.plateforme.registre, clé_du_jeu, "langue", std::to_string(g.Langue));
+  Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_langue, std::to_string(g.Langue));
 }
 
 void Aide_du_menu(Contexte &c) {
@@ -88,14 +90,16 @@ void Ouvrir_aide(Contexte &c, int contexte) {
 
 void A_propos(Contexte &c) {
   const GameState &g = c.état;
-  c.plateforme.boîtes.montrer(
-      {Icône::information, message(g, 17), message(g, 110) + message(g, 0) + "\n" + message(g, 16)});
+  c.plateforme.boîtes.montrer({Icône::information, message(g, Message::à_propos),
+                               message(g, Message::titre_du_jeu) + message(g, Message::version) + "\n" +
+                                   message(g, Message::auteur_et_site)});
 }
 
 void Basculer_son(Contexte &c) {
   GameState &g = c.état;
   g.SonActif = !g.SonActif;
-  c.principale.menu("MenuSon").texte = message(g, g.SonActif ? 180 : 181);
+  c.principale.menu("MenuSon").texte =
+      message(g, g.SonActif ? Message::couper_le_son : Message::mettre_le_son);
 }
 
 }  // namespace ardane

@@ -239,14 +239,14 @@ void Ecrire_mises_à_jour(Contexte &c) {
 
 void Annoncer_mises_à_jour(Contexte &c) {
   GameState &g = c.état;
-  std::string texte = message(g, 123);
+  std::string texte = message(g, Message::nouvelles_versions_sur_le_site);
   if (chercher_jeu(g, a_du_nouveau) != nullptr) {
     const std::string deux_lignes = g.Fin_de_ligne + g.Fin_de_ligne;
-    texte += deux_lignes + message(g, 146) + deux_lignes;
+    texte += deux_lignes + message(g, Message::mises_à_jour_suivantes) + deux_lignes;
     for (int i = 1; i <= g.NombreJeux; ++i)
       if (à_lister(g.TableJeux(i))) texte += ligne_d_annonce(g, g.TableJeux(i));
   }
-  c.plateforme.boîtes.montrer({Icône::information, message(g, 124), texte});
+  c.plateforme.boîtes.montrer({Icône::information, message(g, Message::publicité_gratuite), texte});
 }
 
 void Chercher_mises_à_jour(Contexte &c) {

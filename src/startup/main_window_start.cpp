@@ -48,7 +48,7 @@ void Initialiser_écran(Contexte &c) {
   c.plateforme.hasard.semer();
   Charger_images(c);
   nommer_sons(g);
-  g.Niveau = 0;
+  g.Niveau = aucun_niveau;
   Lire_régions(c);
   Lire_provinces(c);
   Lire_capitales(c);

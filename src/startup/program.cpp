@@ -1,6 +1,7 @@
 #include "startup/program.h"
 
 #include "configuration/folder_chooser.h"
+#include "core/chooser_modes.h"
 #include "core/hit_test_table.h"
 #include "core/paths.h"
 #include "core/resources.h"
@@ -23,8 +24,6 @@
 
 namespace ardane {
 namespace {
-
-constexpr int mode_dossier_d_information = 6;
 
 template <class F>
 std::unique_ptr<Fenêtre> fabriquer(Contexte &c) {
@@ -85,10 +84,10 @@ void Programme::brancher() {
   };
   entrée("fichier_nouveau", NouvellePartie);
   entrée("score_en_cours", [](Contexte &k) { AfficherScores(k, k.état.Niveau); });
-  entrée("score_facile", [](Contexte &k) { AfficherScores(k, 1); });
-  entrée("score_moyen", [](Contexte &k) { AfficherScores(k, 2); });
-  entrée("score_difficile", [](Contexte &k) { AfficherScores(k, 3); });
-  entrée("score_expert", [](Contexte &k) { AfficherScores(k, 4); });
+  entrée("score_facile", [](Contexte &k) { AfficherScores(k, niveau_facile); });
+  entrée("score_moyen", [](Contexte &k) { AfficherScores(k, niveau_moyen); });
+  entrée("score_difficile", [](Contexte &k) { AfficherScores(k, niveau_difficile); });
+  entrée("score_expert", [](Contexte &k) { AfficherScores(k, niveau_expert); });
   entrée("menu_Scoresraz", Remise_à_zéro);
   entrée("MenuSon", Basculer_son);
   entrée("Menu_langue", Changer_langue);
@@ -96,7 +95,7 @@ void Programme::brancher() {
   entrée("Menu_à_propos", A_propos);
   entrée("FichierVersion", Chercher_mises_à_jour);
   entrée("menu_inf", [](Contexte &k) {
-    k.état.Mode_sélection = mode_dossier_d_information;
+    k.état.Mode_sélection = choix_dossier_information;
     k.plateforme.fenêtres.ouvrir_modale("Paramétrage_répertoires");
   });
   e.menu("fichier_quitter").clic = [this] { décharger(); };

@@ -28,7 +28,7 @@ int rest_of_question(int first) {
 }
 
 bool dots_asked(const GameState &g) {
-  return g.Etape == étape_villes && g.Niveau >= 3;
+  return g.Etape == étape_villes && haut_niveau(g);
 }
 
 }  // namespace
@@ -186,7 +186,7 @@ void WholeGamePlayer::answer_region() {
   if (last && question_ % 3 == 1) {
     if (const int foreign = other_province(); foreign != 0) {
       // Up to Moyen the right ones stay, and one is missing; above, all of them are.
-      const int missing = g.Niveau <= 2 ? 1 : to_select;
+      const int missing = bas_niveau(g) ? 1 : to_select;
       if (!press_province(foreign)) return stop("a foreign province cannot be clicked");
       pay(1 << ((9 / size + 1) * missing));
       ++wrong_selections;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/chooser_modes.h"
 #include "core/resources.h"
 #include "persistence/folders.h"
 #include "persistence/registry.h"
@@ -27,7 +28,7 @@ class FolderChooser : public testing::Test {
     for (const char *nom : {"jeux/b.SCI", "jeux/A.sci", "jeux/x.INF", "jeux/y.txt", "jeux/.z.SCI"})
       écrire_fichier(m.dossier.fichier(nom), "");
     Changer_dossier(jeux);
-    m.g().Mode_sélection = mode_dossier_sauvegarde;
+    m.g().Mode_sélection = choix_dossier_sauvegarde;
   }
 
   Paramétrage_répertoires &f() {
@@ -72,7 +73,7 @@ TEST_F(FolderChooser, ItOpensOnTheCurrentFolderForGames) {
 }
 
 TEST_F(FolderChooser, ItOpensOnTheFolderOfTheInformationFile) {
-  m.g().Mode_sélection = mode_dossier_info;
+  m.g().Mode_sélection = choix_dossier_information;
   m.g().Répertoire_info = jeux;
   Changer_dossier("/");
   EXPECT_EQ(k("Entête").texte, "Sélectionnez ou créez le répertoire de sauvegarde du fichier d'information");
@@ -81,7 +82,7 @@ TEST_F(FolderChooser, ItOpensOnTheFolderOfTheInformationFile) {
 }
 
 TEST_F(FolderChooser, WhereTheInformationFolderIsGoneItOpensOnTheCurrentOne) {
-  m.g().Mode_sélection = mode_dossier_info;
+  m.g().Mode_sélection = choix_dossier_information;
   m.g().Répertoire_info = m.dossier.fichier("absent");
   EXPECT_EQ(k("Nom_fichier").texte, jeux + "/");
 }
@@ -241,7 +242,7 @@ TEST_F(FolderChooser, TheBareNameOfTheScoreFileMeansTheFolderJustTaken) {
 }
 
 TEST_F(FolderChooser, OkTakesTheFolderOfTheInformationFile) {
-  m.g().Mode_sélection = mode_dossier_info;
+  m.g().Mode_sélection = choix_dossier_information;
   m.g().Répertoire_info = jeux;
   const std::string sauvegarde = m.g().Répertoire_sauvegarde;
   Changer_dossier("/");
@@ -281,7 +282,7 @@ TEST_F(FolderChooser, AFolderThatCannotBeWrittenKeepsTheWindowOpen) {
 }
 
 TEST_F(FolderChooser, WithoutAUseItCannotOpen) {
-  m.g().Mode_sélection = 1;
+  m.g().Mode_sélection = choix_nouveau_nom;
   EXPECT_THROW(f(), ErreurFatale);
 }
 

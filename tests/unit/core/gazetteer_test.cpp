@@ -46,7 +46,7 @@ TEST(TextLoading, MessagesAreReadFrom1000UpToTheHighestIndex) {
   EXPECT_EQ(l.g().Messages.dernier(), 3);
   EXPECT_EQ(l.g().Messages(0), "Version");
   EXPECT_EQ(l.g().Messages(3), "trois");
-  EXPECT_THROW(message(l.g(), 4), ErreurFatale);
+  EXPECT_THROW(message(l.g(), Message::courage), ErreurFatale);
 }
 
 TEST(TextLoading, ALanguageOf0Becomes1) {
@@ -99,7 +99,7 @@ TEST(TextLoading, AnEmptyTableLeavesOneEmptyMessageAndNoLanguage) {
   EXPECT_EQ(l.g().Messages(0), "");
   EXPECT_EQ(l.g().Nombre_langues, 0);
   EXPECT_EQ(l.g().Langue, 1);
-  EXPECT_THROW(message(l.g(), 46), ErreurFatale);
+  EXPECT_THROW(message(l.g(), Message::erreur), ErreurFatale);
 }
 
 TEST(TextLoading, LoadingTwiceOnlyOverwrites) {

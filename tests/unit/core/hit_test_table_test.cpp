@@ -43,15 +43,15 @@ TEST_F(HitTestTable, AnAbsentFileIsToldToThePlayerAndRefused) {
   const Boîte &boîte = m.boîtes.montrées[0];
   EXPECT_EQ(boîte.icône, Icône::information);
   EXPECT_EQ(boîte.boutons, Boutons::ok);
-  EXPECT_EQ(boîte.titre, message(m.g(), 46));
-  EXPECT_EQ(boîte.texte, message(m.g(), 132));
+  EXPECT_EQ(boîte.titre, message(m.g(), Message::erreur));
+  EXPECT_EQ(boîte.texte, message(m.g(), Message::fichier_pts_absent));
 }
 
 TEST_F(HitTestTable, AFolderOfThatNameCountsAsAbsent) {
   std::filesystem::remove(chemin_natif(chemin()));
   std::filesystem::create_directory(chemin_natif(chemin()));
   EXPECT_FALSE(Charger_points(m.c()));
-  EXPECT_EQ(m.boîtes.montrées.at(0).texte, message(m.g(), 132));
+  EXPECT_EQ(m.boîtes.montrées.at(0).texte, message(m.g(), Message::fichier_pts_absent));
 }
 
 TEST_F(HitTestTable, WithoutTheFileTheProgramEndsBeforeItsWindow) {

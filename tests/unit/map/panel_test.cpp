@@ -138,8 +138,10 @@ TEST_F(Panel, WhatIsLeftStandsInThreeDigitsUnderTheCaptionOfTheStage) {
   const struct {
     int étape;
     std::string légende;
-  } cas[] = {
-      {1, message(g(), 155)}, {2, message(g(), 157)}, {3, "Drapeaux à placer"}, {4, message(g(), 156)}};
+  } cas[] = {{1, message(g(), Message::provinces_à_placer)},
+             {2, message(g(), Message::villes_à_placer)},
+             {3, "Drapeaux à placer"},
+             {4, message(g(), Message::régions_à_placer)}};
   for (const auto &c : cas) {
     g().Etape = static_cast<std::int16_t>(c.étape);
     AfficherReste(m.c(), 7);

@@ -56,8 +56,8 @@ class ScoreFile : public testing::Test {
     ASSERT_THAT(m.boîtes.montrées, SizeIs(1));
     EXPECT_EQ(m.dernière_boîte().icône, Icône::information);
     EXPECT_EQ(m.dernière_boîte().titre, "Erreur");
-    EXPECT_EQ(m.dernière_boîte().texte,
-              "Impossible d'écrire le fichier " + g().Fichier_lancement + " ! \r\n" + g().Messages(135));
+    EXPECT_EQ(m.dernière_boîte().texte, "Impossible d'écrire le fichier " + g().Fichier_lancement +
+                                            " ! \r\n" + message(g(), Message::fichier_peut_être_protégé));
     EXPECT_TRUE(g().Scores_non_sauvés);
   }
   void attendre_refus_et_réparation() {

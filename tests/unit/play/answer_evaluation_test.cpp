@@ -5,6 +5,7 @@
 #include "play/judgement.h"
 #include "play/map_clicks.h"
 #include "play/penalty.h"
+#include "support/card_window.h"
 #include "support/fake_world.h"
 
 namespace ardane {
@@ -59,8 +60,8 @@ TEST_F(Answers, TheTenthWrongClickCosts512ChangesTheQuestionAndPlacesNothing) {
   EXPECT_EQ(m.g().NbErreurs, 0);
   EXPECT_THAT(m.son.joués, ElementsAre("carte_pe.wav"));
   EXPECT_EQ(m.dernière_boîte().icône, Icône::exclamation);
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 38));
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 37));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::essayer_autre_chose));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::se_ressaisir));
 }
 
 TEST_F(Answers, AnObjectGivenUpComesBackWithNoErrorCounted) {
@@ -82,7 +83,7 @@ TEST_F(Answers, TheLastObjectOfAStagePlaysTheStageSoundAndGivesNoTip) {
   m.répondre_juste();
   EXPECT_THAT(m.son.joués, ElementsAre("carte_ga.wav"));
   ASSERT_EQ(m.boîtes.montrées.size(), 1U);
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 20));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::étape_suivante));
   EXPECT_EQ(m.g().Etape, étape_drapeaux);
 }
 
@@ -182,8 +183,8 @@ TEST_F(Answers, TheBoxOfTheAnswerAlreadyGivenIsKeptAsASafetyNet) {
   ClicProvince(m.c(), m.g().ProvinceCourante);
   EXPECT_THAT(m.son.joués, ElementsAre("carte_ok.wav"));
   EXPECT_EQ(m.dernière_boîte().icône, Icône::information);
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 35));
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 49));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::tour_gratuit));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::réponse_déjà_donnée));
   EXPECT_EQ(m.g().Score, 999999);
 }
 
@@ -222,16 +223,35 @@ TEST_F(Answers, HelpAppearsAtTheFirstErrorAndDependsOnTheLevel) {
 }
 
 TEST_F(Answers, TheTipOfTheCardsComesOnceAGameAndInLearningModeOnly) {
+  AvecFiches fiches(m);
+  const auto répondre_juste = [&] { ClicProvince(fiches.c(), m.g().ProvinceCourante); };
   jouer(étape_provinces, 0);
-  m.répondre_juste();
+  répondre_juste();
   ASSERT_EQ(m.boîtes.montrées.size(), 1U);
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 137));
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 17));
-  m.répondre_juste();
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::conseil_fiches_des_provinces));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::à_propos));
+  EXPECT_TRUE(m.g().ConseilFicheVu);
+  répondre_juste();
   EXPECT_EQ(m.boîtes.montrées.size(), 1U);
   jouer(étape_provinces, 1);
+  répondre_juste();
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+}
+
+TEST_F(Answers, AsTheTipSaysAClickOnAFoundProvinceOpensItsCard) {
+  AvecFiches fiches(m);
+  jouer(étape_provinces, 0);
+  const auto trouvée = m.g().ProvinceCourante;
+  ClicProvince(fiches.c(), trouvée);
+  ClicProvince(fiches.c(), trouvée);
+  EXPECT_THAT(fiches.fiches_ouvertes, ElementsAre(trouvée));
+}
+
+TEST_F(Answers, WhereThereAreNoCardsNoTipPromisesThemAndItIsNotCountedAsSeen) {
+  jouer(étape_provinces, 0);
   m.répondre_juste();
   EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  EXPECT_FALSE(m.g().ConseilFicheVu);
 }
 
 TEST_F(Answers, TheFirstClickEndsTheGameIntact) {

@@ -65,7 +65,7 @@ TEST_F(Assistance, APassThatExhaustsTheScoreLosesTheGame) {
   m.g().Score = 1022;
   passer();
   EXPECT_EQ(m.g().Etape, étape_repos);
-  EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), 34));
+  EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), Message::partie_terminée));
 }
 
 TEST_F(Assistance, TenErrorsAfterTheHelpAreToldOtherwiseThanWithoutIt) {
@@ -73,9 +73,9 @@ TEST_F(Assistance, TenErrorsAfterTheHelpAreToldOtherwiseThanWithoutIt) {
   m.répondre_faux();
   aider();
   for (int i = 0; i < 9; ++i) m.répondre_faux();
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 36));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::réponse_indiquée_par_le_clignotement));
   for (int i = 0; i < 10; ++i) m.répondre_faux();
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 38));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::essayer_autre_chose));
 }
 
 TEST_F(Assistance, TheBlinkingStopsWhenTheQuestionIsGivenUp) {

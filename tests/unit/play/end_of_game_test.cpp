@@ -38,7 +38,7 @@ TEST_F(EndOfGame, AScoreEqualToTheTenthOfAFullTableIsNotEntered) {
   remplir_table(1, 1000);
   entrer(1000);
   EXPECT_EQ(m.g().Meilleurs_scores(1, 10).nom, "ancien 10");
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 43));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::hors_du_top_ten));
   EXPECT_THAT(m.son.joués, ElementsAre("carte_pe.wav"));
   EXPECT_EQ(m.g().Nombre_scores(1), 10);
 }
@@ -56,14 +56,14 @@ TEST_F(EndOfGame, TheFirstGameOfALevelEntersAtTheTopWhateverItsScore) {
   entrer(-999999);
   EXPECT_EQ(m.g().Nombre_scores(1), 1);
   EXPECT_EQ(m.g().Meilleurs_scores(1, 1).score, -999999);
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 41));
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 42));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::top_ten_mais_peut_mieux_faire));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::meilleur_score));
 }
 
 TEST_F(EndOfGame, AGoodScoreIsPraised) {
   entrer(1);
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 39));
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 40));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::bravo_top_ten));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::joli_score));
   EXPECT_THAT(m.son.joués, ElementsAre("carte_ga.wav"));
 }
 
@@ -71,7 +71,7 @@ TEST_F(EndOfGame, ALearningGameIsToldAndShownAndWritesNothing) {
   m.nouvelle_partie(0);
   m.son.joués.clear();
   entrer(500000);
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 44));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::score_d_apprentissage_non_enregistré));
   EXPECT_EQ(m.façade.ouvertes.back(), "Affichage_scores");
   EXPECT_THAT(m.son.joués, ElementsAre("carte_pe.wav"));
   EXPECT_FALSE(fichier_existe(m.dossier.fichier("ARDANE.SCI")));
@@ -141,8 +141,8 @@ TEST_F(EndOfGame, ALostGameTellsSoWithTheStopIconAndScoresItsProgress) {
   m.g().Score = 1;
   m.répondre_faux();
   EXPECT_EQ(m.boîtes.montrées[0].icône, Icône::stop);
-  EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), 34));
-  EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), 35));
+  EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), Message::partie_terminée));
+  EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), Message::tour_gratuit));
   EXPECT_EQ(m.g().Meilleurs_scores(1, 1).score, -999999 + 3 * 324);
   EXPECT_TRUE(m.g().PartieClose);
   EXPECT_TRUE(m.g().PartieVierge);

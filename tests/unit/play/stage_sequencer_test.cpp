@@ -57,7 +57,8 @@ TEST_F(Stages, AGameOfOneStageEndsAtItsLastObjectWithoutAnAnnouncement) {
   m.nouvelle_partie(1);
   finir_étape();
   EXPECT_EQ(m.g().Etape, étape_repos);
-  for (const Boîte &boîte : m.boîtes.montrées) EXPECT_NE(boîte.titre, message(m.g(), 20));
+  for (const Boîte &boîte : m.boîtes.montrées)
+    EXPECT_NE(boîte.titre, message(m.g(), Message::étape_suivante));
   EXPECT_EQ(m.g().Meilleurs_scores(1, 1).score, 999999);
 }
 
@@ -116,8 +117,8 @@ TEST_F(Stages, AfterASingleClickTheGameIsConfirmedAndScoredByItsProgress) {
   annuler_le_dialogue();
   choisir("fichier_nouveau");
   ASSERT_GE(m.boîtes.montrées.size(), 2U);
-  EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), 32));
-  EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), 33));
+  EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), Message::confirmer_abandon));
+  EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), Message::partie_en_cours));
   EXPECT_EQ(m.boîtes.montrées[0].boutons, Boutons::oui_non);
   EXPECT_EQ(m.g().Meilleurs_scores(1, 1).score, -999999 + 324 * 3);
 }
@@ -170,7 +171,7 @@ TEST_F(Stages, TheNumberOfProvincesInPlayDoesNotGrowFromStageToStage) {
 
 TEST_F(Stages, TheCaptionOfTheFlagsStaysFrenchWhateverTheLanguage) {
   ordonner({étape_drapeaux});
-  m.g().Messages(155) = "Provinces to place";
+  m.g().Messages(static_cast<int>(Message::provinces_à_placer)) = "Provinces to place";
   m.nouvelle_partie(1);
   EXPECT_EQ(m.e().Boîte_restants.texte, "Drapeaux à placer");
 }

@@ -50,8 +50,8 @@ TEST_F(NewGameDialog, ANameOfBlanksIsRefusedAndTheDialogStaysWithItsTextUnchange
   ouvrir([&](Fenêtre &f) {
     saisir(contrôle(f, "boîte_nom_joueur"), "   ");
     accepter(f);
-    EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 11));
-    EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 12));
+    EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::indiquer_votre_nom));
+    EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::saisie_incomplète));
     EXPECT_EQ(m.dernière_boîte().icône, Icône::exclamation);
     EXPECT_TRUE(f.ouverte);
     EXPECT_EQ(contrôle(f, "boîte_nom_joueur").texte, "   ");

@@ -44,9 +44,9 @@ TEST_F(TopTenWindow, ANegativeScoreIsShownWithItsMinusSign) {
 }
 
 TEST_F(TopTenWindow, TheTitleOfTheExpertLevelIsAMessageOfItsOwn) {
-  m.g().Messages(130) = "Experts";
+  m.g().Messages(static_cast<int>(Message::titre_niveau_expert)) = "Experts";
   ouvrir("score_expert", [](Fenêtre &f) { EXPECT_EQ(contrôle(f, "Etiquette").texte, "Experts"); });
-  EXPECT_EQ(m.e().menu("score_expert").texte, message(m.g(), 141));
+  EXPECT_EQ(m.e().menu("score_expert").texte, message(m.g(), Message::menu_niveau_expert));
 }
 
 TEST_F(TopTenWindow, TheWayToTheStatisticsStaysFromTheEndOfAGameUntilTheNextOne) {
@@ -67,8 +67,8 @@ TEST_F(TopTenWindow, TheWayToTheStatisticsStaysFromTheEndOfAGameUntilTheNextOne)
 TEST_F(TopTenWindow, WithNoLevelChosenItSaysSoAndShowsFacile) {
   m.boîtes.montrées.clear();
   ouvrir("score_en_cours", [](Fenêtre &f) { EXPECT_EQ(contrôle(f, "Etiquette").texte, "Niveau facile"); });
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 13));
-  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), 14));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::niveau_non_sélectionné));
+  EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::être_plus_précis));
   EXPECT_EQ(m.g().Niveau_affiché, 1);
 }
 

@@ -29,7 +29,7 @@ TEST_F(Texts, WithOneLanguageTheChangeAsksForHelpAndWritesNothing) {
   choisir("Menu_langue");
   EXPECT_EQ(m.dernière_boîte().icône, Icône::exclamation);
   EXPECT_EQ(m.dernière_boîte().titre, "I need your help !");
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 126));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::jeu_en_français_seulement));
   EXPECT_EQ(m.g().Langue, 1);
   EXPECT_EQ(m.registre.lire(clé_du_jeu, "langue"), "témoin");
 }
@@ -66,15 +66,17 @@ TEST_F(Texts, TheHelpOpensAtThePlaceOfPlayFromTheMenuAndAtTheWindowsOwnByItsKey)
 TEST_F(Texts, AboutTellsNameVersionAndPublisher) {
   choisir("Menu_à_propos");
   EXPECT_EQ(m.dernière_boîte().titre, "A propos...");
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 110) + message(m.g(), 0) + "\n" + message(m.g(), 16));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::titre_du_jeu) +
+                                          message(m.g(), Message::version) + "\n" +
+                                          message(m.g(), Message::auteur_et_site));
   EXPECT_EQ(m.dernière_boîte().icône, Icône::information);
 }
 
 TEST_F(Texts, TheSoundSwitchSwapsItsCaptionAndLeavesTheSoundPlayingAlone) {
   choisir("MenuSon");
-  EXPECT_EQ(m.e().menu("MenuSon").texte, message(m.g(), 181));
+  EXPECT_EQ(m.e().menu("MenuSon").texte, message(m.g(), Message::mettre_le_son));
   choisir("MenuSon");
-  EXPECT_EQ(m.e().menu("MenuSon").texte, message(m.g(), 180));
+  EXPECT_EQ(m.e().menu("MenuSon").texte, message(m.g(), Message::couper_le_son));
   EXPECT_TRUE(m.son.joués.empty());
 }
 

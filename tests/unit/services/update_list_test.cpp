@@ -88,8 +88,9 @@ class UpdateList : public testing::Test {
   std::string nouvelles() {
     Annoncer_mises_à_jour(m.c());
     const std::string &texte = m.dernière_boîte().texte;
-    EXPECT_EQ(texte.substr(0, g().Messages(123).size()), g().Messages(123));
-    return texte.substr(g().Messages(123).size());
+    EXPECT_EQ(texte.substr(0, message(g(), Message::nouvelles_versions_sur_le_site).size()),
+              message(g(), Message::nouvelles_versions_sur_le_site));
+    return texte.substr(message(g(), Message::nouvelles_versions_sur_le_site).size());
   }
 
   MondeFactice m;

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/chooser_modes.h"
 #include "persistence/registry.h"
 #include "platform/window_layout.h"
 #include "support/fake_world.h"
@@ -80,7 +81,7 @@ TEST_F(Start, ALanguageOfZeroOrOfNoNumberIsTheFirst) {
     poser("langue", texte);
     ASSERT_TRUE(démarrer());
     EXPECT_EQ(m.g().Langue, 1) << texte;
-    EXPECT_EQ(message(m.g(), 46), "Erreur");
+    EXPECT_EQ(message(m.g(), Message::erreur), "Erreur");
   }
 }
 
@@ -113,14 +114,14 @@ TEST_F(Start, InAReadOnlyProgramFolderTheFolderWindowComesBeforeAnythingElse) {
   DossierTemporaire autre;
   m.façade.joueur = [&](Fenêtre &f) {
     EXPECT_EQ(f.nom, "Paramétrage_répertoires");
-    EXPECT_EQ(m.g().Mode_sélection, 7);
+    EXPECT_EQ(m.g().Mode_sélection, choix_dossier_sauvegarde);
     m.g().Répertoire_sauvegarde = autre.chemin();
   };
   ASSERT_TRUE(démarrer());
   ASSERT_FALSE(m.façade.ouvertes.empty());
   EXPECT_EQ(m.façade.ouvertes.front(), "Paramétrage_répertoires");
-  EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), 118));
-  EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), 122));
+  EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), Message::choix_du_répertoire));
+  EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), Message::sélectionner_le_répertoire_par_défaut));
 }
 
 TEST_F(Start, ASaveFolderThatCannotBeWrittenOpensTheFolderWindowAndTheStartGoesOn) {
@@ -159,7 +160,7 @@ TEST_F(Start, WithoutAPointsFileTheProgramTellsSoAndEndsWithTheSystemSoundsSilen
   poser("", "ding.wav", clé);
   std::filesystem::remove(chemin_natif(m.dossier.fichier("ardane.pts")));
   EXPECT_FALSE(démarrer());
-  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), 132));
+  EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::fichier_pts_absent));
   EXPECT_EQ(m.dernière_boîte().icône, Icône::information);
   EXPECT_THAT(m.façade.ouvertes, Not(Contains("Ecran_principal")));
   EXPECT_EQ(réglage("", clé), "");

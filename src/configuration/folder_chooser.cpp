@@ -8,11 +8,11 @@
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "core/resources.h"
-#include "core/text_encoding.h"
 #include "core/window_placing.h"
 #include "persistence/folders.h"
 #include "persistence/registry.h"
 #include "persistence/score_file.h"
+#include "platform/text.h"
 #include "platform/window_layout.h"
 
 namespace ardane {

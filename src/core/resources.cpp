@@ -4,16 +4,10 @@
 #include <charconv>
 
 #include "core/embedded.h"
+#include "platform/text.h"
 
 namespace ardane {
 namespace {
-
-std::string_view couper(std::string_view &reste, char séparateur) {
-  const auto place = std::min(reste.find(séparateur), reste.size());
-  const std::string_view tête = reste.substr(0, place);
-  reste.remove_prefix(std::min(place + 1, reste.size()));
-  return tête;
-}
 
 bool lire_mesure(std::string_view champ, std::int16_t &mesure) {
   const auto lu = std::from_chars(champ.data(), champ.data() + champ.size(), mesure);

@@ -3,10 +3,10 @@
 #include <array>
 
 #include "core/game_state.h"
-#include "core/text_encoding.h"
 #include "core/window_placing.h"
 #include "map/main_window.h"
 #include "persistence/registry.h"
+#include "platform/text.h"
 #include "platform/window_layout.h"
 
 namespace ardane {

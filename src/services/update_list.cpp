@@ -11,6 +11,8 @@
 #include "core/string_table.h"
 #include "core/text_encoding.h"
 #include "persistence/registry.h"
+#include "platform/registry_key.h"
+#include "platform/text.h"
 
 namespace ardane {
 namespace {
@@ -111,9 +113,7 @@ void fusionner_ligne_de_la_page(GameState &g, const Ligne_jeu &ligne) {
 
 /// The page's text: the site serves UTF-8 or, from its older pages, Windows-1252.
 std::string texte_de_la_page(const std::string &octets) {
-  constexpr char32_t illisible = 0xFFFD;
-  const bool utf8 = points_de_code(octets).find(illisible) == std::u32string::npos;
-  return utf8 ? octets : depuis_windows_1252(octets);
+  return est_utf8(octets) ? octets : depuis_windows_1252(octets);
 }
 
 void fusionner_page(GameState &g, std::string_view page) {
@@ -140,7 +140,7 @@ void fusionner_page(GameState &g, std::string_view page) {
 /// Version line of a game of the family; nothing if it has none.
 std::optional<std::string> ligne_de_version(const Contexte &c, const std::string &nom) {
   std::string texte;
-  const std::string clé = std::string(clé_de_famille).append("\\").append(nom);
+  const std::string clé = Joindre_clé(clé_de_famille, nom);
   if (Lire_registre(c.plateforme.registre, clé, réglage_version, texte) != registre_lu) return std::nullopt;
   return texte;
 }

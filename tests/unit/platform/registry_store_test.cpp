@@ -40,6 +40,8 @@ TEST(MemoryRegistry, NamesAreComparedWithoutRegardToCase) {
   EXPECT_EQ(registre.lire(jeu, "œ"), std::nullopt);
   registre.écrire(jeu, "Œ", "b");
   EXPECT_EQ(registre.lire(jeu, "œ"), "b");
+  registre.écrire(jeu, "Ÿ Š", "c");
+  EXPECT_EQ(registre.lire(jeu, "ÿ š"), "c");
 }
 
 TEST(MemoryRegistry, NamesAreKeptAsFirstWritten) {

@@ -2,20 +2,15 @@
 
 #include <array>
 
+#include "core/captions.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "map/main_window.h"
 #include "map/panel.h"
 #include "persistence/registry.h"
-#include "platform/window_layout.h"
 
 namespace ardane {
 namespace {
-
-struct Légende {
-  std::string_view contrôle;
-  int message;
-};
 
 constexpr std::array légendes = std::to_array<Légende>({
     {"Menu_langue", 116},
@@ -56,8 +51,7 @@ constexpr std::array légendes = std::to_array<Légende>({
 void Poser_textes(Contexte &c) {
   const GameState &g = c.état;
   c.principale.titre = message(g, 110);
-  for (const Légende &légende : légendes)
-    contrôle(c.principale, légende.contrôle).texte = message(g, légende.message);
+  Poser_légendes(g, c.principale, légendes);
   c.principale.BoutonPasse.infobulle = message(g, 142);
   c.principale.menu("MenuSon").texte = message(g, g.SonActif ? 170 : 171);
 }

@@ -1,0 +1,20 @@
+// The captions of a window's controls: a row a control, in a table at the head of the window's file.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace ardane {
+
+struct GameState;
+class Fenêtre;
+
+struct Légende {
+  std::string_view contrôle;
+  int message;  ///< its number among the messages of the language in use
+};
+
+/// Gives every control of the table its text.
+void Poser_légendes(const GameState &g, Fenêtre &fenêtre, std::span<const Légende> légendes);
+
+}  // namespace ardane

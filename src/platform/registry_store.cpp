@@ -4,9 +4,10 @@
 #include <array>
 #include <cstdlib>
 #include <fstream>
-#include <random>
 #include <system_error>
 
+#include "platform/file_replacement.h"
+#include "platform/log.h"
 #include "platform/registry_key.h"
 #include "platform/registry_lock.h"
 #include "platform/text.h"
@@ -184,41 +185,12 @@ std::optional<Document> lire_document(const fs::path &fichier) {
   return Document(contenu);
 }
 
-/// True if the file is absent or may be changed in place: a file that its owner protected stays as it is,
-/// though its folder would let it be replaced.
-bool remplaçable(const fs::path &fichier) {
-  std::error_code erreur;
-  return !fs::exists(fichier, erreur) || std::ofstream(fichier, std::ios::binary | std::ios::app).is_open();
-}
-
-/// Puts `contenu` in the place of the file, through a new file that takes its name once it is complete.
-bool remplacer(const fs::path &fichier, std::string_view contenu) {
-  fs::path nouveau = fichier;
-  nouveau += "." + std::to_string(std::random_device{}()) + ".tmp";
-  std::error_code erreur;
-  {
-    std::ofstream flux(nouveau, std::ios::binary | std::ios::trunc);
-    flux.write(contenu.data(), static_cast<std::streamsize>(contenu.size()));
-    flux.close();
-    if (!flux) {
-      fs::remove(nouveau, erreur);
-      return false;
-    }
-  }
-  const fs::file_status ancien = fs::status(fichier, erreur);
-  if (fs::exists(ancien)) fs::permissions(nouveau, ancien.permissions(), erreur);
-  fs::rename(nouveau, fichier, erreur);
-  if (!erreur) return true;
-  std::error_code ignorée;
-  fs::remove(nouveau, ignorée);
-  return false;
-}
-
 /// The file that a chain of links ends at, so that the links stay, whatever the current folder becomes.
 fs::path fichier_réel(const fs::path &fichier) {
   if (fichier.empty()) return fichier;
   std::error_code erreur;
-  const fs::path absolu = fs::absolute(fichier);
+  const fs::path absolu = fs::absolute(fichier, erreur);
+  if (erreur) return fichier;
   const fs::path réel = fs::weakly_canonical(absolu, erreur);
   return erreur ? absolu : réel;
 }
@@ -313,18 +285,23 @@ bool RegistreFichier::écrire(std::string_view clé, std::string_view nom, std::
 
 bool RegistreFichier::garder(Changement changement) {
   en_attente_.push_back(std::move(changement));
-  return enregistrer();
+  const auto échec = enregistrer();
+  // A start writes a dozen settings; what hinders the first hinders all.
+  if (échec && !échec_dit_)
+    consigner("Les réglages ne sont pas gardés dans « " + fichier_.string() + " » : " + std::string(*échec));
+  échec_dit_ = échec.has_value();
+  return !échec;
 }
 
-bool RegistreFichier::enregistrer() {
-  if (fichier_.empty()) return false;
+std::optional<std::string_view> RegistreFichier::enregistrer() {
+  if (fichier_.empty()) return "aucun dossier ne leur est connu";
   std::error_code erreur;
   fs::create_directories(fichier_.parent_path(), erreur);
-  if (erreur) return false;
+  if (erreur) return "son dossier ne peut pas être créé";
   fs::path verrou = fichier_;
   const VerrouRegistre tenu(verrou += ".verrou");
   auto document = lire_document(fichier_);
-  if (!document) return false;
+  if (!document) return "il ne peut pas être lu";
   const std::string avant = document->contenu();
   for (const Changement &changement : en_attente_) {
     if (changement.nom)
@@ -333,12 +310,11 @@ bool RegistreFichier::enregistrer() {
       document->créer(changement.clé);
   }
   const std::string après = document->contenu();
-  // A start writes a dozen settings: waiting for the disk at each would be felt, and putting a complete file
-  // in the place of the old one leaves one of the two after a crash as it is.
-  if (après != avant && !(remplaçable(fichier_) && remplacer(fichier_, après))) return false;
+  if (après != avant)
+    if (const auto échec = remplacer_fichier(fichier_, après)) return échec;
   en_attente_.clear();
   mémoire_ = document->registre();
-  return true;
+  return std::nullopt;
 }
 
 fs::path fichier_registre_par_défaut() {

@@ -15,6 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -330,6 +331,24 @@ TEST_F(FileRegistry, AFolderThatCannotBeMadeLeavesTheRunItsMemory) {
   EXPECT_FALSE(registre.créer(jeu));
   EXPECT_FALSE(registre.écrire(jeu, "joueur", "Ann"));
   EXPECT_EQ(registre.lire(jeu, "joueur"), "Ann");
+}
+
+TEST_F(FileRegistry, WhatHindersKeepingIsLoggedOnceInARow) {
+  écrire_fichier(dossier.fichier("config"), "in the way");
+  RegistreFichier registre = ouvrir();
+  testing::internal::CaptureStderr();
+  registre.créer(jeu);
+  registre.écrire(jeu, "joueur", "Ann");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "ardane : Les réglages ne sont pas gardés dans « " +
+                                                        fichier + " » : son dossier ne peut pas être créé\n");
+  fs::remove(chemin_natif(dossier.fichier("config")));
+  testing::internal::CaptureStderr();
+  EXPECT_TRUE(registre.écrire(jeu, "langue", "1"));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  const DisquePlein plein(16);
+  testing::internal::CaptureStderr();
+  registre.écrire(jeu, "langue", std::string(100, 'x'));
+  EXPECT_THAT(testing::internal::GetCapturedStderr(), EndsWith("le disque est plein ou en panne\n"));
 }
 
 TEST_F(FileRegistry, WhatCouldNotBeKeptGoesAlongLater) {

@@ -162,7 +162,7 @@ void Paramétrage_répertoires::ouvrir(const std::string &dossier) {
 void Paramétrage_répertoires::ouvrir_choix() {
   const Contrôle &liste = contrôle(*this, "Répertoire");
   if (liste.choix == 0) return;
-  const std::string &nom_choisi = liste.éléments.at(static_cast<std::size_t>(liste.choix - 1));
+  const std::string &nom_choisi = élément_choisi(liste);
   const std::string dossier =
       nom_choisi == dossier_parent ? dossier_au_dessus(dossier_) : Joindre_chemin(dossier_, nom_choisi);
   ouvrir(dossier);

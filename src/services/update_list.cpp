@@ -29,6 +29,12 @@ struct Ligne_jeu {
   std::string clé, version, date, titre;
 };
 
+/// A date as the list keeps it.
+std::string date_de_la_liste(std::string_view texte) {
+  const auto date = lire_date(texte);
+  return date ? date_courte(*date) : std::string(date_inconnue);
+}
+
 std::chrono::sys_days jour(std::string_view date) {
   using namespace std::chrono;
   return lire_date(date).value_or(year_month_day{year(1900), month(1), day(1)});
@@ -69,9 +75,8 @@ Ligne_jeu ligne_du_catalogue(const TableChaînes &table, int rang) {
   const std::string &ligne = table.chaîne(id_catalogue + 2 * rang - 1);
   if (ligne.find('#') == std::string::npos)
     return {ligne, table.chaîne(id_catalogue + 2 * rang), std::string(date_inconnue), ""};
-  const auto date = lire_date(Champ_page(ligne, 3));
   return {std::string(Champ_page(ligne, 1)), std::string(Champ_page(ligne, 2)),
-          date ? date_courte(*date) : std::string(date_inconnue), std::string(Champ_page(ligne, 4))};
+          date_de_la_liste(Champ_page(ligne, 3)), std::string(Champ_page(ligne, 4))};
 }
 
 /// The fields of a catalogue row move together.
@@ -266,8 +271,7 @@ std::string Extraire_version(std::string_view texte) {
 }
 
 std::string Extraire_date(std::string_view texte) {
-  const auto date = lire_date(texte.substr(texte.rfind(' ') + 1));
-  return date ? date_courte(*date) : std::string(date_inconnue);
+  return date_de_la_liste(texte.substr(texte.rfind(' ') + 1));
 }
 
 std::string_view Champ_page(std::string_view ligne, int n) {

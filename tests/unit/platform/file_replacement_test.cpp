@@ -76,8 +76,8 @@ TEST_F(FileReplacement, AnAbsentFolderIsTold) {
 TEST_F(FileReplacement, AReadOnlyFolderIsToldAndTheOldFileStays) {
   écrire_fichier(fichier, "ancien");
   fs::permissions(chemin_natif(fichier), fs::perms::all);
-  fs::permissions(chemin_natif(dossier.chemin()),
-                  lecture_seule | fs::perms::owner_exec | fs::perms::others_exec);
+  const auto traversée = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+  fs::permissions(chemin_natif(dossier.chemin()), lecture_seule | traversée);
   const SansPrivilège ordinaire;
   EXPECT_EQ(remplacer("nouveau"), "son dossier refuse un nouveau fichier");
   EXPECT_EQ(lire_fichier(fichier), "ancien");

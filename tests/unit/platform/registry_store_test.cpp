@@ -345,9 +345,9 @@ TEST_F(FileRegistry, WhatHindersKeepingIsLoggedOnceInARow) {
   testing::internal::CaptureStderr();
   EXPECT_TRUE(registre.écrire(jeu, "langue", "1"));
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-  const DisquePlein plein(16);
+  const DisquePlein plein(4096);  // of which the log takes its part
   testing::internal::CaptureStderr();
-  registre.écrire(jeu, "langue", std::string(100, 'x'));
+  registre.écrire(jeu, "langue", std::string(10'000, 'x'));
   EXPECT_THAT(testing::internal::GetCapturedStderr(), EndsWith("le disque est plein ou en panne\n"));
 }
 

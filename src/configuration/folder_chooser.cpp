@@ -10,11 +10,11 @@
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "core/resources.h"
-#include "core/text_encoding.h"
 #include "core/window_placing.h"
 #include "persistence/folders.h"
 #include "persistence/registry.h"
 #include "persistence/score_file.h"
+#include "platform/text.h"
 #include "platform/window_layout.h"
 
 namespace ardane {
@@ -164,7 +164,7 @@ void Paramétrage_répertoires::ouvrir(const std::string &dossier) {
 void Paramétrage_répertoires::ouvrir_choix() {
   const Contrôle &liste = contrôle(*this, "Répertoire");
   if (liste.choix == 0) return;
-  const std::string &nom_choisi = liste.éléments.at(static_cast<std::size_t>(liste.choix - 1));
+  const std::string &nom_choisi = élément_choisi(liste);
   const std::string dossier =
       nom_choisi == dossier_parent ? dossier_au_dessus(dossier_) : Joindre_chemin(dossier_, nom_choisi);
   ouvrir(dossier);

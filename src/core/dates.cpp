@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "core/text_encoding.h"
+#include "platform/text.h"
 
 namespace ardane {
 namespace {

@@ -4,16 +4,10 @@
 #include <charconv>
 
 #include "core/embedded.h"
+#include "platform/text.h"
 
 namespace ardane {
 namespace {
-
-std::string_view couper(std::string_view &reste, char séparateur) {
-  const auto place = std::min(reste.find(séparateur), reste.size());
-  const std::string_view tête = reste.substr(0, place);
-  reste.remove_prefix(std::min(place + 1, reste.size()));
-  return tête;
-}
 
 bool lire_mesure(std::string_view champ, std::int16_t &mesure) {
   const auto lu = std::from_chars(champ.data(), champ.data() + champ.size(), mesure);
@@ -23,6 +17,7 @@ bool lire_mesure(std::string_view champ, std::int16_t &mesure) {
 }  // namespace
 
 CatalogueImages::CatalogueImages(std::string_view source) {
+  fiches_.ajouter({});
   while (!source.empty()) {
     std::string_view ligne = couper(source, '\n');
     Fiche fiche;
@@ -30,23 +25,22 @@ CatalogueImages::CatalogueImages(std::string_view source) {
     fiche.fichier = couper(ligne, '|');
     if (!lire_mesure(couper(ligne, '|'), fiche.largeur) || !lire_mesure(couper(ligne, '|'), fiche.hauteur))
       continue;
-    fiches_.push_back(std::move(fiche));
+    fiches_.ajouter(std::move(fiche));
   }
-  for (std::size_t rang = 1; rang < fiches_.size(); ++rang)
-    par_nom_.push_back(static_cast<std::uint16_t>(rang));
+  for (int rang = 1; rang <= fiches_.dernier(); ++rang) par_nom_.push_back(static_cast<std::uint16_t>(rang));
   std::sort(par_nom_.begin(), par_nom_.end(),
-            [&](std::uint16_t a, std::uint16_t b) { return fiches_[a].nom < fiches_[b].nom; });
+            [&](std::uint16_t a, std::uint16_t b) { return fiches_(a).nom < fiches_(b).nom; });
 }
 
-Image CatalogueImages::image(std::size_t rang) const {
-  return {static_cast<std::uint16_t>(rang), fiches_[rang].largeur, fiches_[rang].hauteur};
+Image CatalogueImages::image(std::uint16_t rang) const {
+  return {rang, fiches_(rang).largeur, fiches_(rang).hauteur};
 }
 
 Image CatalogueImages::chercher(std::string_view nom) const {
   const auto place =
       std::lower_bound(par_nom_.begin(), par_nom_.end(), nom,
-                       [&](std::uint16_t rang, std::string_view n) { return fiches_[rang].nom < n; });
-  return place == par_nom_.end() || fiches_[*place].nom != nom ? Image{} : image(*place);
+                       [&](std::uint16_t rang, std::string_view n) { return fiches_(rang).nom < n; });
+  return place == par_nom_.end() || fiches_(*place).nom != nom ? Image{} : image(*place);
 }
 
 Image CatalogueImages::chercher(std::string_view famille, int i) const {
@@ -55,7 +49,8 @@ Image CatalogueImages::chercher(std::string_view famille, int i) const {
 
 std::vector<Image> CatalogueImages::toutes() const {
   std::vector<Image> images;
-  for (std::size_t rang = 1; rang < fiches_.size(); ++rang) images.push_back(image(rang));
+  for (int rang = 1; rang <= fiches_.dernier(); ++rang)
+    images.push_back(image(static_cast<std::uint16_t>(rang)));
   return images;
 }
 

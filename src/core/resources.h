@@ -1,6 +1,7 @@
 // What is compiled into the program: the string table and the catalogue of pictures.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,7 +15,7 @@ namespace ardane {
 /// The pictures that exist, by name, with their sizes and files.
 class CatalogueImages {
  public:
-  CatalogueImages() = default;
+  CatalogueImages() : CatalogueImages(std::string_view()) {}
   /// Reads "name|file|width|height" lines, UTF-8, sizes in pixels. Lines of another form are passed over.
   explicit CatalogueImages(std::string_view source);
 
@@ -35,10 +36,10 @@ class CatalogueImages {
     std::int16_t largeur = 0;
     std::int16_t hauteur = 0;
   };
-  const Fiche &fiche(Image image) const { return fiches_.at(image.rang); }
-  Image image(std::size_t rang) const;
+  const Fiche &fiche(Image image) const { return fiches_(image.rang); }
+  Image image(std::uint16_t rang) const;
 
-  std::vector<Fiche> fiches_{Fiche{}};  ///< index 0 is no picture
+  TableauDynamique<Fiche, 0> fiches_;   ///< index 0 is no picture
   std::vector<std::uint16_t> par_nom_;  ///< ranks, ascending by name
 };
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "platform/text.h"
+
 namespace ardane {
 namespace {
 
@@ -26,9 +28,7 @@ std::string sans_échappement(std::string_view texte) {
 TableChaînes::TableChaînes(std::string_view source) {
   entrées_.reserve(static_cast<std::size_t>(std::count(source.begin(), source.end(), '\n')) + 1);
   while (!source.empty()) {
-    const auto fin = std::min(source.find('\n'), source.size());
-    std::string_view ligne = source.substr(0, fin);
-    source.remove_prefix(std::min(fin + 1, source.size()));
+    std::string_view ligne = couper(source, '\n');
     if (!ligne.empty() && ligne.back() == '\r') ligne.remove_suffix(1);
     const auto tabulation = ligne.find('\t');
     if (tabulation == std::string_view::npos) continue;

@@ -3,13 +3,15 @@
 
 #include <array>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "platform/fatal_error.h"
 
 namespace ardane {
 
-/// An array with indices Premier..Dernier. An index outside ends the program (ErreurFatale).
+/// An array with indices Premier..Dernier, empty or made from its elements. An index outside ends the program
+/// (ErreurFatale).
 template <class T, int Premier, int Dernier>
 class Table {
   static_assert(Premier <= Dernier);
@@ -17,6 +19,10 @@ class Table {
  public:
   static constexpr int premier = Premier;
   static constexpr int dernier = Dernier;
+  using Eléments = std::array<T, static_cast<std::size_t>(Dernier - Premier + 1)>;
+
+  constexpr Table() = default;
+  constexpr explicit Table(const Eléments &éléments) : éléments_(éléments) {}
 
   T &operator()(long indice, Lieu lieu = Lieu::ici()) { return éléments_[place(indice, lieu)]; }
   const T &operator()(long indice, Lieu lieu = Lieu::ici()) const { return éléments_[place(indice, lieu)]; }
@@ -34,7 +40,7 @@ class Table {
     return static_cast<std::size_t>(indice - Premier);
   }
 
-  std::array<T, static_cast<std::size_t>(Dernier - Premier + 1)> éléments_{};
+  Eléments éléments_{};
 };
 
 /// An array of two indices, both checked.
@@ -70,6 +76,8 @@ class TableauDynamique {
   void redimensionner(int dernier_indice) {
     éléments_.resize(dernier_indice < Premier ? 0 : static_cast<std::size_t>(dernier_indice - Premier + 1));
   }
+  /// Adds an element behind the last.
+  void ajouter(T élément) { éléments_.push_back(std::move(élément)); }
   int dernier() const { return Premier + static_cast<int>(éléments_.size()) - 1; }
 
   T &operator()(long indice, Lieu lieu = Lieu::ici()) { return éléments_[place(indice, lieu)]; }

@@ -1,9 +1,9 @@
 #include "map/map_reset.h"
 
 #include "core/game_state.h"
-#include "core/text_encoding.h"
 #include "map/layers.h"
 #include "map/main_window.h"
+#include "platform/text.h"
 
 namespace ardane {
 namespace {

@@ -6,9 +6,9 @@
 
 #include "core/game_state.h"
 #include "core/paths.h"
-#include "core/text_encoding.h"
 #include "persistence/registry.h"
 #include "persistence/slot_file.h"
+#include "platform/text.h"
 
 namespace ardane {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <vector>
 
-#include "core/text_encoding.h"
+#include "platform/registry_key.h"
+#include "platform/text.h"
 
 namespace ardane {
 namespace {
@@ -17,35 +17,28 @@ constexpr std::array<std::string_view, 6> racines = {"HKEY_CLASSES_ROOT",     ra
                                                      "HKEY_LOCAL_MACHINE",    "HKEY_USERS",
                                                      "HKEY_PERFORMANCE_DATA", "HKEY_CURRENT_CONFIG"};
 
-/// The parts of a path, the first in capitals; none if there are too many.
-std::vector<std::string> découper(std::string_view chemin) {
-  std::vector<std::string> parties;
-  while (!chemin.empty()) {
-    const auto fin = std::min(chemin.find('\\'), chemin.size());
-    if (fin > 0) parties.emplace_back(chemin.substr(0, fin));
-    chemin.remove_prefix(std::min(fin + 1, chemin.size()));
-  }
-  if (parties.size() > parties_au_plus) return {};
-  if (!parties.empty()) parties.front() = en_majuscules(parties.front());
-  return parties;
-}
+struct Chemin {
+  std::string racine;  ///< in capitals
+  std::string clé;     ///< the whole path
+};
 
-std::string recoller(const std::vector<std::string> &parties) {
-  std::string chemin = parties.front();
-  for (std::size_t i = 1; i < parties.size(); ++i) chemin.append("\\").append(parties[i]);
-  return chemin;
+/// The path without its empty parts; nothing if it has none at all, or too many.
+std::optional<Chemin> lire_chemin(std::string_view chemin) {
+  auto parties = parties_de_clé(chemin);
+  if (parties.empty() || parties.size() > parties_au_plus) return std::nullopt;
+  const std::string racine = en_majuscules(parties.front());
+  parties.front() = racine;
+  return Chemin{racine, clé_de(parties)};
 }
 
 }  // namespace
 
 std::optional<std::string> Ouvrir_clé(const Registre &registre, std::string_view chemin) {
-  const std::vector<std::string> parties = découper(chemin);
-  if (parties.empty() || std::find(racines.begin(), racines.end(), parties.front()) == racines.end())
-    return std::nullopt;
-  std::string clé = recoller(parties);
+  const auto lu = lire_chemin(chemin);
+  if (!lu || std::find(racines.begin(), racines.end(), lu->racine) == racines.end()) return std::nullopt;
   // The roots are there before anything has been written.
-  if (parties.size() > 1 && !registre.existe(clé)) return std::nullopt;
-  return clé;
+  if (lu->clé != lu->racine && !registre.existe(lu->clé)) return std::nullopt;
+  return lu->clé;
 }
 
 int Lire_registre(const Registre &registre, std::string_view clé, std::string_view valeur,
@@ -67,10 +60,10 @@ int Ecrire_registre(Registre &registre, std::string_view clé, std::string_view 
 }
 
 int Créer_clé(Registre &registre, std::string_view clé) {
-  const std::vector<std::string> parties = découper(clé);
-  if (parties.empty()) return registre_sans_clé;
-  if (parties.front() != racine_de_l_utilisateur) return registre_sans_valeur;
-  return registre.créer(recoller(parties)) ? registre_lu : registre_sans_clé;
+  const auto lu = lire_chemin(clé);
+  if (!lu) return registre_sans_clé;
+  if (lu->racine != racine_de_l_utilisateur) return registre_sans_valeur;
+  return registre.créer(lu->clé) ? registre_lu : registre_sans_clé;
 }
 
 }  // namespace ardane

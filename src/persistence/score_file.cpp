@@ -1,19 +1,20 @@
 #include "persistence/score_file.h"
 
-#include <array>
 #include <fstream>
+#include <optional>
 
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "persistence/folders.h"
 #include "persistence/registry.h"
 #include "persistence/score_format.h"
+#include "platform/log.h"
 
 namespace ardane {
 namespace {
 
-constexpr std::array<std::int16_t, nombre_jeux> ordre_par_défaut = {étape_provinces, étape_régions,
-                                                                    étape_villes, étape_drapeaux};
+constexpr Table<std::int16_t, 1, nombre_jeux> ordre_par_défaut({étape_provinces, étape_régions, étape_villes,
+                                                                étape_drapeaux});
 
 Contenu_scores contenu_à_écrire(const GameState &g, bool avec_scores) {
   Contenu_scores contenu;
@@ -31,18 +32,30 @@ Contenu_scores contenu_à_écrire(const GameState &g, bool avec_scores) {
   return contenu;
 }
 
-bool écrire_fichier(const std::string &chemin, const Contenu_scores &contenu) {
-  if (fichier_existe(chemin) && !Effacer_fichier(chemin)) return false;
+/// Nothing if the file is written whole, otherwise why not.
+std::optional<std::string> écrire_fichier(const std::string &chemin, const Contenu_scores &contenu) {
+  if (fichier_existe(chemin) && !Effacer_fichier(chemin)) return "l'ancien ne peut pas être effacé";
   std::ofstream flux(chemin_natif(chemin), std::ios::binary | std::ios::trunc);
-  if (!flux || écrire_scores(flux, contenu)) return false;
+  if (!flux) return "il ne peut pas être créé";
+  if (const auto défaut = écrire_scores(flux, contenu)) return décrire_défaut(*défaut);
   flux.close();
-  return !flux.fail();
+  if (flux.fail()) return "le disque est plein ou en panne";
+  return std::nullopt;
 }
 
-/// Version line of a score file; empty if it has none.
-std::string version_du_fichier(const std::string &chemin) {
-  std::ifstream flux(chemin_natif(chemin), std::ios::binary);
-  return Lecteur_de_cases(flux).texte().value_or("");
+/// Nothing if the file was written by this version of the program, otherwise what it says instead.
+std::optional<std::string> défaut_de_version(const GameState &g) {
+  std::ifstream flux(chemin_natif(g.Fichier_lancement), std::ios::binary);
+  if (!flux) return "il ne peut pas être ouvert";
+  Lecteur_de_cases cases(flux);
+  const auto version = cases.texte();
+  if (!version) return décrire_défaut(*cases.défaut());
+  if (*version != g.Version_programme) return "il est de la version « " + *version + " »";
+  return std::nullopt;
+}
+
+void consigner_refus(const GameState &g, const std::string &raison) {
+  consigner("Le fichier de scores « " + g.Fichier_lancement + " » est refusé : " + raison);
 }
 
 void ajouter_scores(GameState &g, const std::vector<Enregistrement_score> &scores) {
@@ -58,8 +71,7 @@ void réparer(Contexte &c) {
   if (!g.Fichier_lancement.empty()) Effacer_fichier(g.Fichier_lancement);
   g.Fichier_lancement = Joindre_chemin(g.Répertoire_sauvegarde, nom_fichier_scores);
   Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_fichier_lancement, g.Fichier_lancement);
-  for (int i = 1; i <= nombre_jeux; ++i)
-    g.Ordre_jeux(i) = ordre_par_défaut.at(static_cast<std::size_t>(i - 1));
+  g.Ordre_jeux = ordre_par_défaut;
   for (int p = 1; p <= nombre_provinces; ++p) g.TableProvinces(p).inhibée = false;
 }
 
@@ -75,15 +87,16 @@ void Vider_scores(Contexte &c) {
 
 bool Ecrire_scores(Contexte &c, bool avec_scores) {
   GameState &g = c.état;
-  const bool écrit = écrire_fichier(g.Fichier_lancement, contenu_à_écrire(g, avec_scores));
-  if (!écrit) {
+  const auto échec = écrire_fichier(g.Fichier_lancement, contenu_à_écrire(g, avec_scores));
+  if (échec) {
+    consigner("Le fichier de scores « " + g.Fichier_lancement + " » n'est pas écrit : " + *échec);
     c.plateforme.boîtes.montrer({Icône::information, message(g, Message::erreur),
                                  message(g, Message::fichier_impossible_à_écrire) + g.Fichier_lancement +
                                      " ! " + g.Fin_de_ligne +
                                      message(g, Message::fichier_peut_être_protégé)});
   }
-  g.Scores_non_sauvés = !écrit;
-  return écrit;
+  g.Scores_non_sauvés = échec.has_value();
+  return !échec;
 }
 
 bool Lire_fichier_scores(Contexte &c) {
@@ -91,7 +104,10 @@ bool Lire_fichier_scores(Contexte &c) {
   std::ifstream flux(chemin_natif(g.Fichier_lancement), std::ios::binary);
   const Lecture_scores lecture = lire_scores(flux);
   ajouter_scores(g, lecture.contenu.scores);
-  if (lecture.défaut) return false;
+  if (lecture.défaut) {
+    consigner_refus(g, décrire_défaut(*lecture.défaut));
+    return false;
+  }
   g.Ordre_jeux = lecture.contenu.ordre;
   for (int p = 1; p <= nombre_provinces; ++p) g.TableProvinces(p).inhibée = lecture.contenu.inhibée(p);
   return true;
@@ -102,7 +118,9 @@ void Charger_scores(Contexte &c) {
   Vider_scores(c);
   if (est_fichier_ordinaire(g.Fichier_lancement)) {
     // A file of any other version is refused, even where its form is the same.
-    if (version_du_fichier(g.Fichier_lancement) == g.Version_programme && Lire_fichier_scores(c)) return;
+    const auto autre_version = défaut_de_version(g);
+    if (autre_version) consigner_refus(g, *autre_version);
+    if (!autre_version && Lire_fichier_scores(c)) return;
     c.plateforme.boîtes.montrer(
         {Icône::exclamation, message(g, Message::erreur_de_format),
          g.Fichier_lancement + " : " + message(g, Message::fichier_non_interprétable)});

@@ -16,7 +16,7 @@ constexpr std::string_view extension_scores = ".SCI";
 void Vider_scores(Contexte &c);
 
 /// Writes the file whole, the old one deleted first; without the scores if `avec_scores` is false. On any
-/// failure a box tells the player, `Scores_non_sauvés` is set and the result is false.
+/// failure a box tells the player, the log says why, `Scores_non_sauvés` is set and the result is false.
 bool Ecrire_scores(Contexte &c, bool avec_scores);
 
 /// Reads the file's configuration, and its scores into the emptied lists. False on any fault: the scores

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/fatal_error.h"
+
 namespace ardane {
 
 std::string_view nom_genre(Genre genre) {
@@ -83,6 +85,12 @@ void saisir(Contrôle &contrôle, std::string texte) {
 void choisir(Contrôle &liste, int choix) {
   liste.choix = choix;
   if (liste.changement) liste.changement();
+}
+
+const std::string &élément_choisi(const Contrôle &liste) {
+  const auto nombre = static_cast<int>(liste.éléments.size());
+  if (liste.choix < 1 || liste.choix > nombre) signaler_indice(liste.choix, 1, nombre, Lieu::ici());
+  return liste.éléments[static_cast<std::size_t>(liste.choix - 1)];
 }
 
 }  // namespace ardane

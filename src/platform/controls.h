@@ -137,5 +137,7 @@ void cliquer(Fenêtre &fenêtre, Contrôle &contrôle);
 void saisir(Contrôle &contrôle, std::string texte);
 /// Selects an item of a list, from 1, with its change event; 0 for none.
 void choisir(Contrôle &liste, int choix);
+/// The selected item of a list. A choice that the list does not have is a fatal error.
+const std::string &élément_choisi(const Contrôle &liste);
 
 }  // namespace ardane

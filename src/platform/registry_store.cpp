@@ -4,73 +4,24 @@
 #include <array>
 #include <cstdlib>
 #include <fstream>
-#include <random>
 #include <system_error>
 
+#include "platform/file_replacement.h"
+#include "platform/log.h"
+#include "platform/registry_key.h"
 #include "platform/registry_lock.h"
+#include "platform/text.h"
 
 namespace ardane {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char séparateur_de_clé = '\\';
 constexpr std::string_view marque_utf8 = "\xEF\xBB\xBF";
-
-/// Lower case of the letters of French, in UTF-8.
-std::string sans_casse(std::string_view texte) {
-  std::string plié(texte);
-  for (std::size_t i = 0; i < plié.size(); ++i) {
-    const auto octet = static_cast<unsigned char>(plié[i]);
-    const auto précédent = static_cast<unsigned char>(i > 0 ? plié[i - 1] : '\0');
-    const bool ascii = octet >= 'A' && octet <= 'Z';
-    const bool latin = précédent == 0xC3 && octet >= 0x80 && octet <= 0x9E && octet != 0x97;
-    if (ascii || latin) plié[i] = static_cast<char>(octet + 0x20);
-    if (précédent == 0xC5 && octet == 0x92) plié[i] = static_cast<char>(0x93);  // the joined oe
-  }
-  return plié;
-}
-
-/// Length of the UTF-8 character that `texte` begins with; 0 if it begins with none.
-std::size_t longueur_du_caractère(std::string_view texte) {
-  const auto octet = [&](std::size_t i) { return static_cast<unsigned char>(texte[i]); };
-  const unsigned char premier = octet(0);
-  if (premier < 0x80) return 1;
-  const std::size_t longueur = premier < 0xC2   ? 0
-                               : premier < 0xE0 ? 2
-                               : premier < 0xF0 ? 3
-                               : premier < 0xF5 ? 4
-                                                : 0;
-  if (longueur == 0 || longueur > texte.size()) return 0;
-  for (std::size_t i = 1; i < longueur; ++i)
-    if ((octet(i) & 0xC0) != 0x80) return 0;
-  // The second byte tells overlong forms, surrogates and what lies beyond the last character.
-  const bool permis = !(premier == 0xE0 && octet(1) < 0xA0) && !(premier == 0xED && octet(1) >= 0xA0) &&
-                      !(premier == 0xF0 && octet(1) < 0x90) && !(premier == 0xF4 && octet(1) >= 0x90);
-  return permis ? longueur : 0;
-}
-
-bool est_utf8(std::string_view texte) {
-  while (!texte.empty()) {
-    const std::size_t longueur = longueur_du_caractère(texte);
-    if (longueur == 0) return false;
-    texte.remove_prefix(longueur);
-  }
-  return true;
-}
 
 /// The key without its empty parts.
 std::string clé_nette(std::string_view clé) {
-  std::string nette;
-  while (!clé.empty()) {
-    const auto fin = std::min(clé.find(séparateur_de_clé), clé.size());
-    if (fin > 0) {
-      if (!nette.empty()) nette.push_back(séparateur_de_clé);
-      nette.append(clé.substr(0, fin));
-    }
-    clé.remove_prefix(std::min(fin + 1, clé.size()));
-  }
-  return nette;
+  return clé_de(parties_de_clé(clé));
 }
 
 bool clé_permise(std::string_view nette) {
@@ -78,7 +29,7 @@ bool clé_permise(std::string_view nette) {
 }
 
 bool même_nom(std::string_view a, std::string_view b) {
-  return sans_casse(a) == sans_casse(b);
+  return en_majuscules(a) == en_majuscules(b);
 }
 
 // --- The text of the file
@@ -164,10 +115,8 @@ class Document {
     if (contenu.substr(0, marque_utf8.size()) == marque_utf8) contenu.remove_prefix(marque_utf8.size());
     std::string clé;
     while (!contenu.empty()) {
-      const auto fin = std::min(contenu.find('\n'), contenu.size());
-      lignes_.push_back(analyser(contenu.substr(0, fin), clé));
+      lignes_.push_back(analyser(couper(contenu, '\n'), clé));
       if (lignes_.back().genre == Ligne::Genre::clé) clé = lignes_.back().clé;
-      contenu.remove_prefix(std::min(fin + 1, contenu.size()));
     }
   }
 
@@ -236,41 +185,12 @@ std::optional<Document> lire_document(const fs::path &fichier) {
   return Document(contenu);
 }
 
-/// True if the file is absent or may be changed in place: a file that its owner protected stays as it is,
-/// though its folder would let it be replaced.
-bool remplaçable(const fs::path &fichier) {
-  std::error_code erreur;
-  return !fs::exists(fichier, erreur) || std::ofstream(fichier, std::ios::binary | std::ios::app).is_open();
-}
-
-/// Puts `contenu` in the place of the file, through a new file that takes its name once it is complete.
-bool remplacer(const fs::path &fichier, std::string_view contenu) {
-  fs::path nouveau = fichier;
-  nouveau += "." + std::to_string(std::random_device{}()) + ".tmp";
-  std::error_code erreur;
-  {
-    std::ofstream flux(nouveau, std::ios::binary | std::ios::trunc);
-    flux.write(contenu.data(), static_cast<std::streamsize>(contenu.size()));
-    flux.close();
-    if (!flux) {
-      fs::remove(nouveau, erreur);
-      return false;
-    }
-  }
-  const fs::file_status ancien = fs::status(fichier, erreur);
-  if (fs::exists(ancien)) fs::permissions(nouveau, ancien.permissions(), erreur);
-  fs::rename(nouveau, fichier, erreur);
-  if (!erreur) return true;
-  std::error_code ignorée;
-  fs::remove(nouveau, ignorée);
-  return false;
-}
-
 /// The file that a chain of links ends at, so that the links stay, whatever the current folder becomes.
 fs::path fichier_réel(const fs::path &fichier) {
   if (fichier.empty()) return fichier;
   std::error_code erreur;
-  const fs::path absolu = fs::absolute(fichier);
+  const fs::path absolu = fs::absolute(fichier, erreur);
+  if (erreur) return fichier;
   const fs::path réel = fs::weakly_canonical(absolu, erreur);
   return erreur ? absolu : réel;
 }
@@ -280,9 +200,9 @@ fs::path fichier_réel(const fs::path &fichier) {
 // --- In memory
 
 std::size_t RegistreMémoire::rang(std::string_view clé) const {
-  const std::string cherchée = sans_casse(clé_nette(clé));
+  const std::string cherchée = en_majuscules(clé_nette(clé));
   const auto trouvée = std::find_if(clés_.begin(), clés_.end(),
-                                    [&](const Clé &c) { return sans_casse(c.chemin) == cherchée; });
+                                    [&](const Clé &c) { return en_majuscules(c.chemin) == cherchée; });
   return static_cast<std::size_t>(trouvée - clés_.begin());
 }
 
@@ -291,19 +211,17 @@ bool RegistreMémoire::existe(std::string_view clé) const {
 }
 
 bool RegistreMémoire::créer(std::string_view clé) {
-  const std::string nette = clé_nette(clé);
-  if (!clé_permise(nette)) return false;
-  std::size_t fin = 0;
-  do {
-    fin = std::min(nette.find(séparateur_de_clé, fin + 1), nette.size());
-    std::string chemin = nette.substr(0, fin);
-    if (existe(chemin)) continue;
+  if (!clé_permise(clé_nette(clé))) return false;
+  std::string chemin;
+  for (const std::string_view partie : parties_de_clé(clé)) {
+    chemin = Joindre_clé(chemin, partie);
+    const std::size_t trouvée = rang(chemin);
     // A key below one that exists takes that one's spelling.
-    const auto coupure = chemin.rfind(séparateur_de_clé);
-    if (coupure != std::string::npos)
-      chemin = clés_[rang(chemin.substr(0, coupure))].chemin + chemin.substr(coupure);
-    clés_.push_back({std::move(chemin), {}});
-  } while (fin < nette.size());
+    if (trouvée < clés_.size())
+      chemin = clés_[trouvée].chemin;
+    else
+      clés_.push_back({chemin, {}});
+  }
   return true;
 }
 
@@ -336,13 +254,13 @@ std::vector<std::string> RegistreMémoire::valeurs(std::string_view clé) const 
 }
 
 std::vector<std::string> RegistreMémoire::sous_clés(std::string_view clé) const {
-  const std::string parente = sans_casse(clé_nette(clé));
+  const std::string parente = en_majuscules(clé_nette(clé));
   std::vector<std::string> noms;
   for (const Clé &c : clés_) {
-    const auto coupure = c.chemin.rfind(séparateur_de_clé);
-    const bool du_sommet = coupure == std::string::npos;
-    if (sans_casse(c.chemin.substr(0, du_sommet ? 0 : coupure)) == parente)
-      noms.push_back(c.chemin.substr(du_sommet ? 0 : coupure + 1));
+    auto parties = parties_de_clé(c.chemin);
+    const std::string_view nom = parties.back();
+    parties.pop_back();
+    if (en_majuscules(clé_de(parties)) == parente) noms.emplace_back(nom);
   }
   return noms;
 }
@@ -367,18 +285,23 @@ bool RegistreFichier::écrire(std::string_view clé, std::string_view nom, std::
 
 bool RegistreFichier::garder(Changement changement) {
   en_attente_.push_back(std::move(changement));
-  return enregistrer();
+  const auto échec = enregistrer();
+  // A start writes a dozen settings; what hinders the first hinders all.
+  if (échec && !échec_dit_)
+    consigner("Les réglages ne sont pas gardés dans « " + fichier_.string() + " » : " + std::string(*échec));
+  échec_dit_ = échec.has_value();
+  return !échec;
 }
 
-bool RegistreFichier::enregistrer() {
-  if (fichier_.empty()) return false;
+std::optional<std::string_view> RegistreFichier::enregistrer() {
+  if (fichier_.empty()) return "aucun dossier ne leur est connu";
   std::error_code erreur;
   fs::create_directories(fichier_.parent_path(), erreur);
-  if (erreur) return false;
+  if (erreur) return "son dossier ne peut pas être créé";
   fs::path verrou = fichier_;
   const VerrouRegistre tenu(verrou += ".verrou");
   auto document = lire_document(fichier_);
-  if (!document) return false;
+  if (!document) return "il ne peut pas être lu";
   const std::string avant = document->contenu();
   for (const Changement &changement : en_attente_) {
     if (changement.nom)
@@ -387,12 +310,11 @@ bool RegistreFichier::enregistrer() {
       document->créer(changement.clé);
   }
   const std::string après = document->contenu();
-  // A start writes a dozen settings: waiting for the disk at each would be felt, and putting a complete file
-  // in the place of the old one leaves one of the two after a crash as it is.
-  if (après != avant && !(remplaçable(fichier_) && remplacer(fichier_, après))) return false;
+  if (après != avant)
+    if (const auto échec = remplacer_fichier(fichier_, après)) return échec;
   en_attente_.clear();
   mémoire_ = document->registre();
-  return true;
+  return std::nullopt;
 }
 
 fs::path fichier_registre_par_défaut() {

@@ -52,8 +52,9 @@ class RegistreMémoire : public Registre {
 /// takes its name. So the file is always whole, before or after the change.
 ///
 /// A file that cannot be read or written, or whose folder cannot be made, makes `créer` and `écrire` return
-/// false; what was to be kept is still there for the rest of the run, and goes along with the next change
-/// that can be kept. A file that exists and cannot be read is never replaced.
+/// false, the first of them in a row with a line in the log; what was to be kept is still there for the rest
+/// of the run, and goes along with the next change that can be kept. A file that exists and cannot be read is
+/// never replaced.
 class RegistreFichier : public Registre {
  public:
   explicit RegistreFichier(const std::filesystem::path &fichier);
@@ -72,11 +73,13 @@ class RegistreFichier : public Registre {
     std::string texte;
   };
   bool garder(Changement changement);
-  bool enregistrer();
+  /// Nothing if what waits is kept now, otherwise why not.
+  std::optional<std::string_view> enregistrer();
 
   std::filesystem::path fichier_;
   RegistreMémoire mémoire_;
   std::vector<Changement> en_attente_;  ///< not kept yet, oldest first
+  bool échec_dit_ = false;
 };
 
 /// Where a player's settings lie: "mirabonde/registre" in $XDG_CONFIG_HOME, or in ~/.config where that is

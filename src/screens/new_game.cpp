@@ -3,11 +3,12 @@
 #include <array>
 
 #include "core/announcement.h"
+#include "core/captions.h"
 #include "core/game_state.h"
-#include "core/text_encoding.h"
 #include "core/window_placing.h"
 #include "map/main_window.h"
 #include "persistence/registry.h"
+#include "platform/text.h"
 #include "platform/window_layout.h"
 
 namespace ardane {
@@ -27,11 +28,6 @@ constexpr std::array places = std::to_array<Place>({
     {"bouton_sortie", Genre::bouton, 56, 264, 66, 31, 6, "OK"},
     {"Bouton_annuler", Genre::bouton, 184, 264, 66, 31, 8},
 });
-
-struct Légende {
-  std::string_view contrôle;
-  Message message;
-};
 
 constexpr std::array légendes = std::to_array<Légende>({
     {"Label1", Message::entrer_votre_nom},
@@ -63,8 +59,7 @@ Nouvelle_partie::Nouvelle_partie(Contexte &c) : Fenêtre("nouvelle_partie"), c_(
   placer_tout(*this, places);
   contrôle(*this, "Label1").police = {Famille_police::times, 12, true};
   contrôle(*this, "Label1").alignement = Alignement::centre;
-  for (const Légende &légende : légendes)
-    contrôle(*this, légende.contrôle).texte = message(g, légende.message);
+  Poser_légendes(g, *this, légendes);
   Centrer_fenêtre(g, *this);
   contrôle(*this, option_du_niveau(g.Niveau)).coché = true;
   contrôle(*this, "boîte_nom_joueur").texte = g.Nom_joueur;

@@ -18,11 +18,12 @@ constexpr std::array places = std::to_array<Place>({
 });
 
 // The rows are irregular by a pixel.
-constexpr std::array<double, nombre_rangs> hauts_des_rangs = {55, 85, 116, 146, 177, 207, 237, 268, 298, 329};
+constexpr Table<double, 1, nombre_rangs> hauts_des_rangs({55, 85, 116, 146, 177, 207, 237, 268, 298, 329});
 
-/// Titles by level, from 1. That of the expert level is a message of its own beside the menu entry's.
-constexpr std::array<Message, plus_haut_niveau> titres = {
-    Message::niveau_facile, Message::niveau_moyen, Message::niveau_difficile, Message::titre_niveau_expert};
+/// Titles by level. That of the expert level is a message of its own beside the menu entry's.
+constexpr Table<Message, niveau_facile, niveau_expert> titres({Message::niveau_facile, Message::niveau_moyen,
+                                                               Message::niveau_difficile,
+                                                               Message::titre_niveau_expert});
 
 void habiller(Contrôle &étiquette, Alignement alignement) {
   étiquette.police = {Famille_police::times, 15.75, true};
@@ -47,10 +48,9 @@ Affichage_scores::Affichage_scores(Contexte &c) : Fenêtre("Affichage_scores") {
   placer_tout(*this, places);
   habiller(contrôle(*this, "Etiquette"), Alignement::centre);
   for (int i = 1; i <= nombre_rangs; ++i) {
-    const double haut_du_rang = hauts_des_rangs[static_cast<std::size_t>(i - 1)];
-    habiller(placer(*this, {indexé("nomjoueur", i), Genre::étiquette, 27, haut_du_rang, 368, 28}),
+    habiller(placer(*this, {indexé("nomjoueur", i), Genre::étiquette, 27, hauts_des_rangs(i), 368, 28}),
              Alignement::gauche);
-    habiller(placer(*this, {indexé("valeurscore", i), Genre::étiquette, 409, haut_du_rang, 89, 28}),
+    habiller(placer(*this, {indexé("valeurscore", i), Genre::étiquette, 409, hauts_des_rangs(i), 89, 28}),
              Alignement::centre);
   }
   Centrer_fenêtre(c.état, *this);
@@ -71,8 +71,7 @@ void Affichage_scores::écrire_titre(Contexte &c) {
     annoncer(c, Message::être_plus_précis, Message::niveau_non_sélectionné);
     g.Niveau_affiché = niveau_facile;
   }
-  contrôle(*this, "Etiquette").texte =
-      message(g, titres.at(static_cast<std::size_t>(g.Niveau_affiché - niveau_facile)));
+  contrôle(*this, "Etiquette").texte = message(g, titres(g.Niveau_affiché));
 }
 
 void Affichage_scores::écrire_liste(const Contexte &c) {

@@ -3,20 +3,15 @@
 #include <array>
 
 #include "core/announcement.h"
+#include "core/captions.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "map/main_window.h"
 #include "map/panel.h"
 #include "persistence/registry.h"
-#include "platform/window_layout.h"
 
 namespace ardane {
 namespace {
-
-struct Légende {
-  std::string_view contrôle;
-  Message message;
-};
 
 constexpr std::array légendes = std::to_array<Légende>({
     {"Menu_langue", Message::langue},
@@ -57,8 +52,7 @@ constexpr std::array légendes = std::to_array<Légende>({
 void Poser_textes(Contexte &c) {
   const GameState &g = c.état;
   c.principale.titre = message(g, Message::titre_du_jeu);
-  for (const Légende &légende : légendes)
-    contrôle(c.principale, légende.contrôle).texte = message(g, légende.message);
+  Poser_légendes(g, c.principale, légendes);
   c.principale.BoutonPasse.infobulle = message(g, Message::je_passe);
   c.principale.menu("MenuSon").texte =
       message(g, g.SonActif ? Message::couper_le_son_au_départ : Message::mettre_le_son_au_départ);

@@ -11,6 +11,8 @@
 #include "core/string_table.h"
 #include "core/text_encoding.h"
 #include "persistence/registry.h"
+#include "platform/registry_key.h"
+#include "platform/text.h"
 
 namespace ardane {
 namespace {
@@ -26,6 +28,12 @@ constexpr std::size_t début_de_version = 8;
 struct Ligne_jeu {
   std::string clé, version, date, titre;
 };
+
+/// A date as the list keeps it.
+std::string date_de_la_liste(std::string_view texte) {
+  const auto date = lire_date(texte);
+  return date ? date_courte(*date) : std::string(date_inconnue);
+}
 
 std::chrono::sys_days jour(std::string_view date) {
   using namespace std::chrono;
@@ -67,9 +75,8 @@ Ligne_jeu ligne_du_catalogue(const TableChaînes &table, int rang) {
   const std::string &ligne = table.chaîne(id_catalogue + 2 * rang - 1);
   if (ligne.find('#') == std::string::npos)
     return {ligne, table.chaîne(id_catalogue + 2 * rang), std::string(date_inconnue), ""};
-  const auto date = lire_date(Champ_page(ligne, 3));
   return {std::string(Champ_page(ligne, 1)), std::string(Champ_page(ligne, 2)),
-          date ? date_courte(*date) : std::string(date_inconnue), std::string(Champ_page(ligne, 4))};
+          date_de_la_liste(Champ_page(ligne, 3)), std::string(Champ_page(ligne, 4))};
 }
 
 /// The fields of a catalogue row move together.
@@ -111,9 +118,7 @@ void fusionner_ligne_de_la_page(GameState &g, const Ligne_jeu &ligne) {
 
 /// The page's text: the site serves UTF-8 or, from its older pages, Windows-1252.
 std::string texte_de_la_page(const std::string &octets) {
-  constexpr char32_t illisible = 0xFFFD;
-  const bool utf8 = points_de_code(octets).find(illisible) == std::u32string::npos;
-  return utf8 ? octets : depuis_windows_1252(octets);
+  return est_utf8(octets) ? octets : depuis_windows_1252(octets);
 }
 
 void fusionner_page(GameState &g, std::string_view page) {
@@ -140,7 +145,7 @@ void fusionner_page(GameState &g, std::string_view page) {
 /// Version line of a game of the family; nothing if it has none.
 std::optional<std::string> ligne_de_version(const Contexte &c, const std::string &nom) {
   std::string texte;
-  const std::string clé = std::string(clé_de_famille).append("\\").append(nom);
+  const std::string clé = Joindre_clé(clé_de_famille, nom);
   if (Lire_registre(c.plateforme.registre, clé, réglage_version, texte) != registre_lu) return std::nullopt;
   return texte;
 }
@@ -266,8 +271,7 @@ std::string Extraire_version(std::string_view texte) {
 }
 
 std::string Extraire_date(std::string_view texte) {
-  const auto date = lire_date(texte.substr(texte.rfind(' ') + 1));
-  return date ? date_courte(*date) : std::string(date_inconnue);
+  return date_de_la_liste(texte.substr(texte.rfind(' ') + 1));
 }
 
 std::string_view Champ_page(std::string_view ligne, int n) {

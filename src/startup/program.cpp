@@ -60,7 +60,9 @@ bool Programme::Démarrage(const std::string &répertoire) {
 }
 
 void Programme::ouvrir_modale(std::string_view nom) {
-  const std::unique_ptr<Fenêtre> fenêtre = fabriques_.at(nom)(contexte_);
+  const auto fabrique = fabriques_.find(nom);
+  if (fabrique == fabriques_.end()) throw ErreurFatale("Fenêtre inconnue : " + std::string(nom), Lieu::ici());
+  const std::unique_ptr<Fenêtre> fenêtre = fabrique->second(contexte_);
   plateforme_.façade.montrer_modale(*fenêtre);
 }
 

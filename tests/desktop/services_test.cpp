@@ -1,4 +1,4 @@
-// The clock, the random source, the screen, sound, help and the command line.
+// The clock, the screen, sound, help and the command line.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -18,19 +18,6 @@
 
 namespace ardane {
 namespace {
-
-TEST(RandomSource, DrawsLieInTheHalfOpenInterval) {
-  RandomSource source;
-  source.semer();
-  double sum = 0;
-  for (int i = 0; i < 100'000; ++i) {
-    const float drawn = source.tirer();
-    ASSERT_GE(drawn, 0.0F);
-    ASSERT_LT(drawn, 1.0F);
-    sum += static_cast<double>(drawn);
-  }
-  EXPECT_NEAR(sum / 100'000, 0.5, 0.01);
-}
 
 TEST(SystemClock, TellsARealDateAndATimeOfDay) {
   const SystemClock clock;

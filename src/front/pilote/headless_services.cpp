@@ -13,10 +13,6 @@ std::tm heure_locale() {
   return *std::localtime(&maintenant);
 }
 
-std::uint32_t germe_de_l_horloge() {
-  return static_cast<std::uint32_t>(std::chrono::system_clock::now().time_since_epoch().count());
-}
-
 }  // namespace
 
 EcranScripté::EcranScripté(const Options &options)
@@ -41,22 +37,11 @@ std::chrono::seconds HorlogeScriptée::heure() const {
   return std::chrono::hours(t.tm_hour) + std::chrono::minutes(t.tm_min) + std::chrono::seconds(t.tm_sec);
 }
 
-HasardScripté::HasardScripté(const Options &options) : germe_(options.hasard) {
-  semer();
-}
-
-void HasardScripté::semer() {
-  source_.seed(germe_ ? *germe_ : germe_de_l_horloge());
-}
-
 float HasardScripté::tirer() {
-  if (!prévus_.empty()) {
-    const float tirage = prévus_.front();
-    prévus_.pop_front();
-    return tirage;
-  }
-  // As many bits as a float keeps, so that 1 is never reached and every machine draws the same.
-  return static_cast<float>(source_() >> 8) * 0x1p-24F;
+  if (prévus_.empty()) return HasardSemé::tirer();
+  const float tirage = prévus_.front();
+  prévus_.pop_front();
+  return tirage;
 }
 
 std::optional<std::string> WebScripté::lire_page(const std::string &page) {

@@ -4,12 +4,12 @@
 
 #include <deque>
 #include <optional>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "front/pilote/journal.h"
 #include "front/pilote/options.h"
+#include "platform/random_source.h"
 #include "platform/services.h"
 
 namespace ardane {
@@ -56,10 +56,9 @@ class HorlogeScriptée : public Horloge {
   std::optional<std::chrono::year_month_day> date_;
 };
 
-class HasardScripté : public Hasard {
+class HasardScripté : public HasardSemé {
  public:
-  explicit HasardScripté(const Options &options);
-  void semer() override;
+  explicit HasardScripté(const Options &options) : HasardSemé(options.hasard) {}
   float tirer() override;
 
   /// A draw to come, in [0, 1), after those that wait already.
@@ -67,8 +66,6 @@ class HasardScripté : public Hasard {
   void oublier() { prévus_.clear(); }
 
  private:
-  std::optional<std::uint32_t> germe_;
-  std::mt19937 source_;
   std::deque<float> prévus_;
 };
 

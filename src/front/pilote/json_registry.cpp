@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/registry_key.h"
+
 namespace ardane {
 namespace {
 
@@ -12,12 +14,7 @@ void ajouter_clé(const Registre &registre, const std::string &clé, Json &json)
     Json &textes = json[clé] = Json::object();
     for (const std::string &nom : valeurs) textes[nom] = registre.lire(clé, nom).value_or("");
   }
-  const std::string début = clé.empty() ? clé : clé + "\\";
-  for (const std::string &nom : sous_clés) {
-    std::string sous_clé = début;
-    sous_clé += nom;
-    ajouter_clé(registre, sous_clé, json);
-  }
+  for (const std::string &nom : sous_clés) ajouter_clé(registre, Joindre_clé(clé, nom), json);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "front/pilote/json_state.h"
 #include "front/pilote/numbers.h"
 #include "front/pilote/refusal.h"
+#include "platform/text.h"
 
 namespace ardane {
 namespace {
@@ -48,11 +49,7 @@ void battre(Session &s, const Arguments &a) {
 void prévoir_tirages(Session &s, const Arguments &a) {
   std::vector<float> tirages;
   std::string_view reste = a[0];
-  while (!reste.empty()) {
-    const auto fin = std::min(reste.find(' '), reste.size());
-    tirages.push_back(lire_tirage(reste.substr(0, fin)));
-    reste.remove_prefix(std::min(fin + 1, reste.size()));
-  }
+  while (!reste.empty()) tirages.push_back(lire_tirage(couper(reste, ' ')));
   if (tirages.empty()) s.monde.hasard.oublier();
   for (const float tirage : tirages) s.monde.hasard.prévoir(tirage);
 }

@@ -15,6 +15,7 @@
 #include "front/qt/picture_store.h"
 #include "front/qt/renderer.h"
 #include "front/qt/screen.h"
+#include "platform/random_source.h"
 #include "platform/registry_store.h"
 #include "startup/program.h"
 
@@ -61,7 +62,7 @@ class Desktop : public QObject {
   BoxesQt boxes_;
   SoundOnDemand sound_;
   SystemClock clock_;
-  RandomSource random_;
+  HasardSemé random_;
   WebOnDemand web_;
   HelpQt help_;
   Programme programme_;

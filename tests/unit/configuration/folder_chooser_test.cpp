@@ -293,5 +293,17 @@ TEST_F(FolderChooser, WhereTheCurrentFolderIsGoneItOpensOnTheRoot) {
   EXPECT_EQ(k("Nom_fichier").texte, "/");
 }
 
+TEST_F(FolderChooser, AChoiceThatTheListDoesNotHaveIsAFatalErrorToldInFrench) {
+  Contrôle &liste = k("Répertoire");
+  const auto nombre = static_cast<int>(liste.éléments.size());
+  liste.choix = nombre + 1;
+  try {
+    liste.double_clic();
+    FAIL() << "there is no such item";
+  } catch (const ErreurFatale &erreur) {
+    EXPECT_THAT(erreur.what(), testing::StartsWith("Indice " + std::to_string(nombre + 1)));
+  }
+}
+
 }  // namespace
 }  // namespace ardane

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace ardane {
@@ -18,77 +19,73 @@ std::vector<std::string> noms_des_champs(Fiche &fiche) {
   return noms;
 }
 
+/// Stands for a value of any type.
+struct Quelconque {
+  template <class T>
+  operator T() const;
+};
+
+template <class Fiche, std::size_t... I>
+constexpr bool se_remplit_de(std::index_sequence<I...>) {
+  return requires {
+    Fiche{(static_cast<void>(I), Quelconque{})...};
+  };
+}
+
+/// Number of the members of a plain structure: as many values as can stand between its braces, and no more.
+template <class Fiche, std::size_t nombre = 0>
+constexpr std::size_t nombre_de_membres() {
+  static_assert(std::is_aggregate_v<Fiche>);
+  if constexpr (se_remplit_de<Fiche>(std::make_index_sequence<nombre + 1>{}))
+    return nombre_de_membres<Fiche, nombre + 1>();
+  else
+    return nombre;
+}
+
+/// As many names as members, each for a member of its own, in the order of the record: so none is left out.
 template <class Fiche>
-void attendre_des_champs_distincts(Fiche &fiche) {
+void attendre_tous_les_champs(std::size_t membres_sans_nom = 0) {
+  const auto fiche = std::make_unique<Fiche>();
   std::set<std::string> noms;
-  std::set<const void *> adresses;
-  décrire(fiche, [&](const char *nom, auto &variable) {
+  const char *fin = reinterpret_cast<const char *>(fiche.get());
+  décrire(*fiche, [&](const char *nom, auto &variable) {
     EXPECT_TRUE(noms.insert(nom).second) << nom << " stands twice";
-    EXPECT_TRUE(adresses.insert(&variable).second) << nom << " names the variable of another";
-  });
-}
-
-TEST(StateFields, EveryNameOfTheStateStandsForAVariableOfItsOwn) {
-  const auto g = std::make_unique<GameState>();
-  attendre_des_champs_distincts(*g);
-}
-
-TEST(StateFields, EveryNameOfARecordStandsForAFieldOfItsOwn) {
-  Fiche_province province;
-  Fiche_région région;
-  Fiche_ville ville;
-  Segment_carte segment;
-  Meilleur_score score;
-  Fiche_mode mode;
-  Fiche_jeu jeu;
-  Rect rect;
-  attendre_des_champs_distincts(province);
-  attendre_des_champs_distincts(région);
-  attendre_des_champs_distincts(ville);
-  attendre_des_champs_distincts(segment);
-  attendre_des_champs_distincts(score);
-  attendre_des_champs_distincts(mode);
-  attendre_des_champs_distincts(jeu);
-  attendre_des_champs_distincts(rect);
-}
-
-/// The fields follow each other without a gap up to `fin_des_champs`, the end of the record if none is given.
-template <class Fiche>
-void attendre_tous_les_champs(Fiche &fiche, const char *nom_fiche, const void *fin_des_champs = nullptr) {
-  const char *fin = reinterpret_cast<const char *>(&fiche);
-  décrire(fiche, [&](const char *nom, auto &variable) {
     const char *début = reinterpret_cast<const char *>(&variable);
-    // Between two neighbours there is room for nothing but the alignment of the second.
-    EXPECT_GE(début, fin) << nom_fiche << "." << nom << " stands out of the order of the record";
-    EXPECT_LT(début - fin, static_cast<std::ptrdiff_t>(alignof(std::remove_reference_t<decltype(variable)>)))
-        << "a field is left out before " << nom_fiche << "." << nom;
+    EXPECT_GE(début, fin) << nom << " stands out of the order of the record";
     fin = début + sizeof variable;
   });
-  const char *fin_fiche = fin_des_champs == nullptr ? reinterpret_cast<const char *>(&fiche) + sizeof fiche
-                                                    : static_cast<const char *>(fin_des_champs);
-  EXPECT_LT(fin_fiche - fin, static_cast<std::ptrdiff_t>(alignof(Fiche))) << "a field is left out at the end";
+  EXPECT_LE(fin, reinterpret_cast<const char *>(fiche.get()) + sizeof(Fiche));
+  EXPECT_EQ(noms.size() + membres_sans_nom, nombre_de_membres<Fiche>()) << "a member has no name";
 }
 
-TEST(StateFields, NoVariableOfTheStateIsLeftOut) {
-  const auto g = std::make_unique<GameState>();
-  attendre_tous_les_champs(*g, "GameState", &g->VillesParProvince);
+TEST(StateFields, EveryVariableOfTheStateHasItsName) {
+  constexpr std::size_t ce_qui_se_calcule = 1;  // VillesParProvince
+  attendre_tous_les_champs<GameState>(ce_qui_se_calcule);
 }
 
-TEST(StateFields, NoFieldOfARecordIsLeftOut) {
-  Fiche_province province;
-  Fiche_région région;
-  Fiche_ville ville;
-  Segment_carte segment;
-  Meilleur_score score;
-  Fiche_mode mode;
-  Fiche_jeu jeu;
-  attendre_tous_les_champs(province, "Fiche_province");
-  attendre_tous_les_champs(région, "Fiche_région");
-  attendre_tous_les_champs(ville, "Fiche_ville");
-  attendre_tous_les_champs(segment, "Segment_carte");
-  attendre_tous_les_champs(score, "Meilleur_score");
-  attendre_tous_les_champs(mode, "Fiche_mode");
-  attendre_tous_les_champs(jeu, "Fiche_jeu");
+TEST(StateFields, EveryFieldOfARecordHasItsName) {
+  attendre_tous_les_champs<Fiche_province>();
+  attendre_tous_les_champs<Fiche_région>();
+  attendre_tous_les_champs<Fiche_ville>();
+  attendre_tous_les_champs<Segment_carte>();
+  attendre_tous_les_champs<Meilleur_score>();
+  attendre_tous_les_champs<Fiche_mode>();
+  attendre_tous_les_champs<Fiche_jeu>();
+  attendre_tous_les_champs<Rect>();
+}
+
+TEST(StateFields, MembersAreCountedWhateverTheyAre) {
+  struct Rien {};
+  struct Mêlée {
+    bool a = false;
+    std::string b;
+    Rect c;
+    TableauDynamique<Rect, 0> d;
+    Table<bool, 1, 3> e;
+    double f = 0, g = 0;
+  };
+  EXPECT_EQ(nombre_de_membres<Rien>(), 0U);
+  EXPECT_EQ(nombre_de_membres<Mêlée>(), 7U);
 }
 
 TEST(StateFields, AVariableCanBeSetByItsName) {

@@ -1,5 +1,6 @@
 #include "core/resources.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <set>
@@ -22,6 +23,24 @@ TEST(PictureCatalogue, APictureIsFoundByItsNameWithItsSizeAndFile) {
   EXPECT_EQ(image.hauteur, 20);
   EXPECT_EQ(catalogue.nom(image), "rondjaune");
   EXPECT_EQ(catalogue.fichier(image), "marks/jaune.gif");
+}
+
+TEST(PictureCatalogue, ARankBeyondTheCatalogueIsAFatalErrorToldInFrench) {
+  const CatalogueImages catalogue(catalogue_court);
+  Image étrangère;
+  étrangère.rang = 4;
+  EXPECT_THROW(catalogue.nom(étrangère), ErreurFatale);
+  try {
+    catalogue.fichier(étrangère);
+    FAIL() << "there is no fourth picture";
+  } catch (const ErreurFatale &erreur) {
+    EXPECT_THAT(erreur.what(), testing::StartsWith("Indice 4 hors des bornes 0 à 3"));
+  }
+}
+
+TEST(PictureCatalogue, NoPictureHasNeitherNameNorFile) {
+  EXPECT_EQ(CatalogueImages().nom(Image{}), "");
+  EXPECT_EQ(CatalogueImages(catalogue_court).fichier(Image{}), "");
 }
 
 TEST(PictureCatalogue, APictureOfAFamilyIsFoundByItsIndex) {

@@ -23,6 +23,12 @@ TEST(CheckedArray, StartsEmpty) {
   }
 }
 
+TEST(CheckedArray, CanBeMadeFromItsElements) {
+  constexpr Table<int, 2, 4> table({20, 30, 40});
+  EXPECT_EQ(table(2), 20);
+  EXPECT_EQ(table(4), 40);
+}
+
 TEST(CheckedArray, AnIndexBeyondEitherEndIsAFatalError) {
   Table<int, 1, 3> table;
   const auto &constante = table;
@@ -87,6 +93,15 @@ TEST(GrowingArray, GrowingKeepsWhatItHolds) {
   tableau.redimensionner(36);
   EXPECT_EQ(tableau(1), 5);
   EXPECT_EQ(tableau(36), 0);
+}
+
+TEST(GrowingArray, AnElementIsAddedBehindTheLast) {
+  TableauDynamique<int, 1> tableau;
+  tableau.ajouter(5);
+  tableau.ajouter(6);
+  EXPECT_EQ(tableau.dernier(), 2);
+  EXPECT_EQ(tableau(1), 5);
+  EXPECT_EQ(tableau(2), 6);
 }
 
 TEST(GrowingArray, AnUpperBoundBelowTheLowerLeavesNoElement) {

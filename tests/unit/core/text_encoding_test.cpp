@@ -49,35 +49,6 @@ TEST(TextEncoding, TheEmptyTextStaysEmpty) {
   EXPECT_EQ(vers_windows_1252(""), "");
   EXPECT_EQ(vers_windows_1252_au_mieux(""), "");
   EXPECT_EQ(depuis_windows_1252(""), "");
-  EXPECT_EQ(premiers_caractères("", 5), "");
-  EXPECT_EQ(nombre_de_caractères(""), 0U);
-}
-
-TEST(TextEncoding, CharactersAreCountedAndNotBytes) {
-  EXPECT_EQ(nombre_de_caractères("Hélène"), 6U);
-  EXPECT_EQ(nombre_de_caractères("日本😀"), 3U);
-  EXPECT_EQ(points_de_code("é€😀"), U"é€😀");
-}
-
-TEST(TextEncoding, CuttingNeverSplitsACharacter) {
-  EXPECT_EQ(premiers_caractères("Hélène", 2), "Hé");
-  EXPECT_EQ(premiers_caractères("😀😀😀", 2), "😀😀");
-  EXPECT_EQ(premiers_caractères("Ann", 20), "Ann");
-  EXPECT_EQ(premiers_caractères("Ann", 0), "");
-}
-
-TEST(TextEncoding, BlanksGoFromBothEndsAndStayInside) {
-  EXPECT_EQ(sans_blancs("  deux mots "), "deux mots");
-  EXPECT_EQ(sans_blancs("   "), "");
-  EXPECT_EQ(sans_blancs(""), "");
-}
-
-TEST(TextEncoding, UpperCaseKnowsEveryLetterOfWindows1252) {
-  EXPECT_EQ(en_majuscules("abz Éàçœšžÿ ÷×ß 12"), "ABZ ÉÀÇŒŠŽŸ ÷×ß 12");
-}
-
-TEST(TextEncoding, UpperCaseLeavesOtherLettersAlone) {
-  EXPECT_EQ(en_majuscules("łω日"), "łω日");
 }
 
 }  // namespace

@@ -14,9 +14,12 @@ namespace ardane {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing::StartsWith;
 
 class ScoreFile : public testing::Test {
  protected:
@@ -34,6 +37,13 @@ class ScoreFile : public testing::Test {
   }
   void poser() { écrire_fichier(fichier, octets.octets()); }
   void charger() { Charger_scores(m.c()); }
+  /// What loading the file writes to the error stream.
+  std::string journal_de_lecture() {
+    g().Fichier_lancement = fichier;
+    testing::internal::CaptureStderr();
+    charger();
+    return testing::internal::GetCapturedStderr();
+  }
   /// A configuration and scores that no default has.
   void remplir() {
     g().Ordre_jeux(1) = 3;
@@ -352,6 +362,59 @@ TEST_F(ScoreFile, TheScoresAboveAFaultStayOnTheScreenAndGoToTheDefaultFile) {
   EXPECT_EQ(g().Meilleurs_scores(2, 1).score, 4);
   EXPECT_TRUE(Ecrire_scores(m.c(), true));
   EXPECT_EQ(fs::file_size(chemin_natif(m.dossier.fichier("ARDANE.SCI"))), 119U * 128U);
+}
+
+TEST_F(ScoreFile, TheLogSaysWhatIsWrongInWhichSlot) {
+  octets.changer(case_nombre, 5);
+  poser();
+  EXPECT_EQ(journal_de_lecture(),
+            "ardane : Le fichier de scores « " + fichier + " » est refusé : case 2 : valeur refusée\n");
+  octets.changer(case_nombre, 4);
+  octets.score(121, "", 5, 1);
+  poser();
+  EXPECT_THAT(journal_de_lecture(), EndsWith("case 118 : texte trop long\n"));
+  écrire_fichier(fichier, "");
+  EXPECT_THAT(journal_de_lecture(), EndsWith("case 1 : fin du fichier\n"));
+}
+
+TEST_F(ScoreFile, TheLogSaysTheVersionOfAFileOfAnother) {
+  octets.cases.front() = premier_texte("Version 0.99\n");
+  poser();
+  EXPECT_THAT(journal_de_lecture(), EndsWith("est refusé : il est de la version « Version 0.99? »\n"));
+}
+
+TEST_F(ScoreFile, TheLogSaysThatAFileCannotBeOpened) {
+  poser();
+  fs::permissions(chemin_natif(m.dossier.chemin()), fs::perms::all);
+  fs::permissions(chemin_natif(fichier), fs::perms::none);
+  const SansPrivilège ordinaire;
+  EXPECT_THAT(journal_de_lecture(), EndsWith("est refusé : il ne peut pas être ouvert\n"));
+}
+
+TEST_F(ScoreFile, AFileThatCanBeReadIsNotLogged) {
+  octets.score("Ann", 5, 1);
+  écrire_fichier(fichier, octets.octets().substr(0, 117 * 128 + 5));
+  EXPECT_EQ(journal_de_lecture(), "");
+}
+
+TEST_F(ScoreFile, TheLogSaysWhyAFileIsNotWritten) {
+  const auto journal_d_écriture = [&] {
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(Ecrire_scores(m.c(), true));
+    return testing::internal::GetCapturedStderr();
+  };
+  {
+    const DisquePlein plein(4096);  // of which the log takes its part
+    EXPECT_THAT(journal_d_écriture(),
+                AllOf(StartsWith("ardane : Le fichier de scores « " + fichier + " » n'est pas écrit : case "),
+                      EndsWith(" : écriture impossible\n")));
+  }
+  g().Version_programme = std::string(127, 'V');
+  EXPECT_THAT(journal_d_écriture(), EndsWith("case 1 : texte trop long\n"));
+  g().Fichier_lancement = m.dossier.fichier("absent/ARDANE.SCI");
+  EXPECT_THAT(journal_d_écriture(), EndsWith("il ne peut pas être créé\n"));
+  g().Fichier_lancement = m.dossier.chemin();
+  EXPECT_THAT(journal_d_écriture(), EndsWith("il ne peut pas être créé\n"));
 }
 
 TEST_F(ScoreFile, AnEleventhScoreOfALevelIsRefused) {

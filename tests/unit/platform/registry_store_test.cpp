@@ -15,6 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -40,6 +41,8 @@ TEST(MemoryRegistry, NamesAreComparedWithoutRegardToCase) {
   EXPECT_EQ(registre.lire(jeu, "œ"), std::nullopt);
   registre.écrire(jeu, "Œ", "b");
   EXPECT_EQ(registre.lire(jeu, "œ"), "b");
+  registre.écrire(jeu, "Ÿ Š", "c");
+  EXPECT_EQ(registre.lire(jeu, "ÿ š"), "c");
 }
 
 TEST(MemoryRegistry, NamesAreKeptAsFirstWritten) {
@@ -328,6 +331,24 @@ TEST_F(FileRegistry, AFolderThatCannotBeMadeLeavesTheRunItsMemory) {
   EXPECT_FALSE(registre.créer(jeu));
   EXPECT_FALSE(registre.écrire(jeu, "joueur", "Ann"));
   EXPECT_EQ(registre.lire(jeu, "joueur"), "Ann");
+}
+
+TEST_F(FileRegistry, WhatHindersKeepingIsLoggedOnceInARow) {
+  écrire_fichier(dossier.fichier("config"), "in the way");
+  RegistreFichier registre = ouvrir();
+  testing::internal::CaptureStderr();
+  registre.créer(jeu);
+  registre.écrire(jeu, "joueur", "Ann");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "ardane : Les réglages ne sont pas gardés dans « " +
+                                                        fichier + " » : son dossier ne peut pas être créé\n");
+  fs::remove(chemin_natif(dossier.fichier("config")));
+  testing::internal::CaptureStderr();
+  EXPECT_TRUE(registre.écrire(jeu, "langue", "1"));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  const DisquePlein plein(4096);  // of which the log takes its part
+  testing::internal::CaptureStderr();
+  registre.écrire(jeu, "langue", std::string(10'000, 'x'));
+  EXPECT_THAT(testing::internal::GetCapturedStderr(), EndsWith("le disque est plein ou en panne\n"));
 }
 
 TEST_F(FileRegistry, WhatCouldNotBeKeptGoesAlongLater) {

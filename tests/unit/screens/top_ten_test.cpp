@@ -1,5 +1,6 @@
 #include "screens/top_ten.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/window_layout.h"
@@ -70,6 +71,18 @@ TEST_F(TopTenWindow, WithNoLevelChosenItSaysSoAndShowsFacile) {
   EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::niveau_non_sélectionné));
   EXPECT_EQ(m.dernière_boîte().titre, message(m.g(), Message::être_plus_précis));
   EXPECT_EQ(m.g().Niveau_affiché, 1);
+}
+
+TEST_F(TopTenWindow, ALevelThatDoesNotExistIsAFatalErrorToldInFrench) {
+  for (const int niveau : {-1, 5}) {
+    try {
+      AfficherScores(m.c(), niveau);
+      FAIL() << "level " << niveau << " was shown";
+    } catch (const ErreurFatale &erreur) {
+      EXPECT_THAT(erreur.what(),
+                  testing::StartsWith("Indice " + std::to_string(niveau) + " hors des bornes 1 à 4"));
+    }
+  }
 }
 
 TEST_F(TopTenWindow, TheCurrentLevelIsThatOfTheGame) {

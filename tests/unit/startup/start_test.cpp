@@ -246,6 +246,17 @@ TEST_F(Start, NoMenuEntryIsADeadEnd) {
   EXPECT_TRUE(m.e().menu("fichier_nouveau").actif);
 }
 
+TEST_F(Start, AWindowThatDoesNotExistIsAFatalErrorToldInFrench) {
+  m.démarrer();
+  EXPECT_FALSE(m.c().plateforme.fenêtres.existe("zut"));
+  try {
+    m.c().plateforme.fenêtres.ouvrir_modale("zut");
+    FAIL() << "there is no such window";
+  } catch (const ErreurFatale &erreur) {
+    EXPECT_THAT(erreur.what(), testing::StartsWith("Fenêtre inconnue : zut"));
+  }
+}
+
 TEST_F(Start, TwoRunsLiveInOneProcessWithoutKnowingOfEachOther) {
   m.démarrer();
   RegistreMémoire registre;

@@ -170,37 +170,42 @@ void montrer_sélection(Contexte &c, int i, bool hors_sélection) {
 
 // --- Dots of towns
 
-using Condition_repère = bool (*)(const GameState &, const Fiche_ville &);
+/// A town with the province that it lies in.
+struct Ville {
+  const Fiche_ville &fiche;
+  const Fiche_province &province;
+};
 
-bool oui(const GameState &, const Fiche_ville &) {
+using Condition_repère = bool (*)(const GameState &, const Ville &);
+
+bool oui(const GameState &, const Ville &) {
   return true;
 }
 
-bool non(const GameState &, const Fiche_ville &) {
+bool non(const GameState &, const Ville &) {
   return false;
 }
 
 /// Not on a map of its own beside the country's.
-bool sur_la_carte(const GameState &g, const Fiche_ville &ville) {
-  return g.TableProvinces(ville.province).encart == 0;
+bool sur_la_carte(const GameState &, const Ville &ville) {
+  return ville.province.encart == 0;
 }
 
-bool à_placer(const GameState &g, const Fiche_ville &ville) {
-  return sur_la_carte(g, ville) && !ville.trouvée && !écartée(g, ville.province);
+bool à_placer(const GameState &g, const Ville &ville) {
+  return sur_la_carte(g, ville) && !ville.fiche.trouvée && !ville.province.inhibée;
 }
 
 /// The player is learning and has found its province.
-bool apprise(const GameState &g, const Fiche_ville &ville) {
-  return g.ModeApprentissage && trouvée(g, ville.province);
+bool apprise(const GameState &g, const Ville &ville) {
+  return g.ModeApprentissage && ville.province.trouvée;
 }
 
-bool apprise_sur_la_carte(const GameState &g, const Fiche_ville &ville) {
+bool apprise_sur_la_carte(const GameState &g, const Ville &ville) {
   return apprise(g, ville) && sur_la_carte(g, ville);
 }
 
-bool région_apprise_sur_la_carte(const GameState &g, const Fiche_ville &ville) {
-  const Fiche_province &province = g.TableProvinces(ville.province);
-  return g.ModeApprentissage && g.TableRégions(province.région).trouvée && sur_la_carte(g, ville);
+bool région_apprise_sur_la_carte(const GameState &g, const Ville &ville) {
+  return g.ModeApprentissage && g.TableRégions(ville.province.région).trouvée && sur_la_carte(g, ville);
 }
 
 struct Règle_repère {
@@ -240,14 +245,14 @@ constexpr std::array règles_autres_villes = std::to_array<Règle_repère>({
 constexpr Grille<Règle_repère> grille_capitales(règles_capitales);
 constexpr Grille<Règle_repère> grille_autres_villes(règles_autres_villes);
 
-void appliquer(const Règle_repère &règle, const GameState &g, const Fiche_ville &ville, Contrôle &point) {
+void appliquer(const Règle_repère &règle, const GameState &g, const Ville &ville, Contrôle &point) {
   if (règle.visible != inchangé) {
     point.visible = règle.visible(g, ville);
     if (!règle.actif_inchangé) point.actif = point.visible;
   }
   if (règle.nommé == inchangé) return;
   if (règle.nommé(g, ville))
-    point.infobulle = ville.nom;
+    point.infobulle = ville.fiche.nom;
   else
     point.infobulle.clear();
 }
@@ -292,10 +297,11 @@ void Montrer_région(Contexte &c, int r) {
 
 void Montrer_repère(Contexte &c, int v) {
   const GameState &g = c.état;
-  const Fiche_ville &ville = g.TableVilles(v);
-  const Règle_repère *règle = (ville.capitale ? grille_capitales : grille_autres_villes)(g);
+  const Fiche_ville &fiche = g.TableVilles(v);
+  const Règle_repère *règle = (fiche.capitale ? grille_capitales : grille_autres_villes)(g);
   if (règle == nullptr) return;
-  appliquer(*règle, g, ville, ville.capitale ? c.principale.RondPref(v) : c.principale.RondVille(v));
+  Contrôle &point = fiche.capitale ? c.principale.RondPref(v) : c.principale.RondVille(v);
+  appliquer(*règle, g, {fiche, g.TableProvinces(fiche.province)}, point);
 }
 
 }  // namespace ardane

@@ -50,7 +50,7 @@ class EssaiDeSession : public ::testing::Test, private Attente {
   Journal journal{sortie};
   Options options;
   MondeScripté monde{options, journal, *this};
-  Programme programme{monde.monde(), ressources_du_programme()};
+  Programme programme{monde.monde(), ressources_du_programme(), options.dossier};
   Session session{journal, monde, programme, ressources_du_programme().images, ""};
   Fenêtre fenêtre{"essai"};
   std::vector<std::string> gestes;

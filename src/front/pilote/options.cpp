@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <string_view>
-#include <system_error>
 
+#include "core/current_folder.h"
 #include "core/paths.h"
 #include "front/pilote/numbers.h"
 #include "front/pilote/program_folder.h"
@@ -92,10 +91,6 @@ constexpr std::array lectures = std::to_array<Lecture>({
     {"--hasard", lire_hasard},
 });
 
-std::string absolu(const std::string &chemin) {
-  return texte_du_chemin(std::filesystem::absolute(chemin_natif(chemin)).lexically_normal());
-}
-
 }  // namespace
 
 Options lire_options(const std::vector<std::string> &arguments) {
@@ -113,13 +108,12 @@ Options lire_options(const std::vector<std::string> &arguments) {
 
 void établir_dossiers(Options &options, const std::string &argument_zéro) {
   options.programme =
-      options.programme.empty() ? dossier_de_l_exécutable(argument_zéro) : absolu(options.programme);
-  if (!options.registre.empty()) options.registre = absolu(options.registre);
-  if (options.dossier.empty()) return;
-  std::error_code erreur;
-  std::filesystem::current_path(chemin_natif(options.dossier), erreur);
-  if (erreur)
+      options.programme.empty() ? dossier_de_l_exécutable(argument_zéro) : chemin_absolu(options.programme);
+  if (!options.registre.empty()) options.registre = chemin_absolu(options.registre);
+  Dossier_courant courant(dossier_du_processus());
+  if (!options.dossier.empty() && !courant.changer(options.dossier))
     throw OptionRefusée("Le dossier « " + options.dossier + " » ne peut pas être le dossier courant.");
+  options.dossier = courant.chemin();
 }
 
 }  // namespace ardane

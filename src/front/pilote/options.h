@@ -33,7 +33,7 @@ class OptionRefusée : public std::runtime_error {
 /// OptionRefusée.
 Options lire_options(const std::vector<std::string> &arguments);
 
-/// Makes the paths absolute, the program's folder known, and `dossier` the current folder of the process.
+/// Makes the paths absolute, and the program's folder and the current one known where no option names them.
 /// `argument_zéro` is the name that the program was started by. Throws OptionRefusée.
 void établir_dossiers(Options &options, const std::string &argument_zéro);
 

@@ -12,7 +12,7 @@ Pilote::Pilote(std::istream &entrée, std::ostream &sortie, const Options &optio
     : entrée_(entrée),
       journal_(sortie),
       monde_(options, journal_, *this),
-      programme_(monde_.monde(), ressources_du_programme()),
+      programme_(monde_.monde(), ressources_du_programme(), options.dossier),
       session_{journal_, monde_, programme_, ressources_du_programme().images, options.programme} {}
 
 int Pilote::exécuter() {

@@ -20,7 +20,8 @@ namespace ardane {
 
 class Pilote : private Attente {
  public:
-  /// `options.programme` is the program's folder. The streams must outlive the pilot.
+  /// `options.programme` is the program's folder, `options.dossier` the current one, empty for none. The
+  /// streams must outlive the pilot.
   Pilote(std::istream &entrée, std::ostream &sortie, const Options &options);
 
   /// Runs until the program has ended, `quitter` or the end of the input. Returns the exit code: 1 after a

@@ -21,9 +21,10 @@ float lire_tirage(std::string_view texte) {
   return std::min(static_cast<float>(*réel), std::nextafter(1.0F, 0.0F));
 }
 
-std::string lire_octets(const std::string &chemin) {
+std::string lire_octets(const Session &s, const std::string &nom) {
+  const std::string chemin = s.programme.contexte().dossier.complet(nom);
   std::ifstream fichier(chemin_natif(chemin), std::ios::binary);
-  if (!fichier_existe(chemin) || !fichier) throw Refus("Le fichier « " + chemin + " » ne peut pas être lu");
+  if (!fichier_existe(chemin) || !fichier) throw Refus("Le fichier « " + nom + " » ne peut pas être lu");
   return {std::istreambuf_iterator<char>(fichier), {}};
 }
 
@@ -58,7 +59,7 @@ void prévoir_page(Session &s, const Arguments &a) {
   if (a[0] == "!")
     s.monde.web.prévoir(std::nullopt);
   else
-    s.monde.web.prévoir(lire_octets(a[0]));
+    s.monde.web.prévoir(lire_octets(s, a[0]));
 }
 
 void écrire_registre(Session &s, const Arguments &a) {

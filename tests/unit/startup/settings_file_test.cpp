@@ -22,7 +22,7 @@ class StartWithASettingsFile : public testing::Test {
     m.boîtes.montrées.clear();
     RegistreFichier registre(chemin_natif(fichier));
     Programme programme({m.boîtes, registre, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, m.façade},
-                        ressources_du_programme());
+                        ressources_du_programme(), m.dossier.chemin());
     const bool démarré = programme.Démarrage(m.dossier.chemin());
     joueur = programme.état().Nom_joueur;
     return démarré;

@@ -26,17 +26,10 @@ DossierTemporaire::~DossierTemporaire() {
 }
 
 MondeFactice::MondeFactice()
-    : dossier_précédent(std::filesystem::current_path()),
-      programme({boîtes, registre, écran, son, horloge, hasard, web, aide, façade},
-                ressources_du_programme()) {
-  std::filesystem::current_path(chemin_natif(dossier.chemin()));
+    : programme({boîtes, registre, écran, son, horloge, hasard, web, aide, façade}, ressources_du_programme(),
+                dossier.chemin()) {
   std::filesystem::copy_file(std::filesystem::path(ARDANE_RESOURCES) / "ardane.pts",
                              chemin_natif(dossier.fichier("ardane.pts")));
-}
-
-MondeFactice::~MondeFactice() {
-  std::error_code erreur;
-  std::filesystem::current_path(dossier_précédent, erreur);
 }
 
 void MondeFactice::démarrer() {

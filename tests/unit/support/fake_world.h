@@ -142,11 +142,9 @@ class DossierTemporaire {
   std::filesystem::path dossier_;
 };
 
-/// The world and one run of the program in it, not yet started. The process's current folder is the
-/// temporary one while it lives.
+/// The world and one run of the program in it, not yet started. Its current folder is the temporary one.
 struct MondeFactice {
   MondeFactice();
-  ~MondeFactice();
 
   /// `Démarrage` over a program folder that holds "ardane.pts" alone; the boxes of a first start are
   /// forgotten afterwards.
@@ -168,7 +166,6 @@ struct MondeFactice {
   const Boîte &dernière_boîte() const { return boîtes.montrées.at(boîtes.montrées.size() - 1); }
 
   DossierTemporaire dossier;
-  std::filesystem::path dossier_précédent;
   BoîtesFactices boîtes;
   RegistreMémoire registre;
   EcranFactice écran;

@@ -74,7 +74,7 @@ struct Conversation::Fil {
     std::string ligne_;
   };
 
-  explicit Fil(const Options &options) : pilote(flux_entrée, sortie, options) {
+  explicit Fil(const OptionsPilote &options) : pilote(flux_entrée, sortie, options) {
     fil = std::thread([this] {
       code = pilote.exécuter();
       fini = true;
@@ -103,7 +103,7 @@ struct Conversation::Fil {
   std::thread fil;
 };
 
-Conversation::Conversation(const Options &options) : fil_(std::make_unique<Fil>(options)) {}
+Conversation::Conversation(const OptionsPilote &options) : fil_(std::make_unique<Fil>(options)) {}
 
 Conversation::~Conversation() = default;
 

@@ -45,7 +45,7 @@ struct Réplique {
 
 class Conversation {
  public:
-  explicit Conversation(const Options &options);
+  explicit Conversation(const OptionsPilote &options);
   ~Conversation();
   Conversation(const Conversation &) = delete;
   Conversation &operator=(const Conversation &) = delete;

@@ -10,7 +10,7 @@ namespace ardane {
 namespace {
 
 TEST(Options, without_any_the_screen_is_a_common_one_and_all_else_is_open) {
-  const Options options = lire_options({});
+  const OptionsPilote options = lire_options({});
   EXPECT_EQ(options.écran.largeur, 1280);
   EXPECT_EQ(options.écran.hauteur, 1024);
   EXPECT_EQ(options.écran.couleurs, 32);
@@ -22,7 +22,7 @@ TEST(Options, without_any_the_screen_is_a_common_one_and_all_else_is_open) {
 }
 
 TEST(Options, all_of_them_are_read) {
-  const Options options = lire_options(
+  const OptionsPilote options = lire_options(
       {"--programme", "/jeu", "--dossier", "/tmp", "--registre", "r é", "--écran", "800x600x16", "--zone",
        "0,-5,800,570", "--modes", "640x480x8,800x600x16", "--date", "2024-02-29", "--hasard", "4294967295"});
   EXPECT_EQ(options.programme, "/jeu");
@@ -71,13 +71,13 @@ INSTANTIATE_TEST_SUITE_P(
                       Arguments_refusés{"--hasard", "4294967296"}, Arguments_refusés{"--hasard", "1.5"}));
 
 TEST(Dossiers, the_program_lies_in_the_folder_of_the_executable) {
-  Options options;
+  OptionsPilote options;
   établir_dossiers(options, "sans importance");
   EXPECT_TRUE(std::filesystem::exists(chemin_natif(Joindre_chemin(options.programme, "pilote_test"))));
 }
 
 TEST(Dossiers, paths_are_those_of_the_folder_that_the_pilot_was_started_in) {
-  Options options;
+  OptionsPilote options;
   options.programme = "jeu/";
   options.registre = "réglages";
   établir_dossiers(options, "");
@@ -87,7 +87,7 @@ TEST(Dossiers, paths_are_those_of_the_folder_that_the_pilot_was_started_in) {
 }
 
 TEST(Dossiers, the_current_folder_is_the_one_given_or_that_of_the_process) {
-  Options options;
+  OptionsPilote options;
   établir_dossiers(options, "");
   EXPECT_EQ(options.dossier, texte_du_chemin(std::filesystem::current_path()));
   options.dossier = texte_du_chemin(std::filesystem::temp_directory_path() / "." / "");
@@ -97,7 +97,7 @@ TEST(Dossiers, the_current_folder_is_the_one_given_or_that_of_the_process) {
 }
 
 TEST(Dossiers, a_folder_that_is_not_there_is_refused) {
-  Options options;
+  OptionsPilote options;
   options.dossier = "/aucun dossier de ce nom";
   EXPECT_THROW(établir_dossiers(options, ""), OptionRefusée);
 }

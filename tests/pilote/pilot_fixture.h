@@ -53,7 +53,7 @@ class EssaiDuPilote : public ::testing::Test {
   }
 
   DossierDeJeu dossier;
-  Options options;
+  OptionsPilote options;
 
  private:
   std::unique_ptr<Conversation> conversation_;

@@ -1,5 +1,6 @@
 // What happens around the program: time, chance, the web, the settings, and variables set from outside.
 #include <cmath>
+#include <deque>
 #include <fstream>
 #include <iterator>
 
@@ -51,8 +52,9 @@ void prévoir_tirages(Session &s, const Arguments &a) {
   std::vector<float> tirages;
   std::string_view reste = a[0];
   while (!reste.empty()) tirages.push_back(lire_tirage(couper(reste, ' ')));
-  if (tirages.empty()) s.monde.hasard.oublier();
-  for (const float tirage : tirages) s.monde.hasard.prévoir(tirage);
+  std::deque<float> &suite = s.monde.hasard.suite;
+  if (tirages.empty()) suite.clear();
+  suite.insert(suite.end(), tirages.begin(), tirages.end());
 }
 
 void prévoir_page(Session &s, const Arguments &a) {

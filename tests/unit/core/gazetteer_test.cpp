@@ -238,9 +238,7 @@ class ProgrammeAbîmé {
   explicit ProgrammeAbîmé(const std::string &lignes)
       : ressources_{TableChaînes(std::string(textes_incorporés()) + "\n" + lignes),
                     CatalogueImages(images_incorporées())},
-        programme_(
-            {m_.boîtes, m_.registre, m_.écran, m_.son, m_.horloge, m_.hasard, m_.web, m_.aide, m_.façade},
-            ressources_, m_.dossier.chemin()) {}
+        programme_(m_.monde.monde(), ressources_, m_.dossier.chemin()) {}
   Programme &démarrer() {
     EXPECT_TRUE(programme_.Démarrage(m_.dossier.chemin()));
     return programme_;

@@ -16,6 +16,15 @@ using Dessous = std::map<std::string, std::set<std::string>>;
 const std::set<std::string> tout_sauf_les_façades = {
     "platform", "core", "map", "persistence", "play", "services", "configuration", "screens", "startup"};
 
+const std::set<std::string> &sous_le_pilote() {
+  static const std::set<std::string> dessous = [] {
+    std::set<std::string> tout = tout_sauf_les_façades;
+    tout.insert("front/scripted");
+    return tout;
+  }();
+  return dessous;
+}
+
 // The folders that each folder may include besides itself.
 const Dessous &dessous() {
   static const Dessous table = {
@@ -28,7 +37,8 @@ const Dessous &dessous() {
       {"configuration", {"platform", "core", "map", "persistence", "play"}},
       {"screens", {"platform", "core", "map", "persistence", "play"}},
       {"startup", {"platform", "core", "map", "persistence", "play", "services", "configuration", "screens"}},
-      {"front/pilote", tout_sauf_les_façades},
+      {"front/scripted", {"platform", "core"}},
+      {"front/pilote", sous_le_pilote()},
       {"front/qt", tout_sauf_les_façades},
   };
   return table;

@@ -235,7 +235,7 @@ TEST_F(Start, AfterItTheProgramWaitsIdleWithTheMapEmpty) {
   EXPECT_FALSE(m.e().LBL_param(1).visible);
   for (int i = 1; i <= nombre_provinces; ++i) EXPECT_FALSE(m.e().Pays(i).visible || m.e().Inv(i).visible);
   EXPECT_EQ(m.hasard.semailles, 1);
-  EXPECT_EQ(m.écran.sabliers.back(), false);
+  EXPECT_EQ(m.sabliers.back(), false);
 }
 
 TEST_F(Start, NoMenuEntryIsADeadEnd) {

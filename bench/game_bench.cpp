@@ -27,19 +27,12 @@ void jouer_tout(MondeFactice &m, int niveau) {
   }
 }
 
-void oublier(MondeFactice &m) {
-  m.boîtes.montrées.clear();
-  m.son.joués.clear();
-  m.façade.ouvertes.clear();
-  m.écran.sabliers.clear();
-}
-
 void PartieEntière(benchmark::State &état) {
   MondeFactice m;
   m.démarrer();
   for (auto _ : état) {
     jouer_tout(m, static_cast<int>(état.range(0)));
-    oublier(m);
+    m.oublier();
   }
   état.SetItemsProcessed(état.iterations());
 }

@@ -44,7 +44,7 @@ void étapes_et_niveaux(benchmark::internal::Benchmark *mesure) {
 void Redraw(benchmark::State &état) {
   Carte_en_jeu carte(static_cast<int>(état.range(0)), static_cast<int>(état.range(1)));
   for ([[maybe_unused]] auto _ : état) {
-    carte.monde.écran.sabliers.clear();
+    carte.monde.sabliers.clear();
     RedessinerCarte(carte.c());
   }
 }
@@ -55,7 +55,7 @@ void ScrollStep(benchmark::State &état) {
   Carte_en_jeu carte(étape_provinces, 1, {800, 600});
   Contrôle &barre = carte.monde.e().barre_v;
   for ([[maybe_unused]] auto _ : état) {
-    carte.monde.écran.sabliers.clear();
+    carte.monde.sabliers.clear();
     fixer_valeur(barre, barre.valeur == 0 ? barre.petit_pas : 0);
   }
 }

@@ -75,10 +75,7 @@ class Joueur {
       événement();
       ++événements;
       if (monde_.programme.en_cours()) vérifier(score, en_jeu);
-      monde_.boîtes.montrées.clear();
-      monde_.façade.ouvertes.clear();
-      monde_.son.joués.clear();
-      monde_.écran.sabliers.clear();
+      monde_.oublier();
     }
   }
 

@@ -7,6 +7,7 @@
 
 #include "core/announcement.h"
 #include "core/chooser_modes.h"
+#include "core/current_folder.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "core/resources.h"
@@ -126,8 +127,9 @@ Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c) : Fenêtre("Pa
   contrôle(*this, "Nom_fichier").lecture_seule = true;
   contrôle(*this, "Sous_répertoire").visible = false;
 
-  const bool pour_info = g.Mode_sélection == choix_dossier_information && est_dossier(g.Répertoire_info);
-  ouvrir(pour_info ? g.Répertoire_info : Dossier_courant());
+  const std::string info = c.dossier.complet(g.Répertoire_info);
+  const bool pour_info = g.Mode_sélection == choix_dossier_information && est_dossier(info);
+  ouvrir(pour_info ? info : c.dossier.chemin());
 
   Contrôle &liste = contrôle(*this, "Répertoire");
   liste.double_clic = liste.entrée = [this] { ouvrir_choix(); };
@@ -181,13 +183,13 @@ bool Paramétrage_répertoires::Créer_sous_répertoire() {
   if (nom_saisi.empty()) return false;
   const std::string &ouvert = contrôle(*this, "Nom_fichier").texte;
   const std::string nouveau = ouvert + nom_saisi;
-  if (Changer_dossier(nouveau)) {
+  if (c_.dossier.changer(nouveau)) {
     refuser(Message::répertoire_existe_déjà);
     return false;
   }
   const bool créé = créer_dossier(nouveau);
-  const bool entré = Changer_dossier(nouveau);
-  const bool revenu = Changer_dossier(ouvert);
+  const bool entré = c_.dossier.changer(nouveau);
+  const bool revenu = c_.dossier.changer(ouvert);
   if (créé && entré && revenu) return true;
   refuser(Message::dossier_impossible_à_créer);
   return false;
@@ -224,7 +226,7 @@ void Paramétrage_répertoires::retenir_dossier_sauvegarde() {
   Registre &registre = c_.plateforme.registre;
   Ecrire_registre(registre, clé_du_jeu, réglage_répertoire, dossier_);
   g.Répertoire_sauvegarde = dossier_;
-  Changer_dossier(dossier_);
+  c_.dossier.changer(dossier_);
   Ecrire_registre(registre, clé_du_jeu, réglage_fichier_lancement,
                   Joindre_chemin(dossier_, nom_fichier_scores));
   // The bare name means the file in the folder just made current.

@@ -6,6 +6,7 @@ namespace ardane {
 struct GameState;
 struct Ressources;
 struct Plateforme;
+class Dossier_courant;
 class Ecran_principal;
 
 struct Contexte {
@@ -13,6 +14,7 @@ struct Contexte {
   Ecran_principal &principale;
   Plateforme &plateforme;
   const Ressources &ressources;
+  Dossier_courant &dossier;  ///< that bare names are resolved against
 };
 
 }  // namespace ardane

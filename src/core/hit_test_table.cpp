@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "core/announcement.h"
+#include "core/current_folder.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 
@@ -40,13 +41,14 @@ bool refuser_format(Contexte &c) {
 bool Charger_points(Contexte &c) {
   GameState &g = c.état;
   g.Chemin_points = Joindre_chemin(g.Répertoire_programme, "ardane.pts");
-  if (!fichier_existe(g.Chemin_points)) {
+  const std::string chemin = c.dossier.complet(g.Chemin_points);
+  if (!fichier_existe(chemin)) {
     annoncer(c, Message::erreur, Message::fichier_pts_absent);
     return false;
   }
   // Rows that the file does not have stay empty: their end lies at their beginning.
   g.Points_lignes = {};
-  std::ifstream fichier(chemin_natif(g.Chemin_points), std::ios::binary);
+  std::ifstream fichier(chemin_natif(chemin), std::ios::binary);
   int carte = -1;
   int ligne = -1;
   int segment = 0;

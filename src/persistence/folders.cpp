@@ -4,6 +4,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "core/current_folder.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "persistence/registry.h"
@@ -36,17 +37,6 @@ bool Tester_ecriture(std::string_view dossier) {
   return écrite && effacée;
 }
 
-bool Changer_dossier(std::string_view dossier) {
-  std::error_code erreur;
-  std::filesystem::current_path(chemin_natif(dossier), erreur);
-  return !erreur;
-}
-
-std::string Dossier_courant() {
-  std::error_code erreur;
-  return texte_du_chemin(std::filesystem::current_path(erreur));
-}
-
 void Proposer_répertoire(Contexte &c, const std::string &dossier) {
   GameState &g = c.état;
   if (pour_comparer(dossier) == pour_comparer(g.Répertoire_sauvegarde)) return;
@@ -56,7 +46,7 @@ void Proposer_répertoire(Contexte &c, const std::string &dossier) {
   if (réponse != Réponse::oui) return;
   Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_répertoire, dossier);
   // A folder that has gone meanwhile is found out by the probe of the next start.
-  Changer_dossier(dossier);
+  c.dossier.changer(dossier);
   g.Répertoire_sauvegarde = dossier;
 }
 

@@ -1,4 +1,5 @@
-// The folders that the player's files go to, proved by a real write, and the deleting of files.
+// The folders that the player's files go to, proved by a real write, and the deleting of files. Paths are
+// complete ones (core/current_folder.h).
 #pragma once
 
 #include <string>
@@ -12,11 +13,6 @@ namespace ardane {
 /// slot file does, so that a path of more than 126 characters fails too. A file of that name that is there
 /// already is deleted and proves the folder as well.
 bool Tester_ecriture(std::string_view dossier);
-
-/// Makes a folder the current one; false, and the current folder stays, if there is no such folder.
-bool Changer_dossier(std::string_view dossier);
-/// The current folder; empty if it is gone.
-std::string Dossier_courant();
 
 /// Asks whether a folder other than `Répertoire_sauvegarde` shall take its place, and on Oui makes it that,
 /// in the settings too, and the current folder. Folders are compared in capitals, without blanks around.

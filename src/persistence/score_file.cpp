@@ -3,6 +3,7 @@
 #include <fstream>
 #include <optional>
 
+#include "core/current_folder.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "persistence/folders.h"
@@ -15,6 +16,11 @@ namespace {
 
 constexpr Table<std::int16_t, 1, nombre_jeux> ordre_par_défaut({étape_provinces, étape_régions, étape_villes,
                                                                 étape_drapeaux});
+
+/// Where the file lies whose name the settings or the player may have given bare.
+std::string fichier_en_usage(const Contexte &c) {
+  return c.dossier.complet(c.état.Fichier_lancement);
+}
 
 Contenu_scores contenu_à_écrire(const GameState &g, bool avec_scores) {
   Contenu_scores contenu;
@@ -44,13 +50,13 @@ std::optional<std::string> écrire_fichier(const std::string &chemin, const Cont
 }
 
 /// Nothing if the file was written by this version of the program, otherwise what it says instead.
-std::optional<std::string> défaut_de_version(const GameState &g) {
-  std::ifstream flux(chemin_natif(g.Fichier_lancement), std::ios::binary);
+std::optional<std::string> défaut_de_version(const Contexte &c) {
+  std::ifstream flux(chemin_natif(fichier_en_usage(c)), std::ios::binary);
   if (!flux) return "il ne peut pas être ouvert";
   Lecteur_de_cases cases(flux);
   const auto version = cases.texte();
   if (!version) return décrire_défaut(*cases.défaut());
-  if (*version != g.Version_programme) return "il est de la version « " + *version + " »";
+  if (*version != c.état.Version_programme) return "il est de la version « " + *version + " »";
   return std::nullopt;
 }
 
@@ -68,7 +74,7 @@ void ajouter_scores(GameState &g, const std::vector<Enregistrement_score> &score
 /// Takes the default file and configuration, the file in use deleted. Failures change nothing more.
 void réparer(Contexte &c) {
   GameState &g = c.état;
-  if (!g.Fichier_lancement.empty()) Effacer_fichier(g.Fichier_lancement);
+  Effacer_fichier(fichier_en_usage(c));
   g.Fichier_lancement = Joindre_chemin(g.Répertoire_sauvegarde, nom_fichier_scores);
   Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_fichier_lancement, g.Fichier_lancement);
   g.Ordre_jeux = ordre_par_défaut;
@@ -87,7 +93,7 @@ void Vider_scores(Contexte &c) {
 
 bool Ecrire_scores(Contexte &c, bool avec_scores) {
   GameState &g = c.état;
-  const auto échec = écrire_fichier(g.Fichier_lancement, contenu_à_écrire(g, avec_scores));
+  const auto échec = écrire_fichier(fichier_en_usage(c), contenu_à_écrire(g, avec_scores));
   if (échec) {
     consigner("Le fichier de scores « " + g.Fichier_lancement + " » n'est pas écrit : " + *échec);
     c.plateforme.boîtes.montrer({Icône::information, message(g, Message::erreur),
@@ -101,7 +107,7 @@ bool Ecrire_scores(Contexte &c, bool avec_scores) {
 
 bool Lire_fichier_scores(Contexte &c) {
   GameState &g = c.état;
-  std::ifstream flux(chemin_natif(g.Fichier_lancement), std::ios::binary);
+  std::ifstream flux(chemin_natif(fichier_en_usage(c)), std::ios::binary);
   const Lecture_scores lecture = lire_scores(flux);
   ajouter_scores(g, lecture.contenu.scores);
   if (lecture.défaut) {
@@ -116,9 +122,9 @@ bool Lire_fichier_scores(Contexte &c) {
 void Charger_scores(Contexte &c) {
   GameState &g = c.état;
   Vider_scores(c);
-  if (est_fichier_ordinaire(g.Fichier_lancement)) {
+  if (est_fichier_ordinaire(fichier_en_usage(c))) {
     // A file of any other version is refused, even where its form is the same.
-    const auto autre_version = défaut_de_version(g);
+    const auto autre_version = défaut_de_version(c);
     if (autre_version) consigner_refus(g, *autre_version);
     if (!autre_version && Lire_fichier_scores(c)) return;
     c.plateforme.boîtes.montrer(

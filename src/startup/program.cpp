@@ -32,11 +32,12 @@ std::unique_ptr<Fenêtre> fabriquer(Contexte &c) {
 
 }  // namespace
 
-Programme::Programme(const Monde &monde, const Ressources &ressources)
+Programme::Programme(const Monde &monde, const Ressources &ressources, std::string dossier)
     : ressources_(ressources),
       principale_(ressources.images),
       plateforme_{monde, *this},
-      contexte_{état_, principale_, plateforme_, ressources_},
+      dossier_(std::move(dossier)),
+      contexte_{état_, principale_, plateforme_, ressources_, dossier_},
       fabriques_{{"nouvelle_partie", fabriquer<Nouvelle_partie>},
                  {"Affichage_scores", fabriquer<Affichage_scores>},
                  {"Paramétrage_répertoires", fabriquer<Paramétrage_répertoires>}} {}

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "core/context.h"
+#include "core/current_folder.h"
 #include "core/game_state.h"
 #include "map/main_window.h"
 #include "platform/services.h"
@@ -17,8 +18,9 @@ namespace ardane {
 
 class Programme : private Ouvreur {
  public:
-  /// `monde` and `ressources` must outlive the run.
-  Programme(const Monde &monde, const Ressources &ressources);
+  /// `monde` and `ressources` must outlive the run. `dossier` is the current folder at the start: an absolute
+  /// path, empty for none.
+  Programme(const Monde &monde, const Ressources &ressources, std::string dossier);
 
   /// Starts: settings, hit-test table, main window. `répertoire` is the program's folder. False if the
   /// program ended at once, after a box that told the player why. Throws ErreurFatale.
@@ -47,6 +49,7 @@ class Programme : private Ouvreur {
   GameState état_;
   Ecran_principal principale_;
   Plateforme plateforme_;
+  Dossier_courant dossier_;
   Contexte contexte_;
   std::map<std::string_view, Fabrique> fabriques_;
 };

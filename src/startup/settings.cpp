@@ -5,6 +5,7 @@
 
 #include "core/announcement.h"
 #include "core/chooser_modes.h"
+#include "core/current_folder.h"
 #include "core/dates.h"
 #include "core/game_state.h"
 #include "core/paths.h"
@@ -45,7 +46,7 @@ void faire_choisir_dossier(Contexte &c) {
 /// registry takes the full path of the score file, the variable its bare name.
 void revenir_au_dossier_du_programme(Contexte &c) {
   GameState &g = c.état;
-  if (Tester_ecriture(g.Répertoire_programme)) {
+  if (Tester_ecriture(c.dossier.complet(g.Répertoire_programme))) {
     écrire_réglage(c, réglage_répertoire, g.Répertoire_programme);
     g.Répertoire_sauvegarde = g.Répertoire_programme;
     écrire_réglage(c, réglage_fichier_lancement, Joindre_chemin(g.Répertoire_sauvegarde, nom_fichier_scores));
@@ -98,8 +99,8 @@ void reprendre_réglages(Contexte &c) {
   GameState &g = c.état;
   lire_réglage(c, réglage_joueur, g.Nom_joueur);
   lire_réglage(c, réglage_répertoire, g.Répertoire_sauvegarde);
-  if (Tester_ecriture(g.Répertoire_sauvegarde))
-    Changer_dossier(g.Répertoire_sauvegarde);
+  if (Tester_ecriture(c.dossier.complet(g.Répertoire_sauvegarde)))
+    c.dossier.changer(g.Répertoire_sauvegarde);
   else
     faire_choisir_dossier(c);
   lire_réglage(c, réglage_fichier_lancement, g.Fichier_lancement);

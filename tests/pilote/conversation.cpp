@@ -74,7 +74,7 @@ struct Conversation::Fil {
     std::string ligne_;
   };
 
-  explicit Fil(const Options &options) : pilote(flux_entrée, sortie, options) {
+  explicit Fil(const OptionsPilote &options) : pilote(flux_entrée, sortie, options) {
     fil = std::thread([this] {
       code = pilote.exécuter();
       fini = true;
@@ -103,17 +103,9 @@ struct Conversation::Fil {
   std::thread fil;
 };
 
-Conversation::Conversation(const Options &options, const std::string &dossier)
-    : dossier_précédent_(std::filesystem::current_path()) {
-  std::filesystem::current_path(chemin_natif(dossier));
-  fil_ = std::make_unique<Fil>(options);
-}
+Conversation::Conversation(const OptionsPilote &options) : fil_(std::make_unique<Fil>(options)) {}
 
-Conversation::~Conversation() {
-  fil_.reset();
-  std::error_code erreur;
-  std::filesystem::current_path(dossier_précédent_, erreur);
-}
+Conversation::~Conversation() = default;
 
 Réplique Conversation::dire(const std::string &commande) {
   if (fil_->fini) throw std::logic_error("the pilot has left already");

@@ -45,8 +45,7 @@ struct Réplique {
 
 class Conversation {
  public:
-  /// The process's current folder is `dossier` as long as the talk lasts.
-  Conversation(const Options &options, const std::string &dossier);
+  explicit Conversation(const OptionsPilote &options);
   ~Conversation();
   Conversation(const Conversation &) = delete;
   Conversation &operator=(const Conversation &) = delete;
@@ -61,7 +60,6 @@ class Conversation {
 
  private:
   struct Fil;
-  std::filesystem::path dossier_précédent_;
   std::unique_ptr<Fil> fil_;
 };
 

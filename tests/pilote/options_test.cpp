@@ -10,7 +10,7 @@ namespace ardane {
 namespace {
 
 TEST(Options, without_any_the_screen_is_a_common_one_and_all_else_is_open) {
-  const Options options = lire_options({});
+  const OptionsPilote options = lire_options({});
   EXPECT_EQ(options.écran.largeur, 1280);
   EXPECT_EQ(options.écran.hauteur, 1024);
   EXPECT_EQ(options.écran.couleurs, 32);
@@ -22,7 +22,7 @@ TEST(Options, without_any_the_screen_is_a_common_one_and_all_else_is_open) {
 }
 
 TEST(Options, all_of_them_are_read) {
-  const Options options = lire_options(
+  const OptionsPilote options = lire_options(
       {"--programme", "/jeu", "--dossier", "/tmp", "--registre", "r é", "--écran", "800x600x16", "--zone",
        "0,-5,800,570", "--modes", "640x480x8,800x600x16", "--date", "2024-02-29", "--hasard", "4294967295"});
   EXPECT_EQ(options.programme, "/jeu");
@@ -70,36 +70,36 @@ INSTANTIATE_TEST_SUITE_P(
                       Arguments_refusés{"--date", "2026-00-10"}, Arguments_refusés{"--hasard", "-1"},
                       Arguments_refusés{"--hasard", "4294967296"}, Arguments_refusés{"--hasard", "1.5"}));
 
-class Dossiers : public ::testing::Test {
- protected:
-  Dossiers() : avant(std::filesystem::current_path()) {}
-  ~Dossiers() override { std::filesystem::current_path(avant); }
-  std::filesystem::path avant;
-};
-
-TEST_F(Dossiers, the_program_lies_in_the_folder_of_the_executable) {
-  Options options;
+TEST(Dossiers, the_program_lies_in_the_folder_of_the_executable) {
+  OptionsPilote options;
   établir_dossiers(options, "sans importance");
   EXPECT_TRUE(std::filesystem::exists(chemin_natif(Joindre_chemin(options.programme, "pilote_test"))));
 }
 
-TEST_F(Dossiers, paths_are_those_of_the_folder_that_the_pilot_was_started_in) {
-  Options options;
+TEST(Dossiers, paths_are_those_of_the_folder_that_the_pilot_was_started_in) {
+  OptionsPilote options;
   options.programme = "jeu/";
   options.registre = "réglages";
-  options.dossier = texte_du_chemin(std::filesystem::temp_directory_path());
   établir_dossiers(options, "");
-  EXPECT_EQ(options.programme, texte_du_chemin(avant / "jeu/"));
-  EXPECT_EQ(options.registre, texte_du_chemin(avant / chemin_natif("réglages")));
-  EXPECT_EQ(std::filesystem::current_path(),
-            std::filesystem::canonical(std::filesystem::temp_directory_path()));
+  const std::filesystem::path processus = std::filesystem::current_path();
+  EXPECT_EQ(options.programme, texte_du_chemin(processus / "jeu/"));
+  EXPECT_EQ(options.registre, texte_du_chemin(processus / chemin_natif("réglages")));
 }
 
-TEST_F(Dossiers, a_folder_that_is_not_there_is_refused) {
-  Options options;
+TEST(Dossiers, the_current_folder_is_the_one_given_or_that_of_the_process) {
+  OptionsPilote options;
+  établir_dossiers(options, "");
+  EXPECT_EQ(options.dossier, texte_du_chemin(std::filesystem::current_path()));
+  options.dossier = texte_du_chemin(std::filesystem::temp_directory_path() / "." / "");
+  établir_dossiers(options, "");
+  EXPECT_EQ(options.dossier,
+            texte_du_chemin(std::filesystem::canonical(std::filesystem::temp_directory_path())));
+}
+
+TEST(Dossiers, a_folder_that_is_not_there_is_refused) {
+  OptionsPilote options;
   options.dossier = "/aucun dossier de ce nom";
   EXPECT_THROW(établir_dossiers(options, ""), OptionRefusée);
-  EXPECT_EQ(std::filesystem::current_path(), avant);
 }
 
 }  // namespace

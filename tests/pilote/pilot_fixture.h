@@ -15,12 +15,13 @@ class EssaiDuPilote : public ::testing::Test {
  protected:
   EssaiDuPilote() : dossier(ARDANE_RESOURCES) {
     options.programme = dossier.chemin("programme");
+    options.dossier = dossier.chemin();
     options.date = std::chrono::year(2026) / 11 / 21;
     options.hasard = 1;
   }
 
   Conversation &pilote() {
-    if (!conversation_) conversation_ = std::make_unique<Conversation>(options, dossier.chemin());
+    if (!conversation_) conversation_ = std::make_unique<Conversation>(options);
     return *conversation_;
   }
   Réplique dire(const std::string &commande) { return pilote().dire(commande); }
@@ -52,7 +53,7 @@ class EssaiDuPilote : public ::testing::Test {
   }
 
   DossierDeJeu dossier;
-  Options options;
+  OptionsPilote options;
 
  private:
   std::unique_ptr<Conversation> conversation_;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "front/pilote/commands.h"
+#include "front/pilote/event_lines.h"
 #include "front/pilote/refusal.h"
 
 namespace ardane {
@@ -48,16 +49,18 @@ class EssaiDeSession : public ::testing::Test, private Attente {
 
   std::ostringstream sortie;
   Journal journal{sortie};
-  Options options;
-  MondeScripté monde{options, journal, *this};
-  Programme programme{monde.monde(), ressources_du_programme()};
+  OptionsPilote options;
+  Récit récit{journal};
+  MondeScripté monde{options, récit, *this};
+  Programme programme{monde.monde(), ressources_du_programme(), options.dossier};
   Session session{journal, monde, programme, ressources_du_programme().images, ""};
   Fenêtre fenêtre{"essai"};
   std::vector<std::string> gestes;
 
  private:
   /// No test of this kind has anyone to talk to while a box or a modal window waits.
-  void attendre_que(const std::function<bool()> &) override { throw std::logic_error("nobody answers"); }
+  Réponse attendre_réponse(const Boîte &) override { throw std::logic_error("nobody answers"); }
+  void attendre_fermeture(Fenêtre &) override { throw std::logic_error("nobody plays"); }
 };
 
 }  // namespace ardane

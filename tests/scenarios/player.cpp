@@ -81,11 +81,12 @@ void Joueur::dire(const Etape_scénario &étape) {
 Conversation &Joueur::pilote() {
   if (pilote_) return *pilote_;
   std::vector<std::string> arguments = {"--programme", dossier_.chemin("programme"),
+                                        "--dossier",   dossier_.chemin(),
                                         "--registre",  dossier_.chemin("registre"),
                                         "--date",      "2026-11-21",
                                         "--hasard",    "1"};
   for (const std::string &option : options_) arguments.push_back(compléter(option));
-  pilote_ = std::make_unique<Conversation>(lire_options(arguments), dossier_.chemin());
+  pilote_ = std::make_unique<Conversation>(lire_options(arguments));
   return *pilote_;
 }
 

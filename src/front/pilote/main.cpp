@@ -5,7 +5,7 @@
 
 int main(int argc, char **argv) {
   constexpr int mauvaise_option = 2;
-  ardane::Options options;
+  ardane::OptionsPilote options;
   try {
     options = ardane::lire_options({argv + 1, argv + argc});
     ardane::établir_dossiers(options, argv[0]);

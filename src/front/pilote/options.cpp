@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <string_view>
-#include <system_error>
 
+#include "core/current_folder.h"
 #include "core/paths.h"
 #include "front/pilote/numbers.h"
 #include "front/pilote/program_folder.h"
@@ -43,7 +42,7 @@ Mode_écran lire_mode(std::string_view texte) {
   return {mesures[0], mesures[1], mesures[2]};
 }
 
-void lire_zone(Options &options, const std::string &texte) {
+void lire_zone(OptionsPilote &options, const std::string &texte) {
   const auto bords = lire_nombres<int>(texte, ',', 4);
   if (bords.empty() || bords[0] >= bords[2] || bords[1] >= bords[3])
     throw OptionRefusée(
@@ -52,12 +51,12 @@ void lire_zone(Options &options, const std::string &texte) {
   options.zone = Rect{bords[0], bords[1], bords[2], bords[3]};
 }
 
-void lire_modes(Options &options, const std::string &texte) {
+void lire_modes(OptionsPilote &options, const std::string &texte) {
   options.modes.clear();
   for (const std::string_view mode : découper(texte, ',')) options.modes.push_back(lire_mode(mode));
 }
 
-void lire_date(Options &options, const std::string &texte) {
+void lire_date(OptionsPilote &options, const std::string &texte) {
   const bool forme = texte.size() == 10 && texte[4] == '-' && texte[7] == '-';
   const auto nombres = forme ? lire_nombres<unsigned>(texte, '-', 3) : std::vector<unsigned>{};
   const auto date = nombres.empty() ? std::chrono::year_month_day{}
@@ -69,7 +68,7 @@ void lire_date(Options &options, const std::string &texte) {
   options.date = date;
 }
 
-void lire_hasard(Options &options, const std::string &texte) {
+void lire_hasard(OptionsPilote &options, const std::string &texte) {
   options.hasard = lire_nombre<std::uint32_t>(texte);
   if (!options.hasard)
     throw OptionRefusée("Le germe du hasard est un nombre entier de 0 à 4294967295, et non « " + texte +
@@ -78,28 +77,24 @@ void lire_hasard(Options &options, const std::string &texte) {
 
 struct Lecture {
   std::string_view nom;
-  void (*lire)(Options &, const std::string &);
+  void (*lire)(OptionsPilote &, const std::string &);
 };
 
 constexpr std::array lectures = std::to_array<Lecture>({
-    {"--programme", [](Options &o, const std::string &v) { o.programme = v; }},
-    {"--dossier", [](Options &o, const std::string &v) { o.dossier = v; }},
-    {"--registre", [](Options &o, const std::string &v) { o.registre = v; }},
-    {"--écran", [](Options &o, const std::string &v) { o.écran = lire_mode(v); }},
+    {"--programme", [](OptionsPilote &o, const std::string &v) { o.programme = v; }},
+    {"--dossier", [](OptionsPilote &o, const std::string &v) { o.dossier = v; }},
+    {"--registre", [](OptionsPilote &o, const std::string &v) { o.registre = v; }},
+    {"--écran", [](OptionsPilote &o, const std::string &v) { o.écran = lire_mode(v); }},
     {"--zone", lire_zone},
     {"--modes", lire_modes},
     {"--date", lire_date},
     {"--hasard", lire_hasard},
 });
 
-std::string absolu(const std::string &chemin) {
-  return texte_du_chemin(std::filesystem::absolute(chemin_natif(chemin)).lexically_normal());
-}
-
 }  // namespace
 
-Options lire_options(const std::vector<std::string> &arguments) {
-  Options options;
+OptionsPilote lire_options(const std::vector<std::string> &arguments) {
+  OptionsPilote options;
   for (std::size_t i = 0; i < arguments.size(); i += 2) {
     const auto lecture = std::find_if(lectures.begin(), lectures.end(),
                                       [&](const Lecture &l) { return l.nom == arguments[i]; });
@@ -111,15 +106,14 @@ Options lire_options(const std::vector<std::string> &arguments) {
   return options;
 }
 
-void établir_dossiers(Options &options, const std::string &argument_zéro) {
+void établir_dossiers(OptionsPilote &options, const std::string &argument_zéro) {
   options.programme =
-      options.programme.empty() ? dossier_de_l_exécutable(argument_zéro) : absolu(options.programme);
-  if (!options.registre.empty()) options.registre = absolu(options.registre);
-  if (options.dossier.empty()) return;
-  std::error_code erreur;
-  std::filesystem::current_path(chemin_natif(options.dossier), erreur);
-  if (erreur)
+      options.programme.empty() ? dossier_de_l_exécutable(argument_zéro) : chemin_absolu(options.programme);
+  if (!options.registre.empty()) options.registre = chemin_absolu(options.registre);
+  Dossier_courant courant(dossier_du_processus());
+  if (!options.dossier.empty() && !courant.changer(options.dossier))
     throw OptionRefusée("Le dossier « " + options.dossier + " » ne peut pas être le dossier courant.");
+  options.dossier = courant.chemin();
 }
 
 }  // namespace ardane

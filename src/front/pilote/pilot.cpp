@@ -8,11 +8,12 @@
 
 namespace ardane {
 
-Pilote::Pilote(std::istream &entrée, std::ostream &sortie, const Options &options)
+Pilote::Pilote(std::istream &entrée, std::ostream &sortie, const OptionsPilote &options)
     : entrée_(entrée),
       journal_(sortie),
-      monde_(options, journal_, *this),
-      programme_(monde_.monde(), ressources_du_programme()),
+      récit_(journal_),
+      monde_(options, récit_, *this),
+      programme_(monde_.monde(), ressources_du_programme(), options.dossier),
       session_{journal_, monde_, programme_, ressources_du_programme().images, options.programme} {}
 
 int Pilote::exécuter() {
@@ -28,6 +29,16 @@ int Pilote::exécuter() {
     journal_.écrire({{"fatale", erreur.what()}});
     return finir(1);
   }
+}
+
+Réponse Pilote::attendre_réponse(const Boîte &) {
+  session_.réponse.reset();
+  attendre_que([this] { return session_.réponse.has_value(); });
+  return *session_.réponse;
+}
+
+void Pilote::attendre_fermeture(Fenêtre &fenêtre) {
+  attendre_que([&] { return !fenêtre.ouverte; });
 }
 
 void Pilote::attendre_que(const std::function<bool()> &fini) {

@@ -10,31 +10,37 @@
 #include <ostream>
 
 #include "front/pilote/commands.h"
-#include "front/pilote/headless_world.h"
+#include "front/pilote/event_lines.h"
 #include "front/pilote/journal.h"
 #include "front/pilote/options.h"
 #include "front/pilote/session.h"
+#include "front/scripted/scripted_world.h"
 #include "startup/program.h"
 
 namespace ardane {
 
 class Pilote : private Attente {
  public:
-  /// `options.programme` is the program's folder. The streams must outlive the pilot.
-  Pilote(std::istream &entrée, std::ostream &sortie, const Options &options);
+  /// `options.programme` is the program's folder, `options.dossier` the current one, empty for none. The
+  /// streams must outlive the pilot.
+  Pilote(std::istream &entrée, std::ostream &sortie, const OptionsPilote &options);
 
   /// Runs until the program has ended, `quitter` or the end of the input. Returns the exit code: 1 after a
   /// fatal error, otherwise 0.
   int exécuter();
 
  private:
-  void attendre_que(const std::function<bool()> &fini) override;
+  Réponse attendre_réponse(const Boîte &boîte) override;
+  void attendre_fermeture(Fenêtre &fenêtre) override;
+  /// Takes commands until `fini`.
+  void attendre_que(const std::function<bool()> &fini);
   void pas();
   void écrire_attente();
   int finir(int code);
 
   std::istream &entrée_;
   Journal journal_;
+  Récit récit_;
   MondeScripté monde_;
   Programme programme_;
   Session session_;

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "front/pilote/commands.h"
+#include "front/pilote/json_boxes.h"
 #include "front/pilote/numbers.h"
 #include "front/pilote/refusal.h"
 
@@ -162,7 +163,9 @@ void fermer_fenêtre(Session &s, const Arguments &) {
 }
 
 void répondre_boîte(Session &s, const Arguments &a) {
-  if (!s.monde.boîtes.répondre(a[0])) throw Refus("La boîte n'offre pas la réponse « " + a[0] + " »");
+  const auto réponse = réponse_du_mot(*s.monde.boîtes.affichée(), a[0]);
+  if (!réponse) throw Refus("La boîte n'offre pas la réponse « " + a[0] + " »");
+  s.réponse = réponse;
 }
 
 void presser_touche(Session &s, const Arguments &a) {

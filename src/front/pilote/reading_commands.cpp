@@ -1,5 +1,6 @@
 // What a script can look at. Nothing of this changes anything.
 #include "front/pilote/commands.h"
+#include "front/pilote/json_boxes.h"
 #include "front/pilote/json_controls.h"
 #include "front/pilote/json_registry.h"
 #include "front/pilote/json_state.h"

@@ -1,12 +1,13 @@
 // What commands work on: one run of the program in its scripted world.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/resources.h"
-#include "front/pilote/headless_world.h"
 #include "front/pilote/journal.h"
+#include "front/scripted/scripted_world.h"
 #include "startup/program.h"
 
 namespace ardane {
@@ -18,6 +19,7 @@ struct Session {
   const CatalogueImages &images;
   std::string répertoire;  ///< the program's folder
   bool démarrée = false;
+  std::optional<Réponse> réponse = std::nullopt;  ///< to the box that is up
 };
 
 /// The pilot leaves at once. No std::exception, so that no guard of the program's can hold it up.

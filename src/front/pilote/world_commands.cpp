@@ -1,5 +1,6 @@
 // What happens around the program: time, chance, the web, the settings, and variables set from outside.
 #include <cmath>
+#include <deque>
 #include <fstream>
 #include <iterator>
 
@@ -21,9 +22,10 @@ float lire_tirage(std::string_view texte) {
   return std::min(static_cast<float>(*réel), std::nextafter(1.0F, 0.0F));
 }
 
-std::string lire_octets(const std::string &chemin) {
+std::string lire_octets(const Session &s, const std::string &nom) {
+  const std::string chemin = s.programme.contexte().dossier.complet(nom);
   std::ifstream fichier(chemin_natif(chemin), std::ios::binary);
-  if (!fichier_existe(chemin) || !fichier) throw Refus("Le fichier « " + chemin + " » ne peut pas être lu");
+  if (!fichier_existe(chemin) || !fichier) throw Refus("Le fichier « " + nom + " » ne peut pas être lu");
   return {std::istreambuf_iterator<char>(fichier), {}};
 }
 
@@ -50,15 +52,16 @@ void prévoir_tirages(Session &s, const Arguments &a) {
   std::vector<float> tirages;
   std::string_view reste = a[0];
   while (!reste.empty()) tirages.push_back(lire_tirage(couper(reste, ' ')));
-  if (tirages.empty()) s.monde.hasard.oublier();
-  for (const float tirage : tirages) s.monde.hasard.prévoir(tirage);
+  std::deque<float> &suite = s.monde.hasard.suite;
+  if (tirages.empty()) suite.clear();
+  suite.insert(suite.end(), tirages.begin(), tirages.end());
 }
 
 void prévoir_page(Session &s, const Arguments &a) {
   if (a[0] == "!")
     s.monde.web.prévoir(std::nullopt);
   else
-    s.monde.web.prévoir(lire_octets(a[0]));
+    s.monde.web.prévoir(lire_octets(s, a[0]));
 }
 
 void écrire_registre(Session &s, const Arguments &a) {

@@ -23,7 +23,8 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
       registry_(places.registre),
       renderer_(dispatcher_, pictures_, screen_),
       boxes_(dispatcher_, screen_, renderer_),
-      programme_({boxes_, registry_, screen_, sound_, clock_, random_, web_, help_, renderer_}, ressources) {
+      programme_({boxes_, registry_, screen_, sound_, clock_, random_, web_, help_, renderer_}, ressources,
+                 places.dossier) {
   renderer_.help = [this](const Fenêtre &window) { programme_.aide(window); };
   renderer_.moved = [this](const Fenêtre &window) {
     if (&window == &programme_.principale() && programme_.principale().déplacement)

@@ -25,6 +25,7 @@ namespace ardane {
 struct DesktopPlaces {
   std::string programme;           ///< the program's folder
   std::filesystem::path registre;  ///< the file of settings
+  std::string dossier;             ///< the current folder at the start
 };
 
 /// One run of the program in the desktop's windows. Needs a QApplication.

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <cstdio>
 
+#include "core/current_folder.h"
 #include "core/resources.h"
 #include "front/qt/appearance.h"
 #include "front/qt/demonstration.h"
@@ -15,8 +16,10 @@ namespace {
 int play(int argc, char **argv, const Options &options) {
   QApplication application(argc, argv);
   Desktop desktop(
-      {options.programme.value_or(to_utf8(QCoreApplication::applicationDirPath())),
-       options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut()},
+      {options.programme ? chemin_absolu(*options.programme)
+                         : to_utf8(QCoreApplication::applicationDirPath()),
+       options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut(),
+       dossier_du_processus()},
       ressources_du_programme());
   if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why
   if (options.prêt_et_quitter) {

@@ -19,15 +19,10 @@ bool ships_with_the_program(const fs::path &file) {
 
 }  // namespace
 
-ScratchFolder::ScratchFolder(const fs::path &programme) : before_(fs::current_path()) {
+ScratchFolder::ScratchFolder(const fs::path &programme) {
   for (const fs::directory_entry &entry : fs::directory_iterator(programme))
     if (ships_with_the_program(entry.path()))
       fs::create_symlink(fs::canonical(entry.path()), path() / entry.path().filename());
-}
-
-ScratchFolder::~ScratchFolder() {
-  std::error_code ignored;
-  fs::current_path(before_, ignored);
 }
 
 fs::path ScratchFolder::path() const {
@@ -35,7 +30,7 @@ fs::path ScratchFolder::path() const {
 }
 
 DesktopPlaces ScratchFolder::places() const {
-  return {texte_du_chemin(path()), path() / "registre"};
+  return {texte_du_chemin(path()), path() / "registre", texte_du_chemin(path())};
 }
 
 }  // namespace ardane

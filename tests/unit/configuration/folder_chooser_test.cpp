@@ -27,7 +27,7 @@ class FolderChooser : public testing::Test {
       fs::create_directory(chemin_natif(m.dossier.fichier(nom)));
     for (const char *nom : {"jeux/b.SCI", "jeux/A.sci", "jeux/x.INF", "jeux/y.txt", "jeux/.z.SCI"})
       écrire_fichier(m.dossier.fichier(nom), "");
-    Changer_dossier(jeux);
+    m.c().dossier.changer(jeux);
     m.g().Mode_sélection = choix_dossier_sauvegarde;
   }
 
@@ -75,7 +75,7 @@ TEST_F(FolderChooser, ItOpensOnTheCurrentFolderForGames) {
 TEST_F(FolderChooser, ItOpensOnTheFolderOfTheInformationFile) {
   m.g().Mode_sélection = choix_dossier_information;
   m.g().Répertoire_info = jeux;
-  Changer_dossier("/");
+  m.c().dossier.changer("/");
   EXPECT_EQ(k("Entête").texte, "Sélectionnez ou créez le répertoire de sauvegarde du fichier d'information");
   EXPECT_EQ(k("Nom_fichier").texte, jeux + "/");
   EXPECT_THAT(k("Fichier").éléments, ElementsAre("x.INF"));
@@ -133,13 +133,13 @@ TEST_F(FolderChooser, ADoubleClickOnNothingStaysWhereItIs) {
 }
 
 TEST_F(FolderChooser, NothingLiesAboveTheRoot) {
-  Changer_dossier("/");
+  m.c().dossier.changer("/");
   EXPECT_EQ(k("Nom_fichier").texte, "/");
   EXPECT_NE(k("Répertoire").éléments.at(0), "..");
 }
 
 TEST_F(FolderChooser, UpFromAFolderOfTheRootIsTheRoot) {
-  Changer_dossier("/usr");
+  m.c().dossier.changer("/usr");
   ouvrir_dossier("..");
   EXPECT_EQ(k("Nom_fichier").texte, "/");
 }
@@ -171,7 +171,7 @@ TEST_F(FolderChooser, TheEnterKeyMakesTheFolderAndOpensIt) {
   EXPECT_EQ(k("Sous_répertoire").texte, "");
   EXPECT_EQ(f().focus, &k("Répertoire"));
   EXPECT_TRUE(f().ouverte);
-  EXPECT_EQ(Dossier_courant(), jeux);
+  EXPECT_EQ(m.c().dossier.chemin(), jeux);
 }
 
 TEST_F(FolderChooser, WithoutANameNothingIsMade) {
@@ -186,14 +186,14 @@ TEST_F(FolderChooser, AFolderThatExistsIsToldAndTheListedOneIsTaken) {
   attendre_boîte("Ce répertoire existe déjà !");
   EXPECT_FALSE(f().ouverte);
   EXPECT_EQ(m.g().Répertoire_sauvegarde, jeux);
-  EXPECT_EQ(Dossier_courant(), jeux);
+  EXPECT_EQ(m.c().dossier.chemin(), jeux);
 }
 
 TEST_F(FolderChooser, AfterTheEnterKeyOnAFolderThatExistsTheCurrentFolderIsThatOne) {
   nommer("zoo");
   k("Sous_répertoire").entrée();
   attendre_boîte("Ce répertoire existe déjà !");
-  EXPECT_EQ(Dossier_courant(), jeux + "/zoo");
+  EXPECT_EQ(m.c().dossier.chemin(), jeux + "/zoo");
   EXPECT_EQ(k("Nom_fichier").texte, jeux + "/");
   EXPECT_EQ(k("Sous_répertoire").texte, "zoo");
 }
@@ -205,7 +205,7 @@ TEST_F(FolderChooser, ANameThatTheFileSystemForbidsIsTold) {
     k("Sous_répertoire").entrée();
     attendre_boîte("Impossible de créer le dossier spécifié !");
     EXPECT_EQ(k("Nom_fichier").texte, jeux + "/");
-    EXPECT_EQ(Dossier_courant(), jeux);
+    EXPECT_EQ(m.c().dossier.chemin(), jeux);
   }
 }
 
@@ -230,7 +230,7 @@ TEST_F(FolderChooser, OkTakesTheFolderForGames) {
   EXPECT_EQ(réglage("répertoire"), zoo);
   EXPECT_EQ(réglage("fichier de lancement"), zoo + "/ARDANE.SCI");
   EXPECT_EQ(m.g().Fichier_lancement, "ARDANE.SCI");
-  EXPECT_EQ(Dossier_courant(), zoo);
+  EXPECT_EQ(m.c().dossier.chemin(), zoo);
   EXPECT_TRUE(fs::is_empty(chemin_natif(zoo)));
 }
 
@@ -245,7 +245,7 @@ TEST_F(FolderChooser, OkTakesTheFolderOfTheInformationFile) {
   m.g().Mode_sélection = choix_dossier_information;
   m.g().Répertoire_info = jeux;
   const std::string sauvegarde = m.g().Répertoire_sauvegarde;
-  Changer_dossier("/");
+  m.c().dossier.changer("/");
   ouvrir_dossier("zoo");
   ok();
   const std::string zoo = jeux + "/zoo";
@@ -254,7 +254,7 @@ TEST_F(FolderChooser, OkTakesTheFolderOfTheInformationFile) {
   EXPECT_EQ(réglage("répertoire information"), zoo);
   EXPECT_EQ(m.g().Fichiers_info(1), zoo + "/ARDANE.INF");
   EXPECT_EQ(m.g().Répertoire_sauvegarde, sauvegarde);
-  EXPECT_EQ(Dossier_courant(), "/");
+  EXPECT_EQ(m.c().dossier.chemin(), "/");
 }
 
 TEST_F(FolderChooser, OkMakesTheNamedFolderAndTakesIt) {
@@ -263,7 +263,7 @@ TEST_F(FolderChooser, OkMakesTheNamedFolderAndTakesIt) {
   ok();
   EXPECT_FALSE(f().ouverte);
   EXPECT_EQ(m.g().Répertoire_sauvegarde, jeux + "/neuf");
-  EXPECT_EQ(Dossier_courant(), jeux + "/neuf");
+  EXPECT_EQ(m.c().dossier.chemin(), jeux + "/neuf");
 }
 
 TEST_F(FolderChooser, AFolderThatCannotBeWrittenKeepsTheWindowOpen) {
@@ -288,7 +288,7 @@ TEST_F(FolderChooser, WithoutAUseItCannotOpen) {
 
 TEST_F(FolderChooser, WhereTheCurrentFolderIsGoneItOpensOnTheRoot) {
   fs::create_directory(chemin_natif(m.dossier.fichier("passager")));
-  Changer_dossier(m.dossier.fichier("passager"));
+  m.c().dossier.changer(m.dossier.fichier("passager"));
   fs::remove(chemin_natif(m.dossier.fichier("passager")));
   EXPECT_EQ(k("Nom_fichier").texte, "/");
 }

@@ -30,7 +30,7 @@ class Lecteur {
  private:
   MondeFactice m_;
   Ressources ressources_;
-  Contexte contexte_{m_.g(), m_.e(), m_.c().plateforme, ressources_};
+  Contexte contexte_{m_.g(), m_.e(), m_.c().plateforme, ressources_, m_.c().dossier};
 };
 
 // Texts.
@@ -238,9 +238,7 @@ class ProgrammeAbîmé {
   explicit ProgrammeAbîmé(const std::string &lignes)
       : ressources_{TableChaînes(std::string(textes_incorporés()) + "\n" + lignes),
                     CatalogueImages(images_incorporées())},
-        programme_(
-            {m_.boîtes, m_.registre, m_.écran, m_.son, m_.horloge, m_.hasard, m_.web, m_.aide, m_.façade},
-            ressources_) {}
+        programme_(m_.monde.monde(), ressources_, m_.dossier.chemin()) {}
   Programme &démarrer() {
     EXPECT_TRUE(programme_.Démarrage(m_.dossier.chemin()));
     return programme_;

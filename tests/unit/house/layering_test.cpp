@@ -1,12 +1,12 @@
 // The first law of the house: a folder includes only folders below it.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <regex>
 #include <set>
 #include <string>
+
+#include "house/sources.h"
 
 namespace ardane {
 namespace {
@@ -15,6 +15,15 @@ using Dessous = std::map<std::string, std::set<std::string>>;
 
 const std::set<std::string> tout_sauf_les_façades = {
     "platform", "core", "map", "persistence", "play", "services", "configuration", "screens", "startup"};
+
+const std::set<std::string> &sous_le_pilote() {
+  static const std::set<std::string> dessous = [] {
+    std::set<std::string> tout = tout_sauf_les_façades;
+    tout.insert("front/scripted");
+    return tout;
+  }();
+  return dessous;
+}
 
 // The folders that each folder may include besides itself.
 const Dessous &dessous() {
@@ -28,23 +37,20 @@ const Dessous &dessous() {
       {"configuration", {"platform", "core", "map", "persistence", "play"}},
       {"screens", {"platform", "core", "map", "persistence", "play"}},
       {"startup", {"platform", "core", "map", "persistence", "play", "services", "configuration", "screens"}},
-      {"front/pilote", tout_sauf_les_façades},
+      {"front/scripted", {"platform", "core"}},
+      {"front/pilote", sous_le_pilote()},
       {"front/qt", tout_sauf_les_façades},
   };
   return table;
 }
 
-bool est_source(const std::filesystem::path &chemin) {
-  return chemin.extension() == ".h" || chemin.extension() == ".cpp";
-}
-
 template <class F>
 void pour_chaque_inclusion(const std::filesystem::path &fichier, F &&dire) {
   static const std::regex inclusion(R"re(^\s*#include\s*[<"]([^>"]+)[>"])re");
-  std::ifstream source(fichier);
-  std::smatch trouvé;
-  for (std::string ligne; std::getline(source, ligne);)
+  pour_chaque_ligne(fichier, [&](const std::string &ligne) {
+    std::smatch trouvé;
     if (std::regex_search(ligne, trouvé, inclusion)) dire(trouvé[1].str());
+  });
 }
 
 /// The folder of the table that a path below src/ lies in; empty if it lies in none.
@@ -66,12 +72,11 @@ std::string fautes(const std::filesystem::path &source, const std::string &dossi
 }
 
 TEST(House, NoIncludeGoesUp) {
-  for (const auto &entrée : std::filesystem::recursive_directory_iterator(ARDANE_SOURCES)) {
-    if (!est_source(entrée.path())) continue;
-    const std::string dossier = dossier_de(entrée.path().lexically_relative(ARDANE_SOURCES).generic_string());
-    ASSERT_NE(dossier, "") << entrée.path() << " has no place in the order of the folders";
-    EXPECT_EQ(fautes(entrée.path(), dossier), "");
-  }
+  pour_chaque_source([](const std::filesystem::path &source) {
+    const std::string dossier = dossier_de(source.lexically_relative(ARDANE_SOURCES).generic_string());
+    ASSERT_NE(dossier, "") << source << " has no place in the order of the folders";
+    EXPECT_EQ(fautes(source, dossier), "");
+  });
 }
 
 TEST(House, TheCheckOfIncludesKnowsTheFolderOfEachPath) {
@@ -82,15 +87,14 @@ TEST(House, TheCheckOfIncludesKnowsTheFolderOfEachPath) {
 }
 
 TEST(House, OnlyTheDesktopFrontEndKnowsAToolkit) {
-  for (const auto &entrée : std::filesystem::recursive_directory_iterator(ARDANE_SOURCES)) {
-    const bool bureau = entrée.path().string().find("front/qt/") != std::string::npos;
-    if (bureau || !est_source(entrée.path())) continue;
-    pour_chaque_inclusion(entrée.path(), [&](const std::string &inclus) {
+  pour_chaque_source([](const std::filesystem::path &source) {
+    if (source.string().find("front/qt/") != std::string::npos) return;
+    pour_chaque_inclusion(source, [&](const std::string &inclus) {
       EXPECT_FALSE(inclus.size() > 1 && inclus[0] == 'Q' &&
                    std::isupper(static_cast<unsigned char>(inclus[1])))
-          << entrée.path() << " includes " << inclus;
+          << source << " includes " << inclus;
     });
-  }
+  });
 }
 
 }  // namespace

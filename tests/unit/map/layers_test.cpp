@@ -110,9 +110,9 @@ TEST_F(Layers, HidingTheMapHidesEveryLayerMarkerAndDotButNotTheMap) {
 }
 
 TEST_F(Layers, ARedrawShowsTheHourglassAndGivesTheArrowBack) {
-  m.écran.sabliers.clear();
+  m.sabliers.clear();
   RedessinerCarte(m.c());
-  EXPECT_EQ(m.écran.sabliers, (std::vector<bool>{true, false}));
+  EXPECT_EQ(m.sabliers, (std::vector<bool>{true, false}));
 }
 
 TEST_F(Layers, ARedrawLeavesEveryPictureAsItsOwnRuleDoes) {

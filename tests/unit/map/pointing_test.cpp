@@ -188,7 +188,7 @@ TEST_F(MapClick, FollowsTheWindow) {
   m.e().gauche = 300;
   m.e().haut = 40;
   m.e().déplacement();
-  m.écran.place_du_curseur = {300 + 10 + 150, 40 + 5 + 0};
+  m.écran.placer_curseur({300 + 10 + 150, 40 + 5 + 0});
   Clic_carte(m.c(), 0);
   EXPECT_TRUE(g().TableProvinces(7).trouvée);
 }
@@ -198,10 +198,10 @@ TEST_F(MapClick, TheSameMapPixelGivesTheSameProvinceScrolledOrNot) {
   ASSERT_TRUE(m.e().barre_h.visible && m.e().barre_v.visible);
   EXPECT_EQ(désignée(150, 2), 9);
   EXPECT_EQ(désignée(320, 0), 8);
-  const Point curseur = m.écran.place_du_curseur;
+  const Point curseur = m.écran.curseur();
   fixer_valeur(m.e().barre_h, 170);
   EXPECT_EQ(désignée(320, 0), 8);
-  EXPECT_EQ(m.écran.place_du_curseur, (Point{curseur.x - 170, curseur.y}));
+  EXPECT_EQ(m.écran.curseur(), (Point{curseur.x - 170, curseur.y}));
   fixer_valeur(m.e().barre_v, 60);
   EXPECT_EQ(désignée(320, 0), 8);
   EXPECT_EQ(désignée(320, 1), std::nullopt);

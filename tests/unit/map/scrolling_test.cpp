@@ -104,16 +104,16 @@ TEST_F(Scrolling, ABarNeverLeavesItsRange) {
 TEST_F(Scrolling, ABarSetToItsOwnValueRedrawsNothing) {
   démarrer();
   fixer_valeur(m.e().barre_v, 50);
-  m.écran.sabliers.clear();
+  m.sabliers.clear();
   fixer_valeur(m.e().barre_v, 50);
-  EXPECT_TRUE(m.écran.sabliers.empty());
+  EXPECT_TRUE(m.sabliers.empty());
 }
 
 TEST_F(Scrolling, AScrollRedrawsOnceUnderTheHourglass) {
   démarrer();
-  m.écran.sabliers.clear();
+  m.sabliers.clear();
   fixer_valeur(m.e().barre_v, 50);
-  EXPECT_EQ(m.écran.sabliers, (std::vector<bool>{true, false}));
+  EXPECT_EQ(m.sabliers, (std::vector<bool>{true, false}));
 }
 
 TEST_F(Scrolling, TheLayersComeBackInTheStateOfStageAndLevel) {

@@ -131,7 +131,7 @@ TEST_F(ProposedFolder, OuiMakesItTheDefaultAndTheCurrentFolder) {
   EXPECT_EQ(m.dernière_boîte().texte, "Souhaitez-vous utiliser comme répertoire par défaut " + nouveau);
   EXPECT_EQ(m.g().Répertoire_sauvegarde, nouveau);
   EXPECT_EQ(m.registre.lire(clé_du_jeu, "répertoire"), nouveau);
-  EXPECT_EQ(Dossier_courant(), nouveau);
+  EXPECT_EQ(m.c().dossier.chemin(), nouveau);
 }
 
 TEST_F(ProposedFolder, NonChangesNothing) {
@@ -140,21 +140,14 @@ TEST_F(ProposedFolder, NonChangesNothing) {
   Proposer_répertoire(m.c(), nouveau);
   EXPECT_EQ(m.g().Répertoire_sauvegarde, avant);
   EXPECT_EQ(m.registre.lire(clé_du_jeu, "répertoire"), avant);
-  EXPECT_EQ(Dossier_courant(), m.dossier.chemin());
+  EXPECT_EQ(m.c().dossier.chemin(), m.dossier.chemin());
 }
 
 TEST_F(ProposedFolder, AFolderThatHasGoneIsFoundOutLater) {
   m.boîtes.réponses = {Réponse::oui};
   Proposer_répertoire(m.c(), m.dossier.fichier("absent"));
-  EXPECT_EQ(Dossier_courant(), m.dossier.chemin());
+  EXPECT_EQ(m.c().dossier.chemin(), m.dossier.chemin());
   EXPECT_FALSE(Tester_ecriture(m.g().Répertoire_sauvegarde));
-}
-
-TEST(CurrentFolder, AnAbsentFolderLeavesItWhereItIs) {
-  const std::string avant = Dossier_courant();
-  EXPECT_FALSE(Changer_dossier("/nulle/part"));
-  EXPECT_FALSE(Changer_dossier(""));
-  EXPECT_EQ(Dossier_courant(), avant);
 }
 
 }  // namespace

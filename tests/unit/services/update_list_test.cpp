@@ -81,7 +81,7 @@ class UpdateList : public testing::Test {
     return clés;
   }
   void chercher(const std::string &page) {
-    m.web.contenu = page;
+    m.web.prévoir(page);
     Chercher_mises_à_jour(m.c());
   }
   /// The box without the invitation that it begins with.
@@ -297,7 +297,7 @@ TEST_F(UpdateList, AGameThatIsNotInstalledCountsAsNews) {
 
 TEST_F(UpdateList, ThePageIsThePublishersListOfGames) {
   chercher("");
-  EXPECT_THAT(m.web.demandées, ElementsAre("jeux/listejeux.htm"));
+  EXPECT_THAT(m.pages, ElementsAre("jeux/listejeux.htm"));
 }
 
 TEST_F(UpdateList, APageWithoutCommentsChangesNothingAndTheBoxStillShows) {
@@ -309,7 +309,6 @@ TEST_F(UpdateList, APageWithoutCommentsChangesNothingAndTheBoxStillShows) {
 
 TEST_F(UpdateList, AFetchThatFailsShowsWhatIsKnown) {
   ajouter({"a", "Titre a", "1.00", "01/01/2007", "1.10", "01/01/1900"});
-  m.web.contenu.reset();
   Chercher_mises_à_jour(m.c());
   EXPECT_THAT(m.dernière_boîte().texte, HasSubstr("Titre a : version 1.10\r\n"));
 }

@@ -20,9 +20,10 @@ class StartWithASettingsFile : public testing::Test {
   /// One run of the program, from its start to just before the player's first click.
   bool démarrer() {
     m.boîtes.montrées.clear();
-    RegistreFichier registre(chemin_natif(fichier));
-    Programme programme({m.boîtes, registre, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, m.façade},
-                        ressources_du_programme());
+    OptionsMonde options = options_factices();
+    options.registre = fichier;
+    MondeScripté monde(options, m, m);
+    Programme programme(monde.monde(), ressources_du_programme(), m.dossier.chemin());
     const bool démarré = programme.Démarrage(m.dossier.chemin());
     joueur = programme.état().Nom_joueur;
     return démarré;

@@ -3,6 +3,7 @@
 
 #include "core/chooser_modes.h"
 #include "persistence/registry.h"
+#include "persistence/score_file.h"
 #include "platform/window_layout.h"
 #include "support/fake_world.h"
 
@@ -234,7 +235,7 @@ TEST_F(Start, AfterItTheProgramWaitsIdleWithTheMapEmpty) {
   EXPECT_FALSE(m.e().LBL_param(1).visible);
   for (int i = 1; i <= nombre_provinces; ++i) EXPECT_FALSE(m.e().Pays(i).visible || m.e().Inv(i).visible);
   EXPECT_EQ(m.hasard.semailles, 1);
-  EXPECT_EQ(m.écran.sabliers.back(), false);
+  EXPECT_EQ(m.sabliers.back(), false);
 }
 
 TEST_F(Start, NoMenuEntryIsADeadEnd) {
@@ -258,15 +259,44 @@ TEST_F(Start, AWindowThatDoesNotExistIsAFatalErrorToldInFrench) {
 }
 
 TEST_F(Start, TwoRunsLiveInOneProcessWithoutKnowingOfEachOther) {
+  MondeFactice autre;
   m.démarrer();
-  RegistreMémoire registre;
-  FaçadeFactice façade;
-  Programme autre({m.boîtes, registre, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, façade},
-                  ressources_du_programme());
-  ASSERT_TRUE(autre.Démarrage(m.dossier.chemin()));
+  autre.démarrer();
   m.nouvelle_partie(1);
   EXPECT_EQ(m.g().Etape, étape_provinces);
-  EXPECT_EQ(autre.état().Etape, étape_repos);
+  EXPECT_EQ(autre.g().Etape, étape_repos);
+}
+
+TEST_F(Start, TwoRunsKeepTheScoresOfOneBareNameInTwoFolders) {
+  MondeFactice autre;
+  const auto gagner = [](MondeFactice &monde, const char *nom) {
+    monde.g().Fichier_lancement = "ARDANE.SCI";
+    monde.g().Meilleurs_scores(1, 1) = {nom, 500};
+    monde.g().Nombre_scores(1) = 1;
+  };
+  m.démarrer();
+  autre.démarrer();
+  gagner(m, "Ann");
+  gagner(autre, "Bob");
+  ASSERT_TRUE(Ecrire_scores(m.c(), true));
+  ASSERT_TRUE(Ecrire_scores(autre.c(), true));
+  EXPECT_TRUE(fichier_existe(m.dossier.fichier("ARDANE.SCI")));
+  EXPECT_TRUE(fichier_existe(autre.dossier.fichier("ARDANE.SCI")));
+  Charger_scores(m.c());
+  Charger_scores(autre.c());
+  EXPECT_EQ(m.g().Meilleurs_scores(1, 1).nom, "Ann");
+  EXPECT_EQ(autre.g().Meilleurs_scores(1, 1).nom, "Bob");
+}
+
+TEST_F(Start, ARunGoesToTheFolderOfItsSettingsAndTakesNoOtherAlong) {
+  MondeFactice autre;
+  std::filesystem::create_directory(chemin_natif(m.dossier.fichier("parties")));
+  réglages_d_une_partie_passée();
+  poser("répertoire", m.dossier.fichier("parties"));
+  autre.démarrer();
+  m.démarrer();
+  EXPECT_EQ(m.c().dossier.chemin(), m.dossier.fichier("parties"));
+  EXPECT_EQ(autre.c().dossier.chemin(), autre.dossier.chemin());
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ class AvecFiches : private Ouvreur {
   explicit AvecFiches(MondeFactice &m)
       : dessous_(m.c().plateforme.fenêtres),
         plateforme_{m.c().plateforme, *this},
-        contexte_{m.c().état, m.c().principale, plateforme_, m.c().ressources} {}
+        contexte_{m.c().état, m.c().principale, plateforme_, m.c().ressources, m.c().dossier} {}
 
   Contexte &c() { return contexte_; }
 

@@ -25,24 +25,44 @@ DossierTemporaire::~DossierTemporaire() {
   std::filesystem::remove_all(dossier_, erreur);
 }
 
+Réponse Relevé::attendre_réponse(const Boîte &boîte) {
+  if (boîtes.pendant) boîtes.pendant(boîte);
+  if (boîtes.réponses.empty()) return boîte.boutons == Boutons::ok ? Réponse::ok : Réponse::oui;
+  const Réponse réponse = boîtes.réponses.front();
+  boîtes.réponses.pop_front();
+  return réponse;
+}
+
+void Relevé::attendre_fermeture(Fenêtre &fenêtre) {
+  if (façade.joueur) façade.joueur(fenêtre);
+}
+
+void Relevé::oublier() {
+  boîtes.montrées.clear();
+  façade.ouvertes.clear();
+  son.joués.clear();
+  aide.ouvertures.clear();
+  pages.clear();
+  sabliers.clear();
+}
+
+OptionsMonde options_factices() {
+  OptionsMonde options;
+  options.date = std::chrono::year(2026) / std::chrono::November / 21;
+  options.hasard_nul = true;
+  return options;
+}
+
 MondeFactice::MondeFactice()
-    : dossier_précédent(std::filesystem::current_path()),
-      programme({boîtes, registre, écran, son, horloge, hasard, web, aide, façade},
-                ressources_du_programme()) {
-  std::filesystem::current_path(chemin_natif(dossier.chemin()));
+    : monde(options_factices(), *this, *this),
+      programme(monde.monde(), ressources_du_programme(), dossier.chemin()) {
   std::filesystem::copy_file(std::filesystem::path(ARDANE_RESOURCES) / "ardane.pts",
                              chemin_natif(dossier.fichier("ardane.pts")));
 }
 
-MondeFactice::~MondeFactice() {
-  std::error_code erreur;
-  std::filesystem::current_path(dossier_précédent, erreur);
-}
-
 void MondeFactice::démarrer() {
   if (!programme.Démarrage(dossier.chemin())) throw std::runtime_error("the program ended at its start");
-  boîtes.montrées.clear();
-  façade.ouvertes.clear();
+  oublier();
 }
 
 void MondeFactice::nouvelle_partie(int niveau, const std::string &nom) {
@@ -60,8 +80,8 @@ void MondeFactice::nouvelle_partie(int niveau, const std::string &nom) {
 }
 
 void MondeFactice::cliquer_carte(int x, int y) {
-  écran.place_du_curseur = {g().Rect_carte.gauche + x - e().barre_h.valeur,
-                            g().Rect_carte.haut + y - e().barre_v.valeur};
+  écran.placer_curseur(
+      {g().Rect_carte.gauche + x - e().barre_h.valeur, g().Rect_carte.haut + y - e().barre_v.valeur});
   Clic_carte(c(), 0);
 }
 
@@ -73,7 +93,7 @@ void MondeFactice::répondre_faux() {
   ClicProvince(c(), autre_province());
 }
 
-int MondeFactice::autre_province() const {
+int MondeFactice::autre_province() {
   for (int i = 1; i <= nombre_provinces; ++i)
     if (i != g().ProvinceCourante && !g().TableProvinces(i).trouvée && !g().TableProvinces(i).inhibée)
       return i;

@@ -1,132 +1,25 @@
-// A world without a screen for tests of rules: boxes answered from a queue, draws of the random source in a
-// list, everything that reaches the outside written down.
+// A run of the program in a scripted world, for tests of rules: what reaches the outside is written down, the
+// player answers boxes from a queue and plays in modal windows by a function.
 #pragma once
 
-#include <chrono>
 #include <deque>
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <map>
-#include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
+#include "core/current_folder.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "core/resources.h"
+#include "front/scripted/scripted_world.h"
 #include "map/main_window.h"
-#include "platform/registry_store.h"
-#include "platform/services.h"
 #include "startup/program.h"
 
 namespace ardane {
-
-class BoîtesFactices : public Boîtes {
- public:
-  Réponse montrer(const Boîte &boîte) override {
-    montrées.push_back(boîte);
-    if (pendant) pendant(boîte);
-    if (réponses.empty()) return boîte.boutons == Boutons::ok ? Réponse::ok : Réponse::oui;
-    const Réponse réponse = réponses.front();
-    réponses.pop_front();
-    return réponse;
-  }
-
-  std::vector<Boîte> montrées;
-  std::deque<Réponse> réponses;                ///< then OK, or Oui
-  std::function<void(const Boîte &)> pendant;  ///< runs while a box is up
-};
-
-class EcranFactice : public Ecran {
- public:
-  int largeur() const override { return taille.x; }
-  int hauteur() const override { return taille.y; }
-  int bits_par_pixel() const override { return 32; }
-  Rect zone_de_travail() const override { return {0, 0, taille.x, taille.y}; }
-  std::vector<Mode_écran> modes() const override { return {{taille.x, taille.y, 32}}; }
-  Point curseur() const override { return place_du_curseur; }
-  void sablier(bool actif) override { sabliers.push_back(actif); }
-
-  Point taille{1280, 1024};
-  Point place_du_curseur;
-  std::vector<bool> sabliers;
-};
-
-class SonFactice : public Son {
- public:
-  void jouer(const std::string &chemin) override {
-    joués.push_back(texte_du_chemin(chemin_natif(chemin).filename()));
-  }
-  std::vector<std::string> joués;
-};
-
-class HorlogeFactice : public Horloge {
- public:
-  std::chrono::year_month_day aujourd_hui() const override { return date; }
-  std::chrono::seconds heure() const override { return std::chrono::seconds(0); }
-  std::chrono::year_month_day date{std::chrono::year(2026), std::chrono::month(11), std::chrono::day(21)};
-};
-
-class HasardFactice : public Hasard {
- public:
-  void semer() override { ++semailles; }
-  float tirer() override {
-    ++tirages;
-    if (suite.empty()) return 0;
-    const float tirage = suite.front();
-    suite.pop_front();
-    return tirage;
-  }
-  std::deque<float> suite;  ///< then 0 for ever: the first candidate
-  int semailles = 0;
-  int tirages = 0;
-};
-
-class WebFactice : public Web {
- public:
-  std::optional<std::string> lire_page(const std::string &page) override {
-    demandées.push_back(page);
-    return contenu;
-  }
-  std::vector<std::string> demandées;
-  std::optional<std::string> contenu;
-};
-
-class AideFactice : public Aide {
- public:
-  void ouvrir(const std::string &fichier, int contexte) override {
-    ouvertures.emplace_back(fichier, contexte);
-  }
-  std::vector<std::pair<std::string, int>> ouvertures;
-};
-
-class FaçadeFactice : public Façade {
- public:
-  void montrer(Fenêtre &fenêtre) override {
-    fenêtre.ouverte = true;
-    ouvertes.push_back(fenêtre.nom);
-  }
-  /// Plays the player's part in the window, then closes it if it is still open.
-  void montrer_modale(Fenêtre &fenêtre) override {
-    fenêtre.ouverte = true;
-    ouvertes.push_back(fenêtre.nom);
-    if (fenêtre.activation) fenêtre.activation();
-    if (joueur) joueur(fenêtre);
-    fenêtre.ouverte = false;
-  }
-  void retirer(Fenêtre &fenêtre) override { retirées.push_back(fenêtre.nom); }
-  void repeindre(Fenêtre &) override {}
-  Rect rectangle(const Fenêtre &fenêtre, const Contrôle &contrôle) const override {
-    const auto pixel = [](double valeur) { return static_cast<int>(valeur); };
-    const int gauche = pixel(fenêtre.gauche + contrôle.gauche);
-    const int haut = pixel(fenêtre.haut + contrôle.haut);
-    return {gauche, haut, gauche + pixel(contrôle.largeur), haut + pixel(contrôle.hauteur)};
-  }
-
-  std::vector<std::string> ouvertes, retirées;
-  std::function<void(Fenêtre &)> joueur;
-};
 
 /// A folder of its own that goes away with it.
 class DossierTemporaire {
@@ -142,11 +35,43 @@ class DossierTemporaire {
   std::filesystem::path dossier_;
 };
 
-/// The world and one run of the program in it, not yet started. The process's current folder is the
-/// temporary one while it lives.
-struct MondeFactice {
+/// What has reached the outside, kind by kind, and the player's part.
+struct Relevé : Témoin, Attente {
+  void boîte_montrée(const Boîte &boîte) override { boîtes.montrées.push_back(boîte); }
+  void fenêtre_ouverte(const Fenêtre &fenêtre, bool) override { façade.ouvertes.push_back(fenêtre.nom); }
+  void sablier_posé(bool actif) override { sabliers.push_back(actif); }
+  void son_joué(const std::string &fichier) override { son.joués.push_back(fichier); }
+  void page_demandée(const std::string &page) override { pages.push_back(page); }
+  void aide_ouverte(const std::string &fichier, int contexte) override {
+    aide.ouvertures.emplace_back(fichier, contexte);
+  }
+  Réponse attendre_réponse(const Boîte &boîte) override;
+  void attendre_fermeture(Fenêtre &fenêtre) override;
+  void oublier();
+
+  struct {
+    std::vector<Boîte> montrées;
+    std::deque<Réponse> réponses;                ///< then OK, or Oui
+    std::function<void(const Boîte &)> pendant;  ///< runs while a box is up
+  } boîtes;
+  struct {
+    std::vector<std::string> ouvertes;
+    std::function<void(Fenêtre &)> joueur;  ///< plays in a modal window, which then closes
+  } façade;
+  struct {
+    std::vector<std::string> joués;
+  } son;
+  struct {
+    std::vector<std::pair<std::string, int>> ouvertures;
+  } aide;
+  std::vector<std::string> pages;
+  std::vector<bool> sabliers;
+};
+
+/// One run of the program, not yet started, in a world of 21 November 2026 whose every draw is 0 unless the
+/// test foresees it. Its current folder is a temporary one.
+struct MondeFactice : Relevé {
   MondeFactice();
-  ~MondeFactice();
 
   /// `Démarrage` over a program folder that holds "ardane.pts" alone; the boxes of a first start are
   /// forgotten afterwards.
@@ -159,30 +84,24 @@ struct MondeFactice {
   void répondre_juste();
   void répondre_faux();
   /// A province that is in play and not the one asked.
-  int autre_province() const;
+  int autre_province();
 
   GameState &g() { return programme.état(); }
-  const GameState &g() const { return programme_constant(); }
   Ecran_principal &e() { return programme.principale(); }
   Contexte &c() { return programme.contexte(); }
   const Boîte &dernière_boîte() const { return boîtes.montrées.at(boîtes.montrées.size() - 1); }
 
   DossierTemporaire dossier;
-  std::filesystem::path dossier_précédent;
-  BoîtesFactices boîtes;
-  RegistreMémoire registre;
-  EcranFactice écran;
-  SonFactice son;
-  HorlogeFactice horloge;
-  HasardFactice hasard;
-  WebFactice web;
-  AideFactice aide;
-  FaçadeFactice façade;
+  MondeScripté monde;
+  Registre &registre = *monde.registre;
+  EcranScripté &écran = monde.écran;
+  HasardScripté &hasard = monde.hasard;
+  WebScripté &web = monde.web;
   Programme programme;
-
- private:
-  const GameState &programme_constant() const { return const_cast<MondeFactice *>(this)->programme.état(); }
 };
+
+/// The options of that world.
+OptionsMonde options_factices();
 
 /// What stands in a file, and writing one.
 std::string lire_fichier(const std::string &chemin);

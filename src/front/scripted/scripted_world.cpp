@@ -1,4 +1,4 @@
-#include "front/pilote/headless_world.h"
+#include "front/scripted/scripted_world.h"
 
 #include "core/paths.h"
 #include "platform/registry_store.h"
@@ -6,23 +6,23 @@
 namespace ardane {
 namespace {
 
-std::unique_ptr<Registre> ouvrir_registre(const Options &options) {
+std::unique_ptr<Registre> ouvrir_registre(const OptionsMonde &options) {
   if (options.registre.empty()) return std::make_unique<RegistreMémoire>();
   return std::make_unique<RegistreFichier>(chemin_natif(options.registre));
 }
 
 }  // namespace
 
-MondeScripté::MondeScripté(const Options &options, Journal &journal, Attente &attente)
+MondeScripté::MondeScripté(const OptionsMonde &options, Témoin &témoin, Attente &attente)
     : registre(ouvrir_registre(options)),
-      écran(options),
-      son(journal),
+      écran(options, témoin),
+      son(témoin),
       horloge(options),
       hasard(options),
-      web(journal),
-      aide(journal),
-      boîtes(journal, attente),
-      façade(journal, attente) {}
+      web(témoin),
+      aide(témoin),
+      boîtes(témoin, attente),
+      façade(témoin, attente) {}
 
 Monde MondeScripté::monde() {
   return {boîtes, *registre, écran, son, horloge, hasard, web, aide, façade};

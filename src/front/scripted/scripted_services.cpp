@@ -1,4 +1,4 @@
-#include "front/pilote/headless_services.h"
+#include "front/scripted/scripted_services.h"
 
 #include <ctime>
 #include <utility>
@@ -15,13 +15,20 @@ std::tm heure_locale() {
 
 }  // namespace
 
-EcranScripté::EcranScripté(const Options &options)
-    : mode_(options.écran),
-      zone_(options.zone.value_or(Rect{0, 0, options.écran.largeur, options.écran.hauteur})),
-      modes_(options.modes.empty() ? std::vector<Mode_écran>{options.écran} : options.modes) {}
+EcranScripté::EcranScripté(const OptionsMonde &options, Témoin &témoin)
+    : taille{options.écran.largeur, options.écran.hauteur},
+      témoin_(témoin),
+      couleurs_(options.écran.couleurs),
+      zone_(options.zone),
+      modes_(options.modes) {}
 
-void SonÉcrit::jouer(const std::string &chemin) {
-  journal_.écrire({{"son", texte_du_chemin(chemin_natif(chemin).filename())}});
+std::vector<Mode_écran> EcranScripté::modes() const {
+  if (!modes_.empty()) return modes_;
+  return {{taille.x, taille.y, couleurs_}};
+}
+
+void SonScripté::jouer(const std::string &chemin) {
+  témoin_.son_joué(texte_du_chemin(chemin_natif(chemin).filename()));
 }
 
 std::chrono::year_month_day HorlogeScriptée::aujourd_hui() const {
@@ -37,20 +44,26 @@ std::chrono::seconds HorlogeScriptée::heure() const {
   return std::chrono::hours(t.tm_hour) + std::chrono::minutes(t.tm_min) + std::chrono::seconds(t.tm_sec);
 }
 
+void HasardScripté::semer() {
+  ++semailles;
+  HasardSemé::semer();
+}
+
 float HasardScripté::tirer() {
-  if (prévus_.empty()) return HasardSemé::tirer();
-  const float tirage = prévus_.front();
-  prévus_.pop_front();
+  ++tirages;
+  if (suite.empty()) return nul_ ? 0 : HasardSemé::tirer();
+  const float tirage = suite.front();
+  suite.pop_front();
   return tirage;
 }
 
 std::optional<std::string> WebScripté::lire_page(const std::string &page) {
-  journal_.écrire({{"page", page}});
+  témoin_.page_demandée(page);
   return std::exchange(prochaine_, std::nullopt);
 }
 
-void AideÉcrite::ouvrir(const std::string &fichier, int contexte) {
-  journal_.écrire({{"aide", {{"fichier", fichier}, {"contexte", contexte}}}});
+void AideScriptée::ouvrir(const std::string &fichier, int contexte) {
+  témoin_.aide_ouverte(fichier, contexte);
 }
 
 }  // namespace ardane

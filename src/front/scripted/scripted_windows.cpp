@@ -1,68 +1,22 @@
-#include "front/pilote/headless_windows.h"
+#include "front/scripted/scripted_windows.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace ardane {
-namespace {
-
-struct Bouton_de_boîte {
-  std::string_view mot;      ///< in commands
-  std::string_view légende;  ///< on the box
-  Réponse réponse;
-};
-
-constexpr std::array bouton_ok = std::to_array<Bouton_de_boîte>({{"ok", "OK", Réponse::ok}});
-constexpr std::array boutons_oui_non =
-    std::to_array<Bouton_de_boîte>({{"oui", "Oui", Réponse::oui}, {"non", "Non", Réponse::non}});
-
-std::vector<Bouton_de_boîte> boutons_de(const Boîte &boîte) {
-  if (boîte.boutons == Boutons::ok) return {bouton_ok.begin(), bouton_ok.end()};
-  return {boutons_oui_non.begin(), boutons_oui_non.end()};
-}
-
-std::string_view nom_icône(Icône icône) {
-  switch (icône) {
-    case Icône::aucune: return "aucune";
-    case Icône::information: return "information";
-    case Icône::exclamation: return "exclamation";
-    case Icône::stop: return "stop";
-    case Icône::question: return "question";
-  }
-  return "";
-}
-
-}  // namespace
-
-Json boîte_json(const Boîte &boîte) {
-  Json boutons = Json::array();
-  for (const Bouton_de_boîte &bouton : boutons_de(boîte)) boutons.push_back(bouton.légende);
-  return {{"icône", nom_icône(boîte.icône)},
-          {"titre", boîte.titre},
-          {"texte", boîte.texte},
-          {"boutons", boutons}};
-}
 
 Réponse BoîtesScriptées::montrer(const Boîte &boîte) {
   affichée_ = &boîte;
-  réponse_.reset();
-  journal_.écrire({{"boîte", boîte_json(boîte)}});
-  attente_.attendre_que([this] { return réponse_.has_value(); });
+  témoin_.boîte_montrée(boîte);
+  const Réponse réponse = attente_.attendre_réponse(boîte);
   affichée_ = nullptr;
-  return *réponse_;
-}
-
-bool BoîtesScriptées::répondre(std::string_view mot) {
-  for (const Bouton_de_boîte &bouton : boutons_de(*affichée_))
-    if (bouton.mot == mot) réponse_ = bouton.réponse;
-  return réponse_.has_value();
+  return réponse;
 }
 
 void FaçadeScriptée::ouvrir(Fenêtre &fenêtre, bool modale) {
   fenêtre.ouverte = true;
   pile_.push_back({&fenêtre, modale, nullptr});
-  journal_.écrire({{"fenêtre", fenêtre.nom}, {"ouverte", true}, {"modale", modale}});
+  témoin_.fenêtre_ouverte(fenêtre, modale);
   if (fenêtre.activation) fenêtre.activation();
   suivre_focus(fenêtre);
 }
@@ -73,7 +27,7 @@ void FaçadeScriptée::montrer(Fenêtre &fenêtre) {
 
 void FaçadeScriptée::montrer_modale(Fenêtre &fenêtre) {
   ouvrir(fenêtre, true);
-  attente_.attendre_que([&] { return !fenêtre.ouverte; });
+  attente_.attendre_fermeture(fenêtre);
   retirer(fenêtre);
 }
 
@@ -84,7 +38,7 @@ void FaçadeScriptée::retirer(Fenêtre &fenêtre) {
   fenêtre.ouverte = false;
   const bool modale = place->modale;
   pile_.erase(place);
-  journal_.écrire({{"fenêtre", fenêtre.nom}, {"ouverte", false}, {"modale", modale}});
+  témoin_.fenêtre_fermée(fenêtre, modale);
 }
 
 Rect FaçadeScriptée::rectangle(const Fenêtre &fenêtre, const Contrôle &contrôle) const {

@@ -1,49 +1,42 @@
-// Windows and boxes without a screen: each writes that it is up and waits, while commands come in, until it
-// has been answered or closed.
+// Windows and boxes without a screen: each tells the witness that it is up, and waits until whoever plays has
+// answered or closed it.
 #pragma once
 
 #include <deque>
-#include <functional>
-#include <optional>
-#include <string>
 #include <vector>
 
-#include "front/pilote/journal.h"
+#include "front/scripted/witness.h"
 #include "platform/services.h"
 
 namespace ardane {
 
-/// Whoever can carry out commands while the program waits.
+/// The player's part while the program waits for it.
 class Attente {
  public:
   virtual ~Attente() = default;
-  /// Takes commands until `fini`.
-  virtual void attendre_que(const std::function<bool()> &fini) = 0;
+  /// Returns the answer to a box that has come up: one that it offers.
+  virtual Réponse attendre_réponse(const Boîte &boîte) = 0;
+  /// Plays in a modal window that has come up; one that is still open afterwards is closed.
+  virtual void attendre_fermeture(Fenêtre &fenêtre) = 0;
 };
-
-/// The box as its event line tells it.
-Json boîte_json(const Boîte &boîte);
 
 class BoîtesScriptées : public Boîtes {
  public:
-  BoîtesScriptées(Journal &journal, Attente &attente) : journal_(journal), attente_(attente) {}
+  BoîtesScriptées(Témoin &témoin, Attente &attente) : témoin_(témoin), attente_(attente) {}
   Réponse montrer(const Boîte &boîte) override;
 
   /// The box that is up, or null.
   const Boîte *affichée() const { return affichée_; }
-  /// Answers the box that is up by a word. False if it has no such button.
-  bool répondre(std::string_view mot);
 
  private:
-  Journal &journal_;
+  Témoin &témoin_;
   Attente &attente_;
   const Boîte *affichée_ = nullptr;
-  std::optional<Réponse> réponse_;
 };
 
 class FaçadeScriptée : public Façade {
  public:
-  FaçadeScriptée(Journal &journal, Attente &attente) : journal_(journal), attente_(attente) {}
+  FaçadeScriptée(Témoin &témoin, Attente &attente) : témoin_(témoin), attente_(attente) {}
 
   void montrer(Fenêtre &fenêtre) override;
   void montrer_modale(Fenêtre &fenêtre) override;
@@ -72,7 +65,7 @@ class FaçadeScriptée : public Façade {
   void ouvrir(Fenêtre &fenêtre, bool modale);
   void suivre_focus(Fenêtre &fenêtre);
 
-  Journal &journal_;
+  Témoin &témoin_;
   Attente &attente_;
   std::deque<Ouverte> pile_;  ///< the lowest first
 };

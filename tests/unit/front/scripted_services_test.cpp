@@ -1,20 +1,23 @@
-#include "front/pilote/headless_services.h"
+#include "front/scripted/scripted_services.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <ctime>
-#include <sstream>
+
+#include "support/fake_world.h"
 
 namespace ardane {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::ElementsAre;
 using ::testing::Ge;
 using ::testing::Lt;
 
 TEST(EcranScripté, by_itself_works_on_all_of_its_only_mode) {
-  const EcranScripté écran{Options{}};
+  Témoin personne;
+  const EcranScripté écran({}, personne);
   EXPECT_EQ(écran.zone_de_travail(), (Rect{0, 0, 1280, 1024}));
   ASSERT_EQ(écran.modes().size(), 1U);
   EXPECT_EQ(écran.modes()[0].hauteur, 1024);
@@ -22,11 +25,12 @@ TEST(EcranScripté, by_itself_works_on_all_of_its_only_mode) {
 }
 
 TEST(EcranScripté, is_what_the_options_say) {
-  Options options;
+  OptionsMonde options;
   options.écran = {800, 600, 16};
   options.zone = Rect{0, 0, 800, 572};
   options.modes = {{640, 480, 8}, {800, 600, 16}};
-  EcranScripté écran(options);
+  Témoin personne;
+  EcranScripté écran(options, personne);
   EXPECT_EQ(écran.largeur(), 800);
   EXPECT_EQ(écran.hauteur(), 600);
   EXPECT_EQ(écran.bits_par_pixel(), 16);
@@ -37,7 +41,7 @@ TEST(EcranScripté, is_what_the_options_say) {
 }
 
 TEST(HorlogeScriptée, a_given_day_stands_still_at_midnight) {
-  Options options;
+  OptionsMonde options;
   options.date = std::chrono::year(2024) / 2 / 29;
   const HorlogeScriptée horloge(options);
   EXPECT_EQ(horloge.aujourd_hui(), std::chrono::year(2024) / 2 / 29);
@@ -45,7 +49,7 @@ TEST(HorlogeScriptée, a_given_day_stands_still_at_midnight) {
 }
 
 TEST(HorlogeScriptée, by_itself_tells_the_time_of_the_system) {
-  const HorlogeScriptée horloge{Options{}};
+  const HorlogeScriptée horloge{OptionsMonde{}};
   const auto jour = [](std::time_t t) {
     const std::tm *lu = std::localtime(&t);
     return std::chrono::sys_days(std::chrono::year(lu->tm_year + 1900) / (lu->tm_mon + 1) / lu->tm_mday);
@@ -57,7 +61,7 @@ TEST(HorlogeScriptée, by_itself_tells_the_time_of_the_system) {
 }
 
 TEST(HasardScripté, a_seed_gives_the_same_draws_for_ever) {
-  Options options;
+  OptionsMonde options;
   options.hasard = 7;
   HasardScripté un(options), autre(options);
   std::vector<float> premiers;
@@ -73,23 +77,33 @@ TEST(HasardScripté, a_seed_gives_the_same_draws_for_ever) {
 }
 
 TEST(HasardScripté, draws_foreseen_come_first_and_in_order) {
-  Options options;
+  OptionsMonde options;
   options.hasard = 7;
   HasardScripté hasard(options), témoin(options);
-  hasard.prévoir(0.25F);
-  hasard.prévoir(0.5F);
+  hasard.suite = {0.25F, 0.5F};
   EXPECT_EQ(hasard.tirer(), 0.25F);
   EXPECT_EQ(hasard.tirer(), 0.5F);
   EXPECT_EQ(hasard.tirer(), témoin.tirer());
-  hasard.prévoir(0.75F);
-  hasard.oublier();
+  hasard.suite = {0.75F};
+  hasard.suite.clear();
   EXPECT_EQ(hasard.tirer(), témoin.tirer());
 }
 
+TEST(HasardScripté, without_a_source_what_is_not_foreseen_is_the_first_candidate) {
+  OptionsMonde options;
+  options.hasard_nul = true;
+  HasardScripté hasard(options);
+  hasard.semer();
+  hasard.suite = {0.25F};
+  EXPECT_EQ(hasard.tirer(), 0.25F);
+  EXPECT_EQ(hasard.tirer(), 0.0F);
+  EXPECT_EQ(hasard.tirages, 2);
+  EXPECT_EQ(hasard.semailles, 1);
+}
+
 TEST(WebScripté, only_the_next_page_comes_and_each_request_is_told) {
-  std::ostringstream sortie;
-  Journal journal(sortie);
-  WebScripté web(journal);
+  Relevé relevé;
+  WebScripté web(relevé);
   EXPECT_FALSE(web.lire_page("a.htm"));
   web.prévoir("contenu");
   EXPECT_EQ(web.lire_page("jeux/b.htm"), "contenu");
@@ -97,22 +111,19 @@ TEST(WebScripté, only_the_next_page_comes_and_each_request_is_told) {
   web.prévoir("contenu");
   web.prévoir(std::nullopt);
   EXPECT_FALSE(web.lire_page("d.htm"));
-  EXPECT_EQ(sortie.str(),
-            "{\"page\":\"a.htm\"}\n{\"page\":\"jeux/b.htm\"}\n{\"page\":\"c.htm\"}\n{\"page\":\"d.htm\"}\n");
+  EXPECT_THAT(relevé.pages, ElementsAre("a.htm", "jeux/b.htm", "c.htm", "d.htm"));
 }
 
-TEST(SonÉcrit, tells_the_file_without_its_folder) {
-  std::ostringstream sortie;
-  Journal journal(sortie);
-  SonÉcrit(journal).jouer("/jeu/été/carte_ok.wav");
-  EXPECT_EQ(sortie.str(), "{\"son\":\"carte_ok.wav\"}\n");
+TEST(SonScripté, tells_the_file_without_its_folder) {
+  Relevé relevé;
+  SonScripté(relevé).jouer("/jeu/été/carte_ok.wav");
+  EXPECT_THAT(relevé.son.joués, ElementsAre("carte_ok.wav"));
 }
 
-TEST(AideÉcrite, tells_the_file_and_the_context) {
-  std::ostringstream sortie;
-  Journal journal(sortie);
-  AideÉcrite(journal).ouvrir("/jeu/ARDANE.HLP", 65);
-  EXPECT_EQ(sortie.str(), "{\"aide\":{\"fichier\":\"/jeu/ARDANE.HLP\",\"contexte\":65}}\n");
+TEST(AideScriptée, tells_the_file_and_the_context) {
+  Relevé relevé;
+  AideScriptée(relevé).ouvrir("/jeu/ARDANE.HLP", 65);
+  EXPECT_THAT(relevé.aide.ouvertures, ElementsAre(std::pair(std::string("/jeu/ARDANE.HLP"), 65)));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The armorial as a whole: every province and region has its arms, drawn in the size and form the game shows.
-#include "armorial.h"
+#include "armorial/armorial.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <set>
 #include <sstream>
 
-#include "heraldry_drawing.h"
+#include "armorial/blazon_drawing.h"
 
 namespace atelier {
 namespace {

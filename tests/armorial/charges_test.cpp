@@ -1,12 +1,12 @@
 // The file of charges: enough of them, all paintable, all within their boxes; and what a bad file is told.
-#include "charges.h"
+#include "armorial/charges.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <set>
 
-#include "heraldry_drawing.h"
+#include "armorial/blazon_drawing.h"
 
 namespace atelier {
 namespace {

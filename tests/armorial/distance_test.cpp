@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-#include "armorial.h"
+#include "armorial/armorial.h"
 #include "vision.h"
 
 namespace {

@@ -1,11 +1,10 @@
 // The language of blazons: what is read, and what is refused with which words.
-#include "heraldry.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
-#include "charges.h"
+#include "armorial/blazon.h"
+#include "armorial/charges.h"
 
 namespace atelier {
 namespace {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "raster.h"
+#include "drawing/raster.h"
 
 namespace vision {
 

@@ -5,12 +5,12 @@
 #include <cmath>
 #include <filesystem>
 
-#include "gif_file.h"
-#include "grid.h"
-#include "growth.h"
-#include "math.h"
-#include "noise.h"
-#include "raster.h"
+#include "country/growth.h"
+#include "drawing/raster.h"
+#include "files/gif_file.h"
+#include "numbers/grid.h"
+#include "numbers/math.h"
+#include "numbers/noise.h"
 
 namespace atelier {
 namespace {

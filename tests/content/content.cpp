@@ -4,8 +4,8 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "catalogue.h"
-#include "data.h"
+#include "files/catalogue.h"
+#include "files/data.h"
 
 namespace content {
 namespace {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "grid.h"
-#include "raster.h"
+#include "drawing/raster.h"
+#include "numbers/grid.h"
 
 namespace content {
 

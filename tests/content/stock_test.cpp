@@ -5,9 +5,9 @@
 #include <set>
 #include <sstream>
 
-#include "catalogue.h"
 #include "content.h"
-#include "image_file.h"
+#include "files/catalogue.h"
+#include "files/image_file.h"
 
 namespace content {
 namespace {

@@ -1,6 +1,6 @@
 // The small pictures that ship with the game: marks on the map, swatches, buttons, icons, the welcome
 // picture.
-#include "marks.h"
+#include "marks/marks.h"
 
 #include <gtest/gtest.h>
 
@@ -14,9 +14,9 @@
 #include <string>
 #include <vector>
 
-#include "catalogue.h"
-#include "gif_file.h"
-#include "image_file.h"
+#include "files/catalogue.h"
+#include "files/gif_file.h"
+#include "files/image_file.h"
 
 namespace {
 

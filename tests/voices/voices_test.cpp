@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-#include "sounds.h"
+#include "voices/sounds.h"
 
 namespace {
 

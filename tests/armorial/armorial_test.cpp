@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "armorial/blazon_drawing.h"
+#include "armorial/paint.h"
 
 namespace atelier {
 namespace {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "drawing/raster.h"
+#include "drawing/image.h"
 
 namespace vision {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "drawing/raster.h"
+#include "drawing/image.h"
 #include "numbers/grid.h"
 
 namespace content {

@@ -7,6 +7,8 @@
 #include <stdexcept>
 
 #include "armorial/blazon_drawing.h"
+#include "armorial/paint.h"
+#include "drawing/raster.h"
 #include "files/image_file.h"
 #include "numbers/math.h"
 
@@ -14,7 +16,6 @@ namespace atelier {
 namespace {
 
 constexpr int double_dessin = 2;
-constexpr Pixel trait_du_bord{38, 28, 20};
 /// Under the country's arms, whose picture knows no transparency.
 constexpr Pixel parchemin{248, 244, 234};
 
@@ -218,7 +219,7 @@ Image dessiner_armes(const Armoiries &armoiries, const Meubles &meubles) {
   const Path contour = écu(2.5 * d, 33 * d, 95 * d, 106.5 * d);
   dessiner_blason(image, armoiries.blason, meubles, contour, d);
   modeler(image, contour);
-  tracer(image, contour, 2.2, trait_du_bord);
+  tracer(image, contour, 2.2, encre);
   dessiner_meuble(image, meubles.chercher("couronne " + armoiries.couronne), Émail::or_, {12 * d, 1.5 * d},
                   76 * d, 28.5 * d, d);
   return image;
@@ -226,11 +227,11 @@ Image dessiner_armes(const Armoiries &armoiries, const Meubles &meubles) {
 
 Image dessiner_drapeau(const Armoiries &armoiries, const Meubles &meubles) {
   constexpr double d = double_dessin;
-  Image image(largeur_du_drapeau * double_dessin, hauteur_du_drapeau * double_dessin, trait_du_bord);
+  Image image(largeur_du_drapeau * double_dessin, hauteur_du_drapeau * double_dessin, encre);
   const Path contour = Path().add_rectangle(0, 0, image.width(), image.height());
   dessiner_blason(image, armoiries.blason, meubles, contour, d);
   plisser(image);
-  tracer(image, contour, 2.4, trait_du_bord);
+  tracer(image, contour, 2.4, encre);
   return image;
 }
 

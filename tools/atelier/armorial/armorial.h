@@ -7,7 +7,7 @@
 
 #include "armorial/blazon.h"
 #include "armorial/charges.h"
-#include "drawing/raster.h"
+#include "drawing/image.h"
 #include "files/catalogue.h"
 #include "files/data.h"
 

@@ -5,28 +5,12 @@
 #include <optional>
 #include <utility>
 
+#include "armorial/blazon_words.h"
 #include "armorial/charges.h"
+#include "armorial/tincture_rule.h"
 
 namespace atelier {
 namespace {
-
-struct Nom_d_émail {
-  std::string_view nom;
-  Émail émail;
-  Classe_d_émail classe;
-};
-constexpr std::array<Nom_d_émail, 10> émaux{{
-    {"or", Émail::or_, Classe_d_émail::métal},
-    {"argent", Émail::argent, Classe_d_émail::métal},
-    {"gueules", Émail::gueules, Classe_d_émail::couleur},
-    {"azur", Émail::azur, Classe_d_émail::couleur},
-    {"sable", Émail::sable, Classe_d_émail::couleur},
-    {"sinople", Émail::sinople, Classe_d_émail::couleur},
-    {"pourpre", Émail::pourpre, Classe_d_émail::couleur},
-    {"hermine", Émail::hermine, Classe_d_émail::libre},
-    {"vair", Émail::vair, Classe_d_émail::libre},
-    {"naturel", Émail::naturel, Classe_d_émail::libre},
-}};
 
 struct Nom_de_pièce {
   std::string_view nom;
@@ -56,15 +40,10 @@ constexpr std::array<Nom_de_pièce, 18> pièces{{
 }};
 
 /// Pieces that may stand several times side by side.
-constexpr std::array pièces_en_nombre{Pièce::fasce, Pièce::burelle, Pièce::pal,   Pièce::vergette,
-                                      Pièce::bande, Pièce::cotice,  Pièce::barre, Pièce::chevron};
-/// Pieces on the field's edge, which may be sewn on.
-constexpr std::array pièces_de_bord{Pièce::chef, Pièce::champagne, Pièce::terrasse, Pièce::bordure,
-                                    Pièce::franc_canton};
-
-template <typename Range>
-bool est_parmi(Pièce pièce, const Range &range) {
-  return std::find(range.begin(), range.end(), pièce) != range.end();
+bool est_en_nombre(Pièce pièce) {
+  constexpr std::array en_nombre{Pièce::fasce, Pièce::burelle, Pièce::pal,   Pièce::vergette,
+                                 Pièce::bande, Pièce::cotice,  Pièce::barre, Pièce::chevron};
+  return std::find(en_nombre.begin(), en_nombre.end(), pièce) != en_nombre.end();
 }
 
 struct Nom_de_partition {
@@ -120,44 +99,9 @@ constexpr std::array<std::pair<std::string_view, Disposition>, 7> dispositions{{
     {"orle", Disposition::en_orle},
 }};
 
-constexpr std::array<std::string_view, 13> nombres{"",     "un",   "deux", "trois", "quatre", "cinq", "six",
-                                                   "sept", "huit", "neuf", "dix",   "onze",   "douze"};
-
-/// Words in lower case, with elided articles and punctuation on their own.
-std::vector<std::string> mots(std::string_view texte) {
-  std::vector<std::string> result;
-  std::string mot;
-  const auto finir = [&] {
-    if (!mot.empty()) result.push_back(std::exchange(mot, {}));
-  };
-  for (const char c : texte) {
-    if (c == ' ' || c == '\t') {
-      finir();
-    } else if (c == '\'') {
-      mot += c;
-      finir();
-    } else if (c == ',' || c == ';' || c == ':') {
-      finir();
-      result.emplace_back(1, c);
-    } else {
-      mot += c;
-    }
-  }
-  finir();
-  return result;
-}
-
-/// Whether the word is the adjective in one of its four forms.
-bool s_accorde(std::string_view mot, std::string_view adjectif) {
-  if (!mot.starts_with(adjectif)) return false;
-  const std::string_view fin = mot.substr(adjectif.size());
-  return fin.empty() || fin == "e" || fin == "s" || fin == "es";
-}
-
-class Lecteur {
+class Lecteur : private Mots_du_blason {
  public:
-  Lecteur(std::string_view texte, const Meubles &meubles)
-      : texte_(texte), mots_(mots(texte)), meubles_(meubles) {}
+  Lecteur(std::string_view texte, const Meubles &meubles) : Mots_du_blason(texte), meubles_(meubles) {}
 
   Blason lire() {
     Blason blason = lire_blason_entier();
@@ -166,69 +110,23 @@ class Lecteur {
   }
 
  private:
-  bool fini() const { return i_ >= mots_.size(); }
-  std::string_view mot(std::size_t ahead = 0) const {
-    return i_ + ahead < mots_.size() ? std::string_view(mots_[i_ + ahead]) : std::string_view();
-  }
-  bool prendre(std::string_view attendu) {
-    if (mot() != attendu) return false;
-    ++i_;
-    return true;
-  }
-  bool prendre_suite(std::initializer_list<std::string_view> suite) {
-    std::size_t ahead = 0;
-    for (const std::string_view attendu : suite)
-      if (mot(ahead++) != attendu) return false;
-    i_ += suite.size();
-    return true;
-  }
-  bool prendre_adjectif(std::string_view adjectif) {
-    if (!s_accorde(mot(), adjectif)) return false;
-    ++i_;
-    return true;
-  }
-  void exiger(std::string_view attendu) {
-    if (!prendre(attendu)) échouer("expected \"" + std::string(attendu) + "\"");
-  }
-  [[noreturn]] void échouer(const std::string &raison) const {
-    const std::string place = fini() ? "at the end" : "at \"" + mots_[i_] + "\"";
-    throw Erreur_de_blason("\"" + std::string(texte_) + "\": " + raison + ' ' + place);
-  }
-
   Blason lire_blason_entier() {
     Blason blason;
     blason.champ = lire_champ();
     for (;;) {
-      const std::size_t retour = i_;
+      const std::size_t retour = ici();
       prendre(",");
       if (mot() != "à" && mot() != "au" && mot() != "aux") {
-        i_ = retour;
+        revenir(retour);
         return blason;
       }
       // "au 1" opens the next quarter and is no piece of this one.
       if (nombre_en_chiffres(mot(1))) {
-        i_ = retour;
+        revenir(retour);
         return blason;
       }
       blason.objets.push_back(lire_objet_posé());
     }
-  }
-
-  static std::optional<int> nombre_en_chiffres(std::string_view mot) {
-    if (mot.size() != 1 || mot[0] < '1' || mot[0] > '9') return {};
-    return mot[0] - '0';
-  }
-
-  std::optional<int> prendre_nombre() {
-    if (const auto chiffre = nombre_en_chiffres(mot())) {
-      ++i_;
-      return chiffre;
-    }
-    if (prendre("une")) return 1;
-    const auto found = std::find(nombres.begin() + 1, nombres.end(), mot());
-    if (found == nombres.end()) return {};
-    ++i_;
-    return static_cast<int>(found - nombres.begin());
   }
 
   Ligne prendre_ligne() {
@@ -244,13 +142,11 @@ class Lecteur {
       return dernier_émail_;
     }
     if (mot() != "de" && mot() != "d'") return {};
-    for (const Nom_d_émail &candidat : émaux)
-      if (candidat.émail != Émail::naturel && mot(1) == candidat.nom) {
-        i_ += 2;
-        dernier_émail_ = candidat.émail;
-        return candidat.émail;
-      }
-    return {};
+    const auto émail = émail_nommé(mot(1));
+    if (!émail || émail == Émail::naturel) return {};
+    avancer(2);
+    dernier_émail_ = émail;
+    return émail;
   }
   Émail exiger_émail() {
     const auto émail = prendre_émail();
@@ -298,7 +194,7 @@ class Lecteur {
   }
 
   void lire_nombre_de_pièces(Champ &champ) {
-    const std::size_t retour = i_;
+    const std::size_t retour = ici();
     if (!prendre("de")) return;
     const auto nombre = prendre_nombre();
     if (nombre && (prendre("pièces") || prendre("tires"))) {
@@ -306,7 +202,7 @@ class Lecteur {
       champ.pièces = *nombre;
       return;
     }
-    i_ = retour;
+    revenir(retour);
   }
 
   void lire_quartiers(Champ &champ, int parts) {
@@ -318,7 +214,7 @@ class Lecteur {
       do {
         const auto numéro = nombre_en_chiffres(mot());
         if (!numéro || *numéro > parts) échouer("expected the number of a part");
-        ++i_;
+        avancer();
         numéros.push_back(*numéro);
       } while (prendre("et"));
       const Blason quartier = lire_blason_entier();
@@ -366,11 +262,9 @@ class Lecteur {
     std::size_t longueur = 0;
     for (const Meuble &meuble : meubles_.tous()) {
       const auto noms = mots(nombre > 1 ? meuble.pluriel : meuble.nom);
-      if (noms.size() <= longueur || i_ + noms.size() > mots_.size()) continue;
-      if (std::equal(noms.begin(), noms.end(), mots_.begin() + static_cast<std::ptrdiff_t>(i_))) {
-        meilleur = &meuble;
-        longueur = noms.size();
-      }
+      if (noms.size() <= longueur || !commence_par(noms)) continue;
+      meilleur = &meuble;
+      longueur = noms.size();
     }
     return {meilleur, longueur};
   }
@@ -379,7 +273,7 @@ class Lecteur {
     const auto [meuble, longueur] = meuble_ici(nombre);
     if (!meuble) échouer("no charge of this name");
     if (féminin && *féminin != meuble->féminin) échouer("the article has the wrong gender");
-    i_ += longueur;
+    avancer(longueur);
     return *meuble;
   }
 
@@ -393,9 +287,9 @@ class Lecteur {
     // "Croix pattée" is a charge, "croix" alone an ordinary.
     if (pièce != pièces.end() && meuble_ici(nombre).second < 2) {
       if (féminin && *féminin != pièce->féminin) échouer("the article has the wrong gender");
-      if (nombre > 1 && !est_parmi(pièce->pièce, pièces_en_nombre)) échouer("there can be only one");
+      if (nombre > 1 && !est_en_nombre(pièce->pièce)) échouer("there can be only one");
       objet.pièce = pièce->pièce;
-      ++i_;
+      avancer();
     } else {
       meuble = &exiger_meuble(nombre, féminin);
       objet.meuble = meuble->nom;
@@ -411,7 +305,7 @@ class Lecteur {
     for (;;) {
       if (!meuble) {
         if (objet.ligne == Ligne::droite && (objet.ligne = prendre_ligne()) != Ligne::droite) continue;
-        if (est_parmi(objet.pièce, pièces_de_bord) && prendre_adjectif("cousu")) {
+        if (est_de_bord(objet.pièce) && prendre_adjectif("cousu")) {
           objet.cousu = true;
           continue;
         }
@@ -421,7 +315,7 @@ class Lecteur {
           std::find_if(meuble->attitudes.begin(), meuble->attitudes.end(),
                        [&](const std::string &candidat) { return s_accorde(mot(), candidat); });
       if (attitude != meuble->attitudes.end())
-        ++i_;
+        avancer();
       else if (prendre_adjectif("contourné"))
         objet.contourné = true;
       else if (prendre_adjectif("renversé"))
@@ -434,7 +328,7 @@ class Lecteur {
   /// ", armé et lampassé de gueules"
   bool lire_détails(Objet &objet, const Meuble *meuble) {
     if (!meuble) return false;
-    const std::size_t retour = i_;
+    const std::size_t retour = ici();
     prendre(",");
     std::vector<std::string> noms;
     do {
@@ -443,10 +337,10 @@ class Lecteur {
                        [&](const auto &candidat) { return s_accorde(mot(), candidat.first); });
       if (détail == meuble->détails.end()) break;
       noms.push_back(détail->first);
-      ++i_;
+      avancer();
     } while (prendre("et"));
     if (noms.empty()) {
-      i_ = retour;
+      revenir(retour);
       return false;
     }
     // "Du même" goes back to the body's tincture.
@@ -462,7 +356,7 @@ class Lecteur {
   }
 
   bool lire_disposition(Objet &objet) {
-    const std::size_t retour = i_;
+    const std::size_t retour = ici();
     prendre(",");
     if (prendre_adjectif("mouvant")) {
       if (!prendre_suite({"de", "la", "pointe"})) échouer("expected \"de la pointe\"");
@@ -486,19 +380,19 @@ class Lecteur {
           return true;
         }
     if (posé) échouer("unknown arrangement");
-    i_ = retour;
+    revenir(retour);
     return false;
   }
 
   /// "deux et un", "3, 2 et 1"
   bool lire_rangs(Objet &objet) {
-    const std::size_t retour = i_;
+    const std::size_t retour = ici();
     std::vector<int> rangs;
     int somme = 0;
     do {
       const auto rang = prendre_nombre();
       if (!rang) {
-        i_ = retour;
+        revenir(retour);
         return false;
       }
       rangs.push_back(*rang);
@@ -520,7 +414,7 @@ class Lecteur {
     if (mot() != "en") return Lieu::partout;
     const auto found = lieu(mot(1));
     if (!found) échouer("expected \"en chef\" or \"en pointe\"");
-    i_ += 2;
+    avancer(2);
     return *found;
   }
 
@@ -535,15 +429,14 @@ class Lecteur {
         échouer("only a terrasse or a champagne can bear a charge, stopped");
     } else {
       if (autre != Pièce::meuble) échouer("only charges can accompany, stopped");
-      if (est_parmi(principal.pièce, pièces_de_bord))
-        échouer("nothing can accompany a piece on the edge, stopped");
+      if (est_de_bord(principal.pièce)) échouer("nothing can accompany a piece on the edge, stopped");
     }
   }
 
   /// ", accompagné en chef de deux étoiles d'or et en pointe d'un croissant du même"
   bool lire_annexes(Objet &objet) {
     if (dans_une_annexe_) return false;
-    const std::size_t retour = i_;
+    const std::size_t retour = ici();
     prendre(",");
     for (const auto &[adjectif, relation] : relations) {
       if (!prendre_adjectif(adjectif)) continue;
@@ -556,73 +449,25 @@ class Lecteur {
       } while (mot() == "et" && (mot(1) == "en" || mot(1) == "de" || mot(1) == "d'") && prendre("et"));
       return true;
     }
-    i_ = retour;
+    revenir(retour);
     return false;
   }
 
-  std::string_view texte_;
-  std::vector<std::string> mots_;
   const Meubles &meubles_;
-  std::size_t i_ = 0;
   std::optional<Émail> dernier_émail_;
   bool dans_une_annexe_ = false;
 };
 
-/// The rule of tincture over a whole blazon.
-class Règle_des_émaux {
- public:
-  explicit Règle_des_émaux(std::string_view texte) : texte_(texte) {}
-
-  void vérifier(const Blason &blason) const {
-    const Champ &champ = blason.champ;
-    for (const Blason &quartier : champ.quartiers) vérifier(quartier);
-    // Parts that lie side by side may be of one class; stripes and chequers lie on each other.
-    if (champ.pièces > 0 && champ.partition != Partition::gironné)
-      exiger_contraste(champ.émaux[0], champ.émaux[1]);
-    if (!champ.semé.empty()) exiger_contraste(champ.émaux[0], champ.émail_du_semé);
-    const auto fond = fond_commun(champ);
-    for (const Objet &objet : blason.objets) vérifier(objet, fond);
-  }
-
- private:
-  /// The tincture that stands for the whole field; none when metal and colour, or blazons, lie in it.
-  static std::optional<Émail> fond_commun(const Champ &champ) {
-    if (champ.émaux.empty()) return {};
-    const bool uni = std::all_of(champ.émaux.begin(), champ.émaux.end(),
-                                 [&](Émail émail) { return classe(émail) == classe(champ.émaux.front()); });
-    return uni ? std::optional(champ.émaux.front()) : std::nullopt;
-  }
-
-  void vérifier(const Objet &objet, std::optional<Émail> fond) const {
-    if (fond && !objet.cousu) exiger_contraste(*fond, objet.émail);
-    for (const Annexe &annexe : objet.annexes)
-      vérifier(annexe.objet, annexe.relation == Relation::chargé ? std::optional(objet.émail) : fond);
-  }
-
-  void exiger_contraste(Émail dessous, Émail dessus) const {
-    const Classe_d_émail c = classe(dessous);
-    if (c == Classe_d_émail::libre || c != classe(dessus)) return;
-    throw Erreur_de_blason("\"" + std::string(texte_) + "\": the rule of tincture forbids " +
-                           (c == Classe_d_émail::métal ? "metal on metal" : "colour on colour") + ", " +
-                           std::string(nom(dessus)) + " on " + std::string(nom(dessous)));
-  }
-
-  std::string_view texte_;
-};
-
 }  // namespace
 
-Classe_d_émail classe(Émail émail) {
-  return émaux[static_cast<std::size_t>(émail)].classe;
-}
-
-std::string_view nom(Émail émail) {
-  return émaux[static_cast<std::size_t>(émail)].nom;
+bool est_de_bord(Pièce pièce) {
+  return pièce == Pièce::chef || pièce == Pièce::champagne || pièce == Pièce::terrasse ||
+         pièce == Pièce::bordure || pièce == Pièce::franc_canton;
 }
 
 Blason lire_blason(std::string_view texte, const Meubles &meubles) {
   Blason blason = Lecteur(texte, meubles).lire();
-  Règle_des_émaux(texte).vérifier(blason);
+  vérifier_les_émaux(blason, texte);
   return blason;
 }
 

@@ -17,16 +17,11 @@
 #include <string_view>
 #include <vector>
 
+#include "armorial/tinctures.h"
+
 namespace atelier {
 
 class Meubles;
-
-enum class Émail { or_, argent, gueules, azur, sable, sinople, pourpre, hermine, vair, naturel };
-
-enum class Classe_d_émail { métal, couleur, libre };
-Classe_d_émail classe(Émail émail);
-/// "or", "gueules" ... as blazons write it.
-std::string_view nom(Émail émail);
 
 /// How a boundary runs.
 enum class Ligne { droite, ondée, engrêlée, crénelée, dentelée };
@@ -74,6 +69,9 @@ enum class Pièce {
   pile,
   pointe,
 };
+
+/// Whether the piece lies on the field's edge. Such a one takes its room first, and may be sewn on.
+bool est_de_bord(Pièce pièce);
 
 enum class Disposition {
   /// What the number asks for: three stand two and one.

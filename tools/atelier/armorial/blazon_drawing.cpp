@@ -6,34 +6,21 @@
 #include <cstdint>
 #include <utility>
 
+#include "armorial/company.h"
 #include "armorial/fields.h"
 #include "armorial/ordinaries.h"
+#include "armorial/paint.h"
 #include "armorial/placing.h"
 #include "armorial/zones.h"
+#include "drawing/raster.h"
 #include "numbers/math.h"
 
 namespace atelier {
 namespace {
 
-constexpr Pixel encre{38, 28, 20};
 constexpr Pixel encre_des_pièces{38, 28, 20, 220};
 constexpr Pixel encre_des_partitions{38, 28, 20, 190};
 constexpr Pixel ombre_portée{20, 12, 8, 70};
-
-Pixel mêlé(Pixel de, Pixel à, double t) {
-  const auto canal = [t](std::uint8_t a, std::uint8_t b) {
-    return static_cast<std::uint8_t>(std::lround(mix(a, b, t)));
-  };
-  return {canal(de.r, à.r), canal(de.g, à.g), canal(de.b, à.b)};
-}
-
-/// The tone for lines drawn on a body of this colour. On black a darker one would not be seen: it is grey
-/// there.
-Pixel ombre(Pixel corps) {
-  const int clarté = corps.r * 3 + corps.g * 6 + corps.b;
-  if (clarté < 700) return {132, 124, 116};
-  return mêlé(corps, {24, 12, 16}, clarté > 1900 ? 0.42 : 0.5);
-}
 
 Pixel éclairé(Pixel p, double facteur) {
   const auto canal = [facteur](std::uint8_t v) {
@@ -42,35 +29,10 @@ Pixel éclairé(Pixel p, double facteur) {
   return {canal(p.r), canal(p.g), canal(p.b), p.a};
 }
 
-bool est_de_bord(Pièce pièce) {
-  return pièce == Pièce::chef || pièce == Pièce::champagne || pièce == Pièce::terrasse ||
-         pièce == Pièce::bordure || pièce == Pièce::franc_canton;
-}
-
 Zone image_entière(const Image &image) {
   return zone(
       coverage(rectangle({0, 0, static_cast<double>(image.width()), static_cast<double>(image.height())}),
                image.width(), image.height()));
-}
-
-/// Number of charges in each of the frames around a piece.
-std::vector<int> répartis(int nombre, std::size_t cadres, Pièce pièce, Lieu lieu) {
-  std::vector<int> result(cadres, 0);
-  if (cadres == 0) return result;
-  const bool chevron = pièce == Pièce::chevron;
-  if (lieu == Lieu::en_pointe) {
-    result.back() = nombre;
-  } else if (lieu == Lieu::en_chef && chevron) {
-    result[0] = (nombre + 1) / 2;
-    result[1] = nombre / 2;
-  } else if (lieu == Lieu::en_chef) {
-    result[0] = nombre;
-  } else if (chevron && nombre == 1) {
-    result[2] = 1;
-  } else {
-    for (int i = 0; i < nombre; ++i) ++result[static_cast<std::size_t>(i) % cadres];
-  }
-  return result;
 }
 
 /// What goes with a charge, in the room taken from it.
@@ -130,24 +92,6 @@ class Peintre {
 
   void remplir(const Path &path, const Zone &zone_, Pixel couleur_) {
     fill_within(image_, path, zone_.masque, [couleur_](int, int) { return couleur_; });
-  }
-
-  Pixel peinture(const Meuble &meuble, const Objet &objet, const Trait_de_meuble &trait) const {
-    std::string nom_ = trait.peinture;
-    if (const auto détail = meuble.détails.find(nom_); détail != meuble.détails.end()) {
-      if (const auto choisi = objet.détails.find(nom_); choisi != objet.détails.end())
-        return couleur(choisi->second);
-      nom_ = détail->second;
-    }
-    const Pixel corps = objet.émail == Émail::naturel ? meuble.naturel : couleur(objet.émail);
-    if (nom_ == "corps") return corps;
-    if (nom_ == "ombre") return ombre(corps);
-    if (nom_ == "clair") return mêlé(corps, {255, 255, 255}, 0.4);
-    if (nom_ == "encre") return encre;
-    if (nom_.starts_with('#')) return lire_couleur(nom_);
-    for (int i = 0; i <= static_cast<int>(Émail::pourpre); ++i)
-      if (nom(static_cast<Émail>(i)) == nom_) return couleur(static_cast<Émail>(i));
-    throw Erreur_de_blason("charge \"" + meuble.nom + "\": no paint named " + nom_);
   }
 
   void peindre_émail(const Zone &zone_, Émail émail) {
@@ -317,7 +261,8 @@ class Peintre {
         c.h = peindre_sol(annexe.objet, zone_) - c.y;
         au_sol = true;
       } else {
-        compagnies.push_back({&annexe.objet, places_prises(annexe, zone_, c)});
+        compagnies.push_back(
+            {&annexe.objet, places_prises(annexe, meubles_.chercher(annexe.objet.meuble), zone_, c)});
       }
     }
     for (const Compagnie &compagnie : compagnies)
@@ -335,59 +280,6 @@ class Peintre {
     const Pièces_honorables p = pièces(zone_);
     peindre_pièce(sol, zone_, p.formes(sol.pièce, sol.nombre, sol.ligne));
     return zone_.cadre.bas() - p.épaisseur(sol.pièce, 1) * 0.72;
-  }
-
-  /// The places of what accompanies a charge; their room is taken from the charge's frame.
-  std::vector<Place> places_prises(const Annexe &annexe, const Zone &zone_, Cadre &c) const {
-    const Objet &objet = annexe.objet;
-    if (annexe.relation == Relation::accosté) return places_des_côtés(objet.nombre, c);
-    if (annexe.relation == Relation::cantonné || objet.nombre == 4) return places_des_cantons(c);
-    const bool partout = annexe.relation == Relation::accompagné && annexe.lieu == Lieu::partout;
-    if (partout && objet.nombre == 3) return places_deux_et_une(c);
-    const Meuble &meuble = meubles_.chercher(objet.meuble);
-    if (annexe.lieu == Lieu::en_pointe) {
-      const double h = c.h * 0.27;
-      c.h -= h;
-      return disposés(objet, objet.nombre, {c.x, c.bas(), c.l, h}, zone_, meuble);
-    }
-    const double h = c.h * 0.26;
-    const Cadre chef{c.x, c.y, c.l, h};
-    c = {c.x, c.y + h, c.l, c.h - h};
-    return disposés(objet, objet.nombre, chef, zone_, meuble);
-  }
-
-  static std::vector<Place> places_des_côtés(int nombre, Cadre &c) {
-    const double l = c.l * 0.27;
-    const double y = c.y + c.h * 0.08;
-    const double h = c.h * 0.6;
-    const auto colonne = [&](double x, int n) {
-      return n == 0 ? std::vector<Place>()
-                    : en_rangs({x, y, l, h}, std::vector<int>(static_cast<std::size_t>(n), 1));
-    };
-    auto places = colonne(c.x, (nombre + 1) / 2);
-    const auto sénestres = colonne(c.droite() - l, nombre / 2);
-    places.insert(places.end(), sénestres.begin(), sénestres.end());
-    c = {c.x + l, c.y, c.l - 2 * l, c.h};
-    return places;
-  }
-
-  static std::vector<Place> places_des_cantons(Cadre &c) {
-    const double l = c.l * 0.3;
-    const double h = c.h * 0.3;
-    std::vector<Place> places;
-    for (const double y : {c.y, c.y + c.h * 0.62})
-      for (const double x : {c.x, c.droite() - l}) places.push_back({{x, y, l, h}});
-    c = {c.x + l * 0.72, c.y + h * 0.35, c.l - l * 1.44, c.h - h * 0.8};
-    return places;
-  }
-
-  static std::vector<Place> places_deux_et_une(Cadre &c) {
-    const double l = c.l * 0.3;
-    const double h = c.h * 0.26;
-    std::vector<Place> places{
-        {{c.x, c.y, l, h}}, {{c.droite() - l, c.y, l, h}}, {{c.centre().x - l / 2, c.bas() - h, l, h}}};
-    c = {c.x + c.l * 0.1, c.y + h * 0.6, c.l * 0.8, c.h - h * 1.55};
-    return places;
   }
 
   void poser(const Meuble &meuble, const Objet &objet, const std::vector<Place> &places, const Zone &zone_,
@@ -420,22 +312,6 @@ class Peintre {
 };
 
 }  // namespace
-
-Pixel couleur(Émail émail) {
-  switch (émail) {
-    case Émail::or_: return {243, 192, 54};
-    case Émail::argent:
-    case Émail::hermine: return {246, 243, 234};
-    case Émail::gueules: return {196, 32, 44};
-    case Émail::azur:
-    case Émail::vair: return {34, 88, 168};
-    case Émail::sable: return {44, 40, 38};
-    case Émail::sinople: return {38, 122, 66};
-    case Émail::pourpre: return {122, 56, 130};
-    case Émail::naturel: return {150, 106, 62};
-  }
-  return encre;
-}
 
 void dessiner_blason(Image &image, const Blason &blason, const Meubles &meubles, const Path &contour,
                      double unité) {

@@ -3,12 +3,10 @@
 
 #include "armorial/blazon.h"
 #include "armorial/charges.h"
-#include "drawing/raster.h"
+#include "drawing/image.h"
+#include "drawing/path.h"
 
 namespace atelier {
-
-/// The tincture as paint; "au naturel" gives a brown.
-Pixel couleur(Émail émail);
 
 /// Draws the arms inside the closed `contour`, in the picture's own coordinates, with `unité` pixels to one
 /// pixel of the plain drawing: line widths and margins grow with it. The contour itself is not drawn.

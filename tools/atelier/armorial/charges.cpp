@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <fstream>
 #include <optional>
 #include <sstream>
@@ -18,17 +17,13 @@ struct Nœud {
   bool angle = false;
 };
 
-double distance(Point a, Point b) {
-  return std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y));
-}
-
 /// A third of the way from `at` to its neighbour `next`, in the direction that the curve has at `at`;
 /// `beyond` is the neighbour on the other side. The length is taken from the chord and not from the
 /// neighbours' distance, so that unevenly set points do not make the curve swing out.
 Point poignée(const Nœud &at, Point beyond, Point next) {
-  const double span = distance(beyond, next);
+  const double span = length(next - beyond);
   if (at.angle || span == 0) return {at.p.x + (next.x - at.p.x) / 3, at.p.y + (next.y - at.p.y) / 3};
-  const double t = distance(at.p, next) / (3 * span);
+  const double t = length(next - at.p) / (3 * span);
   return {at.p.x + (next.x - beyond.x) * t, at.p.y + (next.y - beyond.y) * t};
 }
 

@@ -31,7 +31,8 @@
 #include <string>
 #include <vector>
 
-#include "drawing/raster.h"
+#include "drawing/image.h"
+#include "drawing/path.h"
 
 namespace atelier {
 

@@ -36,10 +36,6 @@ void ajouter_motif(std::vector<Point> &points, Ligne ligne, double t, double pas
 
 }  // namespace
 
-double longueur(Point a, Point b) {
-  return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
-}
-
 Point entre(Point a, Point b, double t) {
   return {mix(a.x, b.x, t), mix(a.y, b.y, t)};
 }
@@ -70,7 +66,7 @@ double pas_des_lignes(const Cadre &cadre, double unité) {
 }
 
 std::vector<Point> frontière(Point a, Point b, Ligne ligne, double pas) {
-  const double l = longueur(a, b);
+  const double l = length(b - a);
   if (ligne == Ligne::droite || l == 0) return {a, b};
   const double dx = b.x - a.x;
   const double dy = b.y - a.y;
@@ -93,7 +89,7 @@ Path ruban(std::vector<Point> dessus, const std::vector<Point> &dessous) {
 }
 
 Path bandeau(Point a, Point b, double épaisseur, Ligne ligne, double pas) {
-  const double l = longueur(a, b);
+  const double l = length(b - a);
   const Point e{-(b.y - a.y) / l * épaisseur / 2, (b.x - a.x) / l * épaisseur / 2};
   const auto dessus = frontière({a.x - e.x, a.y - e.y}, {b.x - e.x, b.y - e.y}, ligne, pas);
   if (ligne == Ligne::ondée)
@@ -110,7 +106,7 @@ std::vector<Point> bord_travaillé(const std::vector<Point> &bord, Ligne ligne, 
   std::size_t depuis = 0;
   for (std::size_t i = 0; i < bord.size(); ++i) {
     const std::size_t suivant = (i + 1) % bord.size();
-    parcouru += longueur(bord[i], bord[suivant]);
+    parcouru += length(bord[suivant] - bord[i]);
     if (parcouru < pas && i + 1 < bord.size()) continue;
     const auto motif = frontière(bord[depuis], bord[suivant], ligne, pas);
     result.insert(result.end(), motif.begin(), motif.end() - 1);
@@ -152,7 +148,7 @@ std::vector<int> rangs_usuels(int nombre, const Cadre &cadre, double allongement
 }
 
 std::vector<Place> le_long(Point a, Point b, int nombre, double largeur, double angle) {
-  const double chacun = longueur(a, b) / nombre;
+  const double chacun = length(b - a) / nombre;
   std::vector<Place> places;
   places.reserve(static_cast<std::size_t>(nombre));
   for (int i = 0; i < nombre; ++i)

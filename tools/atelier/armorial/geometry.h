@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "armorial/blazon.h"
-#include "drawing/raster.h"
+#include "drawing/path.h"
 
 namespace atelier {
 
@@ -28,7 +28,6 @@ struct Place {
   double angle = 0;
 };
 
-double longueur(Point a, Point b);
 /// a at t = 0, b at t = 1.
 Point entre(Point a, Point b, double t);
 Cadre autour_de(Point centre, double l, double h);

@@ -133,7 +133,7 @@ Path Pièces_honorables::terrasse() const {
 Path Pièces_honorables::diagonale(Point a, Point b, int rang, int nombre, Pièce pièce, Ligne ligne) const {
   const double e = épaisseur(pièce, nombre);
   const double décalage = (rang - (nombre - 1) / 2.0) * e * 2.1;
-  const double l = longueur(a, b);
+  const double l = length(b - a);
   const Point d{-(b.y - a.y) / l * décalage, (b.x - a.x) / l * décalage};
   const Point de = entre(b, a, 1.3);
   const Point à = entre(a, b, 1.3);
@@ -145,7 +145,7 @@ Path Pièces_honorables::chevron(int rang, int nombre, Ligne ligne) const {
   const double écart = nombre == 1 ? 0 : (rang - (nombre - 1) / 2.0) * e * 2.4;
   const auto [s, g, d] = pieds_du_chevron(c_, écart);
   // Measured downwards a limb is thicker than across it.
-  const double v = e * longueur(s, g) / (s.x - g.x);
+  const double v = e * length(g - s) / (s.x - g.x);
   const auto dessus = suite(frontière(g, s, ligne, pas_), frontière(s, d, ligne, pas_));
   const Point s2{s.x, s.y + v};
   const auto dessous =

@@ -89,7 +89,7 @@ std::vector<Place> places_sur_le_tour(const Zone &zone_, double écart, int nomb
   // Way from the first point to each, once around.
   std::vector<double> chemin{0};
   for (std::size_t i = 0; i < tour.size(); ++i)
-    chemin.push_back(chemin.back() + longueur(tour[i], tour[(i + 1) % tour.size()]));
+    chemin.push_back(chemin.back() + length(tour[(i + 1) % tour.size()] - tour[i]));
   const double départ = chemin[tour.size() * 3 / 4];
   std::vector<Place> places;
   for (int i = 0; i < nombre; ++i) {

@@ -3,8 +3,7 @@
 
 #include <vector>
 
-#include "drawing/raster.h"
-#include "files/data.h"
+#include "drawing/image.h"
 #include "numbers/grid.h"
 
 namespace atelier {

@@ -8,6 +8,7 @@
 
 #include "numbers/math.h"
 #include "terrain/plan.h"
+#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

@@ -5,7 +5,8 @@
 #include <map>
 #include <string>
 
-#include "drawing/raster.h"
+#include "drawing/image.h"
+#include "drawing/path.h"
 
 namespace atelier {
 

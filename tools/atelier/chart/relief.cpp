@@ -7,6 +7,7 @@
 
 #include "numbers/math.h"
 #include "numbers/noise.h"
+#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

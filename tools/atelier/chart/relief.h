@@ -1,7 +1,7 @@
 // The map picture itself: relief, waters and coasts.
 #pragma once
 
-#include "drawing/raster.h"
+#include "drawing/image.h"
 #include "terrain/plan.h"
 #include "terrain/rivers.h"
 #include "terrain/terrain.h"

@@ -4,6 +4,7 @@
 
 #include "country/growth.h"
 #include "numbers/math.h"
+#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

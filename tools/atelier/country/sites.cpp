@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "numbers/math.h"
+#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

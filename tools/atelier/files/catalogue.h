@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "drawing/raster.h"
+#include "drawing/image.h"
 #include "files/gif_file.h"
 
 namespace atelier {

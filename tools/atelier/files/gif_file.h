@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "drawing/raster.h"
+#include "drawing/image.h"
 
 namespace atelier {
 

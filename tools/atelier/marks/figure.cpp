@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "numbers/math.h"
+#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

@@ -5,7 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "drawing/raster.h"
+#include "drawing/image.h"
+#include "drawing/path.h"
 
 namespace atelier {
 

@@ -4,6 +4,7 @@
 
 #include "files/image_file.h"
 #include "marks/figure.h"
+#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

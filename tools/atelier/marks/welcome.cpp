@@ -4,6 +4,7 @@
 
 #include "marks/figure.h"
 #include "numbers/math.h"
+#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

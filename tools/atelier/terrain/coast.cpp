@@ -4,6 +4,7 @@
 
 #include "numbers/math.h"
 #include "numbers/noise.h"
+#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

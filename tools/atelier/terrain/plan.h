@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "drawing/raster.h"
+#include "drawing/path.h"
 
 namespace atelier {
 

@@ -1,9 +1,10 @@
 // The language of blazons: what is read, and what is refused with which words.
+#include "armorial/blazon.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
-#include "armorial/blazon.h"
 #include "armorial/charges.h"
 
 namespace atelier {

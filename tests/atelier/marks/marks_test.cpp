@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 using atelier::Image;
 using atelier::Pixel;
 
-const fs::path images = IMAGES;
+const fs::path images = fs::path(RESOURCES) / "images";
 
 bool is_gif(const std::string &file) {
   return file.ends_with(".gif");
@@ -236,7 +236,7 @@ std::set<std::string> files_under(const fs::path &root) {
   return files;
 }
 
-TEST(Stock, IsByteForByteWhatTheAtelierDrawsToday) {
+TEST(Marks, AreByteForByteWhatTheAtelierDrawsToday) {
   const fs::path folder = fs::path(testing::TempDir()) / ("marks-" + std::to_string(std::random_device()()));
   atelier::Catalogue catalogue;
   atelier::dessiner_repères(folder, catalogue);

@@ -9,7 +9,6 @@
 #include <set>
 #include <sstream>
 
-#include "armorial/blazon_drawing.h"
 #include "armorial/paint.h"
 
 namespace atelier {

@@ -1,5 +1,6 @@
 #include "content.h"
 
+#include <cstdint>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>

@@ -1,8 +1,6 @@
 // What the tests read out of resources/, in the way in which the game reads it.
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <string>

@@ -1,8 +1,6 @@
 // "ardane.pts": its records, its bounds, and the provinces that it draws.
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "content.h"
 
 namespace content {

@@ -12,7 +12,6 @@
 #include <random>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "files/catalogue.h"
 #include "files/gif_file.h"

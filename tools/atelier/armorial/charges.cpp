@@ -101,22 +101,22 @@ std::vector<Nœud> complétés(std::vector<Nœud> nœuds, double axe) {
   return nœuds;
 }
 
-Path polygone(const std::vector<Nœud> &nœuds) {
+Path à_angles(const std::vector<Nœud> &nœuds) {
   std::vector<Point> points;
   points.reserve(nœuds.size());
   for (const Nœud &nœud : nœuds) points.push_back(nœud.p);
-  return Path().add_polygon(points);
+  return polygon(points);
 }
 
 Path lire_forme(Ligne_de_meuble &ligne, const Meuble &meuble) {
   const std::string genre = ligne.mot();
   const double axe = meuble.largeur / 2;
   if (genre == "svg") return path_from_svg(ligne.reste(), 0.05);
-  if (genre == "poly") return polygone(ligne.nœuds());
+  if (genre == "poly") return à_angles(ligne.nœuds());
   if (genre == "lisse") return courbe(ligne.nœuds(), true);
   if (genre == "ligne") return courbe(ligne.nœuds(), false);
   if (genre == "demi") return courbe(complétés(ligne.nœuds(), axe), true);
-  if (genre == "demipoly") return polygone(complétés(ligne.nœuds(), axe));
+  if (genre == "demipoly") return à_angles(complétés(ligne.nœuds(), axe));
   if (genre == "cercle") {
     const double x = ligne.nombre();
     const double y = ligne.nombre();

@@ -114,10 +114,10 @@ class Diviseur {
   Parts écartelé() const {
     const Point k = c_.centre();
     const bool émaux = champ_.quartiers.empty();
-    return {{polygone({{x1_, y1_}, {k.x, y1_}, k, {x1_, k.y}}), 0},
-            {polygone({{k.x, y1_}, {x2_, y1_}, {x2_, k.y}, k}), 1},
-            {polygone({{x1_, k.y}, k, {k.x, y2_}, {x1_, y2_}}), émaux ? 1U : 2U},
-            {polygone({k, {x2_, k.y}, {x2_, y2_}, {k.x, y2_}}), émaux ? 0U : 3U}};
+    return {{polygon({{x1_, y1_}, {k.x, y1_}, k, {x1_, k.y}}), 0},
+            {polygon({{k.x, y1_}, {x2_, y1_}, {x2_, k.y}, k}), 1},
+            {polygon({{x1_, k.y}, k, {k.x, y2_}, {x1_, y2_}}), émaux ? 1U : 2U},
+            {polygon({k, {x2_, k.y}, {x2_, y2_}, {k.x, y2_}}), émaux ? 0U : 3U}};
   }
 
   Parts écartelé_en_sautoir() const {
@@ -126,10 +126,10 @@ class Diviseur {
     const Point hs = loin(o, coins_.haut_sénestre);
     const Point bd = loin(o, coins_.bas_dextre);
     const Point bs = loin(o, coins_.bas_sénestre);
-    return {{polygone({hd, hs, o}), 0},
-            {polygone({hs, bs, o}), 1},
-            {polygone({bs, {c_.centre().x, y2_ + c_.h}, bd, o}), 0},
-            {polygone({bd, hd, o}), 1}};
+    return {{polygon({hd, hs, o}), 0},
+            {polygon({hs, bs, o}), 1},
+            {polygon({bs, {c_.centre().x, y2_ + c_.h}, bd, o}), 0},
+            {polygon({bd, hd, o}), 1}};
   }
 
   Parts gironné() const {
@@ -141,23 +141,23 @@ class Diviseur {
     };
     Parts parts;
     for (int i = 0; i < champ_.pièces; ++i)
-      parts.push_back({polygone({o, rayon(i), rayon(i + 1)}), static_cast<std::size_t>(i)});
+      parts.push_back({polygon({o, rayon(i), rayon(i + 1)}), static_cast<std::size_t>(i)});
     return parts;
   }
 
   Parts chapé() const {
     const Point sommet{c_.centre().x, y1_};
     const double bas = coins_.bas_dextre.y;
-    return {{polygone({sommet, {x2_, bas}, {x2_, y2_}, {x1_, y2_}, {x1_, bas}}), 0},
-            {polygone({{x1_, y1_}, sommet, {x1_, bas}}), 1},
-            {polygone({{x2_, y1_}, sommet, {x2_, bas}}), 1}};
+    return {{polygon({sommet, {x2_, bas}, {x2_, y2_}, {x1_, y2_}, {x1_, bas}}), 0},
+            {polygon({{x1_, y1_}, sommet, {x1_, bas}}), 1},
+            {polygon({{x2_, y1_}, sommet, {x2_, bas}}), 1}};
   }
 
   Parts chaussé() const {
     const Point pied{c_.centre().x, y2_};
-    return {{polygone({{x1_, y1_}, {x2_, y1_}, pied}), 0},
-            {polygone({{x1_, y1_}, pied, {x1_, y2_}}), 1},
-            {polygone({{x2_, y1_}, pied, {x2_, y2_}}), 1}};
+    return {{polygon({{x1_, y1_}, {x2_, y1_}, pied}), 0},
+            {polygon({{x1_, y1_}, pied, {x1_, y2_}}), 1},
+            {polygon({{x2_, y1_}, pied, {x2_, y2_}}), 1}};
   }
 
   Parts échiqueté() const {
@@ -177,7 +177,7 @@ class Diviseur {
     for (double y = c_.y; y < c_.bas() + h; y += h)
       for (int i = 0; i <= champ_.pièces; ++i) {
         const double x = c_.x + l * i;
-        parts.push_back({polygone({{x, y - h / 2}, {x + l / 2, y}, {x, y + h / 2}, {x - l / 2, y}}), 1});
+        parts.push_back({polygon({{x, y - h / 2}, {x + l / 2, y}, {x, y + h / 2}, {x - l / 2, y}}), 1});
       }
     return parts;
   }

@@ -48,10 +48,6 @@ Path rectangle(const Cadre &cadre) {
   return Path().add_rectangle(cadre.x, cadre.y, cadre.l, cadre.h);
 }
 
-Path polygone(const std::vector<Point> &points) {
-  return Path().add_polygon(points);
-}
-
 Coins::Coins(const Cadre &cadre) {
   const double bas = cadre.y + cadre.h * (cadre.bannière() ? 1 : 0.94);
   haut_dextre = {cadre.x, cadre.y};
@@ -85,7 +81,7 @@ std::vector<Point> frontière(Point a, Point b, Ligne ligne, double pas) {
 
 Path ruban(std::vector<Point> dessus, const std::vector<Point> &dessous) {
   dessus.insert(dessus.end(), dessous.rbegin(), dessous.rend());
-  return Path().add_polygon(dessus);
+  return polygon(dessus);
 }
 
 Path bandeau(Point a, Point b, double épaisseur, Ligne ligne, double pas) {

@@ -32,7 +32,6 @@ struct Place {
 Point entre(Point a, Point b, double t);
 Cadre autour_de(Point centre, double l, double h);
 Path rectangle(const Cadre &cadre);
-Path polygone(const std::vector<Point> &points);
 
 /// The corners that diagonals run to: those of a banner, and in a shield those of the straight part of its
 /// flanks.

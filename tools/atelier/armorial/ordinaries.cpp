@@ -1,7 +1,5 @@
 #include "armorial/ordinaries.h"
 
-#include <algorithm>
-
 #include "numbers/math.h"
 
 namespace atelier {
@@ -150,7 +148,7 @@ Path Pièces_honorables::chevron(int rang, int nombre, Ligne ligne) const {
   const Point s2{s.x, s.y + v};
   const auto dessous =
       suite(frontière({d.x, d.y + v}, s2, ligne, pas_), frontière(s2, {g.x, g.y + v}, ligne, pas_));
-  return polygone(suite(dessus, dessous));
+  return polygon(suite(dessus, dessous));
 }
 
 Path Pièces_honorables::croix(Ligne ligne) const {

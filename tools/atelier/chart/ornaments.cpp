@@ -1,14 +1,13 @@
 #include "chart/ornaments.h"
 
-#include <array>
-#include <cstdlib>
 #include <fstream>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 
+#include "drawing/raster.h"
 #include "numbers/math.h"
 #include "terrain/plan.h"
-#include "drawing/raster.h"
 
 namespace atelier {
 namespace {
@@ -40,12 +39,6 @@ class Pen {
 Path rectangle(double x, double y, double width, double height) {
   Path path;
   path.add_rectangle(x, y, width, height);
-  return path;
-}
-
-Path polygon(std::initializer_list<Point> corners) {
-  Path path;
-  path.add_polygon(std::span<const Point>(corners.begin(), corners.size()));
   return path;
 }
 

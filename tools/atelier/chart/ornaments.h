@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <map>
-#include <string>
 
 #include "drawing/image.h"
 #include "drawing/path.h"

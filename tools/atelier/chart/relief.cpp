@@ -5,9 +5,9 @@
 #include <cmath>
 #include <span>
 
+#include "drawing/raster.h"
 #include "numbers/math.h"
 #include "numbers/noise.h"
-#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "country/growth.h"
-#include "numbers/math.h"
 #include "drawing/raster.h"
+#include "numbers/math.h"
 
 namespace atelier {
 namespace {

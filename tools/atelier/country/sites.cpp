@@ -1,14 +1,13 @@
 #include "country/sites.h"
 
-#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <stdexcept>
 
-#include "numbers/math.h"
 #include "drawing/raster.h"
+#include "numbers/math.h"
 
 namespace atelier {
 namespace {

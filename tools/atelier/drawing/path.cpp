@@ -115,4 +115,8 @@ std::pair<Point, Point> Path::bounds() const {
   return {low, high};
 }
 
+Path polygon(const std::vector<Point> &corners) {
+  return Path().add_polygon(corners);
+}
+
 }  // namespace atelier

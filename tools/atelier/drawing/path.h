@@ -77,6 +77,8 @@ class Path {
   double flatness_;
 };
 
+Path polygon(const std::vector<Point> &corners);
+
 /// The path of an SVG "d" attribute with the commands M L H V C S Q T Z in both cases.
 /// Throws std::invalid_argument on anything else, elliptic arcs included (add_ellipse serves for circles).
 Path path_from_svg(std::string_view d, double flatness = 0.02);

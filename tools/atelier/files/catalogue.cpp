@@ -4,6 +4,7 @@
 #include <fstream>
 #include <stdexcept>
 #include <tuple>
+#include <utility>
 
 namespace atelier {
 

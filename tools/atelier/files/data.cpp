@@ -1,6 +1,5 @@
 #include "files/data.h"
 
-#include <array>
 #include <charconv>
 #include <fstream>
 #include <stdexcept>

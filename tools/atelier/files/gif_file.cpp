@@ -4,12 +4,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <limits>
 #include <map>
 #include <memory>
 #include <stdexcept>
-#include <string>
 #include <vector>
 
 namespace atelier {

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "numbers/math.h"
 #include "drawing/raster.h"
+#include "numbers/math.h"
 
 namespace atelier {
 namespace {
@@ -93,7 +93,7 @@ Path étoile(Point centre, double rayon, double rayon_intérieur, int pointes) {
     const double r = i % 2 == 0 ? rayon : rayon_intérieur;
     sommets.push_back({centre.x + r * cosine(angle), centre.y + r * sine(angle)});
   }
-  return polygone(std::move(sommets));
+  return polygon(sommets);
 }
 
 Path rectangle_arrondi(double x, double y, double largeur, double hauteur, double rayon) {
@@ -105,10 +105,6 @@ Path rectangle_arrondi(double x, double y, double largeur, double hauteur, doubl
   forme.line_to({x + rayon, bas}).quad_to({x, bas}, {x, bas - rayon});
   forme.line_to({x, y + rayon}).quad_to({x, y}, {x + rayon, y});
   return forme.close();
-}
-
-Path polygone(std::vector<Point> sommets) {
-  return Path().add_polygon(sommets);
 }
 
 Image dessiner(const Figure &figure, const Rendu &rendu) {

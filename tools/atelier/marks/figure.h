@@ -52,7 +52,6 @@ Path arc(Point centre, double rayon, double de, double à, double largeur);
 /// A star with its first point upward.
 Path étoile(Point centre, double rayon, double rayon_intérieur, int pointes);
 Path rectangle_arrondi(double x, double y, double largeur, double hauteur, double rayon);
-Path polygone(std::vector<Point> sommets);
 
 /// How a figure becomes a picture.
 struct Rendu {

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "drawing/raster.h"
 #include "files/image_file.h"
 #include "marks/figure.h"
-#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <cmath>
 
+#include "drawing/raster.h"
 #include "marks/figure.h"
 #include "numbers/math.h"
-#include "drawing/raster.h"
 
 namespace atelier {
 namespace {
@@ -132,8 +132,8 @@ void arbres(Toile &toile) {
       const double bas = sapin.pied - étage * sapin.taille * 0.27;
       const double l = demi * (1 - 0.22 * étage);
       const Path branche =
-          polygone({{sapin.x - l, bas}, {sapin.x, bas - sapin.taille * 0.46}, {sapin.x + l, bas}});
-      const Path ombre = polygone({{sapin.x, bas}, {sapin.x, bas - sapin.taille * 0.46}, {sapin.x + l, bas}});
+          polygon({{sapin.x - l, bas}, {sapin.x, bas - sapin.taille * 0.46}, {sapin.x + l, bas}});
+      const Path ombre = polygon({{sapin.x, bas}, {sapin.x, bas - sapin.taille * 0.46}, {sapin.x + l, bas}});
       toile.poser(branche, {50, 110, 68});
       toile.poser(ombre, {26, 76, 52});
     }

@@ -1,5 +1,7 @@
 #include "numbers/grid.h"
 
+#include <cmath>
+
 namespace atelier {
 namespace {
 

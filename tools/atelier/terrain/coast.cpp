@@ -2,9 +2,9 @@
 
 #include <cmath>
 
+#include "drawing/raster.h"
 #include "numbers/math.h"
 #include "numbers/noise.h"
-#include "drawing/raster.h"
 
 namespace atelier {
 namespace {

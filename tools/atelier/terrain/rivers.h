@@ -3,7 +3,6 @@
 
 #include <vector>
 
-#include "numbers/grid.h"
 #include "terrain/coast.h"
 #include "terrain/plan.h"
 #include "terrain/terrain.h"

@@ -10,6 +10,7 @@
 
 #include "front/pilote/commands.h"
 #include "front/pilote/event_lines.h"
+#include "front/pilote/options.h"
 #include "front/pilote/refusal.h"
 
 namespace ardane {

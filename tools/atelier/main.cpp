@@ -4,12 +4,12 @@
 #include <filesystem>
 #include <iostream>
 
-#include "armorial.h"
-#include "catalogue.h"
-#include "country_map.h"
-#include "data.h"
-#include "marks.h"
-#include "sounds.h"
+#include "armorial/armorial.h"
+#include "chart/country_map.h"
+#include "files/catalogue.h"
+#include "files/data.h"
+#include "marks/marks.h"
+#include "voices/sounds.h"
 
 int main(int argc, char **argv) {
   namespace fs = std::filesystem;

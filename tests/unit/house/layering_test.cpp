@@ -1,4 +1,5 @@
-// The first law of the house: a folder includes only folders below it.
+// The first law of the house: a folder includes only folders below it. It holds for the program and for the
+// atelier.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -16,17 +17,13 @@ using Dessous = std::map<std::string, std::set<std::string>>;
 const std::set<std::string> tout_sauf_les_façades = {
     "platform", "core", "map", "persistence", "play", "services", "configuration", "screens", "startup"};
 
-const std::set<std::string> &sous_le_pilote() {
-  static const std::set<std::string> dessous = [] {
-    std::set<std::string> tout = tout_sauf_les_façades;
-    tout.insert("front/scripted");
-    return tout;
-  }();
-  return dessous;
+std::set<std::string> et_aussi(std::set<std::string> dossiers, const std::string &autre) {
+  dossiers.insert(autre);
+  return dossiers;
 }
 
-// The folders that each folder may include besides itself.
-const Dessous &dessous() {
+// The folders that each folder of the program may include besides itself.
+const Dessous &dessous_du_programme() {
   static const Dessous table = {
       {"platform", {}},
       {"core", {"platform"}},
@@ -38,10 +35,40 @@ const Dessous &dessous() {
       {"screens", {"platform", "core", "map", "persistence", "play"}},
       {"startup", {"platform", "core", "map", "persistence", "play", "services", "configuration", "screens"}},
       {"front/scripted", {"platform", "core"}},
-      {"front/pilote", sous_le_pilote()},
+      {"front/pilote", et_aussi(tout_sauf_les_façades, "front/scripted")},
       {"front/qt", tout_sauf_les_façades},
   };
   return table;
+}
+
+// The same for the rooms of the atelier, and for what stands before them.
+const Dessous &dessous_de_l_atelier() {
+  static const Dessous table = {
+      {"numbers", {}},
+      {"drawing", {"numbers"}},
+      {"files", {"numbers", "drawing"}},
+      {"terrain", {"numbers", "drawing", "files"}},
+      {"country", {"numbers", "drawing", "files", "terrain"}},
+      {"chart", {"numbers", "drawing", "files", "terrain", "country"}},
+      {"armorial", {"numbers", "drawing", "files"}},
+      {"marks", {"numbers", "drawing", "files"}},
+      {"voices", {"numbers"}},
+      {"main.cpp", {"files", "chart", "armorial", "marks", "voices"}},
+  };
+  return table;
+}
+
+struct Maison {
+  std::filesystem::path racine;
+  const Dessous &dessous;
+};
+
+Maison programme() {
+  return {ARDANE_SOURCES, dessous_du_programme()};
+}
+
+Maison atelier() {
+  return {ATELIER_SOURCES, dessous_de_l_atelier()};
 }
 
 template <class F>
@@ -53,48 +80,71 @@ void pour_chaque_inclusion(const std::filesystem::path &fichier, F &&dire) {
   });
 }
 
-/// The folder of the table that a path below src/ lies in; empty if it lies in none.
-std::string dossier_de(const std::string &chemin) {
-  for (const auto &[dossier, permis] : dessous())
-    if (chemin.starts_with(dossier + "/")) return dossier;
+/// The entry of the table that a path below the root lies in; empty if it lies in none.
+std::string dossier_de(const Maison &maison, const std::string &chemin) {
+  for (const auto &[dossier, permis] : maison.dessous)
+    if (chemin == dossier || chemin.starts_with(dossier + "/")) return dossier;
   return {};
 }
 
+std::string dossier_de(const Maison &maison, const std::filesystem::path &source) {
+  return dossier_de(maison, source.lexically_relative(maison.racine).generic_string());
+}
+
 /// Complaints about a source: what it includes lies neither in its own folder nor in one below.
-std::string fautes(const std::filesystem::path &source, const std::string &dossier) {
+std::string fautes(const Maison &maison, const std::filesystem::path &source, const std::string &dossier) {
   std::string plaintes;
   pour_chaque_inclusion(source, [&](const std::string &inclus) {
-    const std::string cible = dossier_de(inclus);
-    if (!cible.empty() && cible != dossier && !dessous().at(dossier).contains(cible))
+    const std::string cible = dossier_de(maison, inclus);
+    if (!cible.empty() && cible != dossier && !maison.dessous.at(dossier).contains(cible))
       plaintes += source.string() + " includes " + inclus + "\n";
   });
   return plaintes;
 }
 
-TEST(House, NoIncludeGoesUp) {
-  pour_chaque_source([](const std::filesystem::path &source) {
-    const std::string dossier = dossier_de(source.lexically_relative(ARDANE_SOURCES).generic_string());
+void aucune_inclusion_ne_monte(const Maison &maison) {
+  for (const auto &[dossier, permis] : maison.dessous)
+    EXPECT_TRUE(std::filesystem::exists(maison.racine / dossier)) << dossier;
+  pour_chaque_source(maison.racine, [&](const std::filesystem::path &source) {
+    const std::string dossier = dossier_de(maison, source);
     ASSERT_NE(dossier, "") << source << " has no place in the order of the folders";
-    EXPECT_EQ(fautes(source, dossier), "");
+    EXPECT_EQ(fautes(maison, source, dossier), "");
   });
 }
 
-TEST(House, TheCheckOfIncludesKnowsTheFolderOfEachPath) {
-  EXPECT_EQ(dossier_de("front/qt/modules/sound_module.cpp"), "front/qt");
-  EXPECT_EQ(dossier_de("map/layers.h"), "map");
-  EXPECT_EQ(dossier_de("mapped/layers.h"), "");
-  EXPECT_EQ(dossier_de("vector"), "");
-}
-
-TEST(House, OnlyTheDesktopFrontEndKnowsAToolkit) {
-  pour_chaque_source([](const std::filesystem::path &source) {
-    if (source.string().find("front/qt/") != std::string::npos) return;
+void seul_connaît_une_boîte_à_outils(const Maison &maison, const std::string &dossier) {
+  pour_chaque_source(maison.racine, [&](const std::filesystem::path &source) {
+    if (dossier_de(maison, source) == dossier) return;
     pour_chaque_inclusion(source, [&](const std::string &inclus) {
       EXPECT_FALSE(inclus.size() > 1 && inclus[0] == 'Q' &&
                    std::isupper(static_cast<unsigned char>(inclus[1])))
           << source << " includes " << inclus;
     });
   });
+}
+
+TEST(House, NoIncludeGoesUp) {
+  aucune_inclusion_ne_monte(programme());
+}
+
+TEST(House, NoIncludeOfTheAtelierGoesUp) {
+  aucune_inclusion_ne_monte(atelier());
+}
+
+TEST(House, TheCheckOfIncludesKnowsTheFolderOfEachPath) {
+  const auto dossier = [](const char *chemin) { return dossier_de(programme(), std::string(chemin)); };
+  EXPECT_EQ(dossier("front/qt/modules/sound_module.cpp"), "front/qt");
+  EXPECT_EQ(dossier("map/layers.h"), "map");
+  EXPECT_EQ(dossier("mapped/layers.h"), "");
+  EXPECT_EQ(dossier("vector"), "");
+}
+
+TEST(House, OnlyTheDesktopFrontEndKnowsAToolkit) {
+  seul_connaît_une_boîte_à_outils(programme(), "front/qt");
+}
+
+TEST(House, OnlyTheFilesOfTheAtelierKnowAToolkit) {
+  seul_connaît_une_boîte_à_outils(atelier(), "files");
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ bool change_le_dossier(const std::string &ligne) {
 }
 
 TEST(House, NoSourceChangesTheFolderOfTheProcess) {
-  pour_chaque_source([](const std::filesystem::path &source) {
+  pour_chaque_source(ARDANE_SOURCES, [](const std::filesystem::path &source) {
     pour_chaque_ligne(source, [&](const std::string &ligne) {
       EXPECT_FALSE(change_le_dossier(ligne)) << source << ": " << ligne;
     });
@@ -25,7 +25,7 @@ TEST(House, NoSourceChangesTheFolderOfTheProcess) {
 }
 
 TEST(House, OnlyTheFolderOfARunReadsTheFolderOfTheProcess) {
-  pour_chaque_source([](const std::filesystem::path &source) {
+  pour_chaque_source(ARDANE_SOURCES, [](const std::filesystem::path &source) {
     if (source.filename() == "current_folder.cpp") return;
     pour_chaque_ligne(source, [&](const std::string &ligne) {
       EXPECT_EQ(ligne.find("current_path"), std::string::npos) << source << ": " << ligne;

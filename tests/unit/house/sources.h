@@ -1,4 +1,4 @@
-// The program's own sources, for tests that read them.
+// The sources of the program and of the atelier, for tests that read them.
 #pragma once
 
 #include <filesystem>
@@ -7,10 +7,10 @@
 
 namespace ardane {
 
-/// Calls `voir` with the path of each source and header below src/.
+/// Calls `voir` with the path of each source and header below a folder.
 template <class F>
-void pour_chaque_source(F &&voir) {
-  for (const auto &entrée : std::filesystem::recursive_directory_iterator(ARDANE_SOURCES))
+void pour_chaque_source(const std::filesystem::path &racine, F &&voir) {
+  for (const auto &entrée : std::filesystem::recursive_directory_iterator(racine))
     if (entrée.path().extension() == ".h" || entrée.path().extension() == ".cpp") voir(entrée.path());
 }
 

@@ -31,7 +31,7 @@ TEST_F(Texts, WithOneLanguageTheChangeAsksForHelpAndWritesNothing) {
   EXPECT_EQ(m.dernière_boîte().titre, "I need your help !");
   EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::jeu_en_français_seulement));
   EXPECT_EQ(m.g().Langue, 1);
-  EXPECT_EQ(m.registre.lire(clé_du_jeu, "langue"), "témoin");
+  EXPECT_EQ(m.monde.registre->lire(clé_du_jeu, "langue"), "témoin");
 }
 
 TEST_F(Texts, WithTwoLanguagesTheChangeTogglesBetweenThemAndIsRemembered) {
@@ -41,15 +41,14 @@ TEST_F(Texts, WithTwoLanguagesTheChangeTogglesBetweenThemAndIsRemembered) {
     source += std::to_string(1250 + i) + "\tdeux " + std::to_string(i) + "\n";
   }
   const Ressources deux_langues{TableChaînes(source), ressources_du_programme().images};
-  RegistreMémoire registre;
-  Programme p({m.boîtes, registre, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, m.façade},
-              deux_langues);
+  MondeScripté monde(options_factices(), m, m);
+  Programme p(monde.monde(), deux_langues, m.dossier.chemin());
   ASSERT_TRUE(p.Démarrage(m.dossier.chemin()));
   EXPECT_EQ(p.principale().titre, "un 110");
   cliquer(p.principale(), p.principale().menu("Menu_langue"));
   EXPECT_EQ(p.état().Langue, 2);
   EXPECT_EQ(p.principale().titre, "deux 110");
-  EXPECT_EQ(registre.lire(clé_du_jeu, "langue"), "2");
+  EXPECT_EQ(monde.registre->lire(clé_du_jeu, "langue"), "2");
   cliquer(p.principale(), p.principale().menu("Menu_langue"));
   EXPECT_EQ(p.principale().titre, "un 110");
 }

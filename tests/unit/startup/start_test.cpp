@@ -4,6 +4,7 @@
 #include "core/chooser_modes.h"
 #include "persistence/registry.h"
 #include "persistence/score_file.h"
+#include "platform/registry_store.h"
 #include "platform/window_layout.h"
 #include "support/fake_world.h"
 
@@ -173,9 +174,9 @@ class RegistreFermé : public RegistreMémoire {
 };
 
 TEST_F(Start, ARegistryKeyThatCannotBeMadeStopsTheProgramAtTheFirstText) {
-  RegistreFermé fermé;
-  Programme autre({m.boîtes, fermé, m.écran, m.son, m.horloge, m.hasard, m.web, m.aide, m.façade},
-                  ressources_du_programme());
+  MondeScripté monde(options_factices(), m, m);
+  monde.registre = std::make_unique<RegistreFermé>();
+  Programme autre(monde.monde(), ressources_du_programme(), m.dossier.chemin());
   EXPECT_THROW(autre.Démarrage(m.dossier.chemin()), ErreurFatale);
 }
 

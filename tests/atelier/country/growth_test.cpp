@@ -1,0 +1,42 @@
+// Territories keep to their zone, their size and together.
+#include "country/growth.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace atelier {
+namespace {
+
+TEST(Growth, KeepsToItsZoneAndReachesItsTargets) {
+  Grid<int> zone(60, 40, 1);
+  for (int y = 0; y < 40; ++y) zone.at(30, y) = 0;
+  for (int y = 0; y < 40; ++y)
+    for (int x = 31; x < 60; ++x) zone.at(x, y) = 2;
+  const Field cost(60, 40, 1);
+  const std::vector<Seed> seeds = {{{5, 5}, 0}, {{20, 30}, 0}, {{45, 20}, 0}};
+  const Grid<int> labels = grow_balanced(seeds, {400, 800, 1160}, cost, zone, 40, 0);
+  std::array<int, 4> areas{};
+  for (int y = 0; y < 40; ++y)
+    for (int x = 0; x < 60; ++x) {
+      const int label = labels.at(x, y);
+      ++areas.at(static_cast<std::size_t>(label));
+      EXPECT_EQ(label == 0, zone.at(x, y) == 0);
+      EXPECT_EQ(label == 3, zone.at(x, y) == 2);
+    }
+  EXPECT_NEAR(areas[1], 400, 40);
+  EXPECT_NEAR(areas[2], 800, 40);
+}
+
+TEST(Growth, LeavesEachLabelInOnePiece) {
+  Grid<int> labels(10, 4, 1);
+  for (int y = 0; y < 4; ++y)
+    for (int x = 5; x < 10; ++x) labels.at(x, y) = 2;
+  labels.at(8, 2) = 1;
+  join_pieces(labels);
+  EXPECT_EQ(labels.at(8, 2), 2);
+  EXPECT_EQ(labels.at(0, 0), 1);
+}
+
+}  // namespace
+}  // namespace atelier

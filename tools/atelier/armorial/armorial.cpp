@@ -1,0 +1,259 @@
+#include "armorial/armorial.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <stdexcept>
+
+#include "armorial/blazon_drawing.h"
+#include "armorial/paint.h"
+#include "drawing/raster.h"
+#include "files/image_file.h"
+#include "numbers/math.h"
+
+namespace atelier {
+namespace {
+
+constexpr int double_dessin = 2;
+/// Under the country's arms, whose picture knows no transparency.
+constexpr Pixel parchemin{248, 244, 234};
+
+std::vector<std::string> champs(const std::string &ligne, std::size_t nombre) {
+  std::vector<std::string> result;
+  std::size_t début = 0;
+  while (result.size() + 1 < nombre) {
+    const auto barre = ligne.find('|', début);
+    if (barre == std::string::npos) throw std::runtime_error("a field is missing");
+    result.push_back(ligne.substr(début, barre - début));
+    début = barre + 1;
+  }
+  result.push_back(ligne.substr(début));
+  return result;
+}
+
+Armoiries &case_libre(std::vector<Armoiries> &cases, const std::string &numéro) {
+  const std::size_t n = std::stoul(numéro);
+  if (n < 1 || n >= cases.size()) throw std::runtime_error("no such number: " + numéro);
+  if (!cases[n].texte.empty()) throw std::runtime_error("given twice: " + numéro);
+  return cases[n];
+}
+
+void remplir(Armoiries &armoiries, const std::string &couronne, const std::string &texte,
+             const Meubles &meubles) {
+  if (!couronne.empty()) meubles.chercher("couronne " + couronne);
+  armoiries = {couronne, texte, lire_blason(texte, meubles)};
+}
+
+void lire_ligne(Armorial &armorial, const std::string &ligne, const Meubles &meubles) {
+  if (ligne.starts_with("pays|")) {
+    const auto c = champs(ligne, 3);
+    remplir(armorial.pays, c[1], c[2], meubles);
+  } else if (ligne.starts_with("province|")) {
+    const auto c = champs(ligne, 4);
+    remplir(case_libre(armorial.provinces, c[1]), c[2], c[3], meubles);
+  } else if (ligne.starts_with("région|")) {
+    const auto c = champs(ligne, 3);
+    remplir(case_libre(armorial.régions, c[1]), "", c[2], meubles);
+  } else {
+    throw std::runtime_error("unknown line");
+  }
+}
+
+/// A shield with straight flanks that run out into a point.
+Path écu(double x, double y, double l, double h) {
+  const double m = x + l / 2;
+  const double coin = l * 0.03;
+  return Path(0.05)
+      .move_to({x + coin, y})
+      .line_to({x + l - coin, y})
+      .quad_to({x + l, y}, {x + l, y + coin})
+      .line_to({x + l, y + h * 0.56})
+      .curve_to({x + l, y + h * 0.78}, {m + l * 0.27, y + h * 0.92}, {m, y + h})
+      .curve_to({m - l * 0.27, y + h * 0.92}, {x, y + h * 0.78}, {x, y + h * 0.56})
+      .line_to({x, y + coin})
+      .quad_to({x, y}, {x + coin, y})
+      .close();
+}
+
+Pixel éclairé(Pixel p, double lumière) {
+  const double but = lumière > 0 ? 255 : 0;
+  const double t = std::abs(lumière);
+  const auto canal = [&](std::uint8_t v) { return static_cast<std::uint8_t>(std::lround(mix(v, but, t))); };
+  return {canal(p.r), canal(p.g), canal(p.b), p.a};
+}
+
+/// Mean of `values` over a square of 2r + 1 pixels, zero outside.
+std::vector<double> adouci(const Coverage &masque, int r) {
+  const int l = masque.width;
+  const int h = masque.height;
+  const auto indice = [l](int x, int y) {
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(l) + static_cast<std::size_t>(x);
+  };
+  std::vector<double> lignes(masque.values.size()), result(masque.values.size());
+  for (int y = 0; y < h; ++y)
+    for (int x = 0; x < l; ++x) {
+      double somme = 0;
+      for (int d = std::max(0, x - r); d <= std::min(l - 1, x + r); ++d) somme += masque.at(d, y);
+      lignes[indice(x, y)] = somme / (2 * r + 1);
+    }
+  for (int y = 0; y < h; ++y)
+    for (int x = 0; x < l; ++x) {
+      double somme = 0;
+      for (int d = std::max(0, y - r); d <= std::min(h - 1, y + r); ++d) somme += lignes[indice(x, d)];
+      result[indice(x, y)] = somme / (2 * r + 1);
+    }
+  return result;
+}
+
+/// A shield bulges a little: it is lit at its upper left, in shade at its lower right, with a narrow rim that
+/// does the same more strongly.
+void modeler(Image &image, const Path &contour) {
+  const Coverage masque = coverage(contour, image.width(), image.height());
+  const int r = 3 * double_dessin;
+  const auto doux = adouci(masque, r);
+  const auto en = [&](int x, int y) {
+    x = std::clamp(x, 0, image.width() - 1);
+    y = std::clamp(y, 0, image.height() - 1);
+    return doux[static_cast<std::size_t>(y) * static_cast<std::size_t>(image.width()) +
+                static_cast<std::size_t>(x)];
+  };
+  const auto [low, high] = contour.bounds();
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      if (masque.at(x, y) <= 0) continue;
+      const double u = (x - low.x) / (high.x - low.x);
+      const double v = (y - low.y) / (high.y - low.y);
+      const double bombé = 0.13 - 0.26 * smooth_step(0.1, 1.0, u * 0.55 + v * 0.5);
+      const double bord = (en(x + 2, y + 2) - en(x - 2, y - 2)) * 0.55;
+      image.at(x, y) = éclairé(image.at(x, y), std::clamp(bombé + bord, -0.4, 0.4));
+    }
+}
+
+/// Cloth that moves: broad soft folds from top to bottom.
+void plisser(Image &image) {
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      const double u = static_cast<double>(x) / image.width();
+      const double v = static_cast<double>(y) / image.height();
+      const double pli = sine(2 * pi * (u * 1.6 + v * 0.22 + 0.12)) * mix(0.045, 0.1, u);
+      image.at(x, y) = éclairé(image.at(x, y), pli + 0.02);
+    }
+}
+
+void tracer(Image &image, const Path &path, double largeur, Pixel couleur_) {
+  fill(image, stroked(path, largeur * double_dessin), couleur_);
+}
+
+void enregistrer(const Image &dessin, const std::filesystem::path &images, const std::string &nom,
+                 const std::string &fichier, Catalogue &catalogue) {
+  catalogue.écrire(images, nom, fichier, reduced(dessin, double_dessin));
+  écrire_gif(images / fichier_double(fichier), dessin);
+}
+
+Image sur_parchemin(const Image &dessin) {
+  Image image(dessin.width(), dessin.height(), parchemin);
+  draw(image, dessin, 0, 0);
+  return image;
+}
+
+void écrire_document(const Données &données, const Armorial &armorial, const std::filesystem::path &images,
+                     const std::filesystem::path &docs) {
+  std::filesystem::create_directories(docs);
+  const std::string dossier = images.lexically_relative(docs).generic_string();
+  std::ofstream flux(docs / "armorial.md", std::ios::binary);
+  const auto image = [&](const std::string &fichier) { return "![](" + dossier + "/" + fichier + ")"; };
+  flux << "# The armorial of Ardane\n\n"
+          "Written by the atelier from `tools/atelier/data/armorial.txt`; the drawings are in\n"
+          "`resources/images`. The arms speak of the name, the land or the trade of their province.\n"
+          "The crown tells the rank: *royale* for the capital, *ducale*, *comtale* and *baronale* for old\n"
+          "lordships, *murale* for towns, *navale* for the coast and the islands, *vallaire* for the "
+          "marches.\n\n"
+          "Ardane: "
+       << armorial.pays.texte << ".\n\n"
+       << image("drapeau/000.jpg")
+       << "\n\n## Flags of the regions\n\n| | Region | Blazon | Flag |\n|--:|---|---|---|\n";
+  for (std::size_t r = 1; r < armorial.régions.size(); ++r)
+    flux << "| " << r << " | " << données.régions[r].nom << " | " << armorial.régions[r].texte << " | "
+         << image(fichier_numéroté("drapeau_region", static_cast<int>(r), 2)) << " |\n";
+  flux << "\n## Arms of the provinces\n\n| | Province | Region | Blazon | Arms |\n|--:|---|---|---|---|\n";
+  for (std::size_t p = 1; p < armorial.provinces.size(); ++p) {
+    const Province &province = données.provinces[p];
+    flux << "| " << p << " | " << province.nom << " | "
+         << données.régions[static_cast<std::size_t>(province.région)].nom << " | "
+         << armorial.provinces[p].texte << " | " << image(fichier_numéroté("drapeau", static_cast<int>(p), 3))
+         << " |\n";
+  }
+  if (!flux.flush()) throw std::runtime_error("cannot write " + (docs / "armorial.md").string());
+}
+
+}  // namespace
+
+Armorial lire_armorial(const std::filesystem::path &fichier, const Meubles &meubles) {
+  std::ifstream flux(fichier, std::ios::binary);
+  if (!flux) throw std::runtime_error("cannot read " + fichier.string());
+  Armorial armorial;
+  armorial.provinces.resize(nombre_provinces + 1);
+  armorial.régions.resize(nombre_régions + 1);
+  int numéro = 0;
+  for (std::string ligne; std::getline(flux, ligne);) {
+    ++numéro;
+    if (ligne.empty() || ligne.starts_with("//")) continue;
+    try {
+      lire_ligne(armorial, ligne, meubles);
+    } catch (const std::exception &failure) {
+      throw std::runtime_error(fichier.string() + ", line " + std::to_string(numéro) + ": " + failure.what());
+    }
+  }
+  const auto manque = [](const Armoiries &armoiries) { return armoiries.texte.empty(); };
+  if (manque(armorial.pays) ||
+      std::any_of(armorial.provinces.begin() + 1, armorial.provinces.end(), manque) ||
+      std::any_of(armorial.régions.begin() + 1, armorial.régions.end(), manque))
+    throw std::runtime_error(fichier.string() + ": a province, a region or the country has no arms");
+  return armorial;
+}
+
+Image dessiner_armes(const Armoiries &armoiries, const Meubles &meubles) {
+  constexpr double d = double_dessin;
+  Image image(largeur_des_armes * double_dessin, hauteur_des_armes * double_dessin);
+  const Path contour = écu(2.5 * d, 33 * d, 95 * d, 106.5 * d);
+  dessiner_blason(image, armoiries.blason, meubles, contour, d);
+  modeler(image, contour);
+  tracer(image, contour, 2.2, encre);
+  dessiner_meuble(image, meubles.chercher("couronne " + armoiries.couronne), Émail::or_, {12 * d, 1.5 * d},
+                  76 * d, 28.5 * d, d);
+  return image;
+}
+
+Image dessiner_drapeau(const Armoiries &armoiries, const Meubles &meubles) {
+  constexpr double d = double_dessin;
+  Image image(largeur_du_drapeau * double_dessin, hauteur_du_drapeau * double_dessin, encre);
+  const Path contour = Path().add_rectangle(0, 0, image.width(), image.height());
+  dessiner_blason(image, armoiries.blason, meubles, contour, d);
+  plisser(image);
+  tracer(image, contour, 2.4, encre);
+  return image;
+}
+
+void dessiner_armorial(const Données &données, const std::filesystem::path &images, Catalogue &catalogue,
+                       const std::filesystem::path &docs) {
+  const Meubles meubles = Meubles::lire(données.dossier / "charges.txt");
+  const Armorial armorial = lire_armorial(données.dossier / "armorial.txt", meubles);
+
+  std::filesystem::create_directories(images / "drapeau");
+  const Image pays = sur_parchemin(dessiner_armes(armorial.pays, meubles));
+  écrire_jpeg(images / "drapeau/000.jpg", reduced(pays, double_dessin));
+  écrire_jpeg(images / "drapeau/000@2x.jpg", pays);
+  catalogue.ajouter("Graphismes.Drapeau(0)", "drapeau/000.jpg", largeur_des_armes, hauteur_des_armes);
+
+  for (int p = 1; p <= nombre_provinces; ++p)
+    enregistrer(dessiner_armes(armorial.provinces[static_cast<std::size_t>(p)], meubles), images,
+                "Graphismes.Drapeau(" + std::to_string(p) + ")", fichier_numéroté("drapeau", p, 3),
+                catalogue);
+  for (int r = 1; r <= nombre_régions; ++r)
+    enregistrer(dessiner_drapeau(armorial.régions[static_cast<std::size_t>(r)], meubles), images,
+                "Graphismes.DrapeauRégion(" + std::to_string(r) + ")",
+                fichier_numéroté("drapeau_region", r, 2), catalogue);
+  écrire_document(données, armorial, images, docs);
+}
+
+}  // namespace atelier

@@ -1,0 +1,43 @@
+// The list of all pictures that the game can ask for by their stock name.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "drawing/image.h"
+#include "files/gif_file.h"
+
+namespace atelier {
+
+/// One picture of the stock. Its 2x drawing, where there is one, has the same path with "@2x" before the
+/// extension and is not listed on its own.
+struct Image_du_stock {
+  /// As "Graphismes.Pays(12)" or "rondjaune".
+  std::string nom;
+  /// Relative to the pictures' folder, with "/".
+  std::string fichier;
+  int largeur = 0;
+  int hauteur = 0;
+};
+
+class Catalogue {
+ public:
+  void ajouter(std::string nom, std::string fichier, int largeur, int hauteur);
+  /// Writes `image` as GIF to `dossier`/`fichier`, making folders as needed, and adds it.
+  void écrire(const std::filesystem::path &dossier, const std::string &nom, const std::string &fichier,
+              const Image &image, Dithering dithering = Dithering::none);
+  /// Writes one line a picture, "nom|fichier|largeur|hauteur", sorted by file and name.
+  void enregistrer(const std::filesystem::path &fichier) const;
+
+ private:
+  std::vector<Image_du_stock> images_;
+};
+
+/// The path of a picture's 2x drawing: "pays/012.gif" gives "pays/012@2x.gif".
+std::string fichier_double(const std::string &fichier);
+
+/// "pays/012.gif" of ("pays", 12, 3).
+std::string fichier_numéroté(const std::string &dossier, int numéro, int chiffres);
+
+}  // namespace atelier

@@ -1,0 +1,312 @@
+#include "terrain/terrain.h"
+
+#include <cmath>
+#include <functional>
+#include <queue>
+#include <utility>
+
+#include "numbers/math.h"
+#include "numbers/noise.h"
+
+namespace atelier {
+namespace {
+
+constexpr double diagonal = 1.41421356237309504880;
+
+/// One resolution of the model while it erodes.
+struct Level {
+  Field height;
+  Field uplift;
+  /// How easily the rock is worn, 1 on average.
+  Field softness;
+  Mask land;
+  /// Map pixels a cell.
+  double cell = 1;
+};
+
+/// Drainage over the heights by priority flooding (R. Barnes, C. Lehman and D. Mulla, "Priority-flood", 2014)
+/// with steepest descent to one of eight neighbours, D8 (J. F. O'Callaghan and D. M. Mark, 1984). In a hollow
+/// the water takes the way by which the flood came in, which leads over its lowest sill.
+Drainage drain(const Field &height, const Mask &land, double cell) {
+  Drainage d;
+  d.receiver.resize(height.size());
+  d.order.reserve(height.size());
+  using Entry = std::pair<double, std::size_t>;
+  std::priority_queue<Entry, std::vector<Entry>, std::greater<>> open;
+  std::vector<char> seen(height.size(), 0);
+  std::vector<double> flooded(height.size(), 0);
+  for (std::size_t i = 0; i < height.size(); ++i) {
+    d.receiver[i] = i;
+    const Cell c = height.cell(i);
+    const bool edge = c.x == 0 || c.y == 0 || c.x == height.width() - 1 || c.y == height.height() - 1;
+    if (!land[i] || edge) {
+      seen[i] = 1;
+      flooded[i] = land[i] ? height[i] : 0;
+    }
+  }
+  for (std::size_t i = 0; i < height.size(); ++i) {
+    if (!seen[i]) continue;
+    const Cell c = height.cell(i);
+    for (const Cell &n : neighbours)
+      if (height.contains(c.x + n.x, c.y + n.y) && !seen[height.index(c.x + n.x, c.y + n.y)]) {
+        open.emplace(flooded[i], i);
+        break;
+      }
+  }
+  while (!open.empty()) {
+    const auto [level, i] = open.top();
+    open.pop();
+    if (land[i]) d.order.push_back(i);
+    const Cell c = height.cell(i);
+    for (const Cell &n : neighbours) {
+      if (!height.contains(c.x + n.x, c.y + n.y)) continue;
+      const std::size_t k = height.index(c.x + n.x, c.y + n.y);
+      if (seen[k]) continue;
+      seen[k] = 1;
+      d.receiver[k] = i;
+      flooded[k] = std::max<double>(height[k], level);
+      open.emplace(flooded[k], k);
+    }
+  }
+  for (const std::size_t i : d.order) {
+    if (flooded[i] > height[i] || d.receiver[i] == i) continue;
+    const Cell c = height.cell(i);
+    double steepest = 0;
+    for (std::size_t k = 0; k < neighbours.size(); ++k) {
+      const int x = c.x + neighbours[k].x;
+      const int y = c.y + neighbours[k].y;
+      if (!height.contains(x, y)) continue;
+      const std::size_t j = height.index(x, y);
+      const double drop = (height[i] - flooded[j]) / (k < side_neighbours ? 1 : diagonal);
+      if (drop > steepest) {
+        steepest = drop;
+        d.receiver[i] = j;
+      }
+    }
+  }
+  d.area = Field(height.width(), height.height(), 0);
+  for (auto it = d.order.rbegin(); it != d.order.rend(); ++it) {
+    d.area[*it] += cell * cell;
+    if (d.receiver[*it] != *it) d.area[d.receiver[*it]] += d.area[*it];
+  }
+  return d;
+}
+
+/// One step of uplift and stream-power erosion, dz/dt = U - K A^0.5 S, solved implicitly from the mouths
+/// upward (J. Braun and S. D. Willett, "A very efficient O(n), implicit and parallel method to solve the
+/// stream power equation", 2013), then a little creep of the slopes.
+void erode(Level &level, double time, double erodibility, double creep) {
+  const Drainage d = drain(level.height, level.land, level.cell);
+  const int width = level.height.width();
+  for (const std::size_t i : d.order) {
+    const std::size_t r = d.receiver[i];
+    if (r == i) continue;
+    const Cell a = level.height.cell(i);
+    const Cell b = level.height.cell(r);
+    const double run = level.cell * (a.x != b.x && a.y != b.y ? diagonal : 1);
+    const double below = level.land[r] ? level.height[r] : 0;
+    const double f = erodibility * level.softness[i] * std::sqrt(d.area[i]) * time / run;
+    const double risen = level.height[i] + level.uplift[i] * time;
+    level.height[i] = std::max((risen + f * below) / (1 + f), below);
+  }
+  Field &z = level.height;
+  const Field before = z;
+  for (int y = 1; y + 1 < z.height(); ++y)
+    for (int x = 1; x + 1 < width; ++x) {
+      if (!level.land.at(x, y)) continue;
+      const double mean =
+          (before.at(x - 1, y) + before.at(x + 1, y) + before.at(x, y - 1) + before.at(x, y + 1)) / 4;
+      z.at(x, y) += creep * (mean - before.at(x, y));
+    }
+}
+
+/// Height wished for by the hand-drawn crests, metres.
+double ridge_height(const Plan &plan, const std::vector<std::vector<Point>> &crests, Point p) {
+  double height = 0;
+  for (std::size_t i = 0; i < crests.size(); ++i) {
+    const Ridge &ridge = plan.ridges[i];
+    const double d = distance_to_line(crests[i], p) / ridge.half_width;
+    if (d > 4) continue;
+    const double h = ridge.height * exponential(-0.72 * d * d);
+    height = std::sqrt(height * height + h * h);
+  }
+  return height;
+}
+
+/// A river wished for, as a line with the height of its bed at each point.
+struct Bed {
+  std::vector<Point> line;
+  std::vector<double> heights;
+};
+
+struct Valley {
+  double distance = 1e9;
+  double height = 0;
+};
+
+/// The nearest bed and its height there.
+Valley valley_at(const std::vector<Bed> &beds, Point p) {
+  Valley best;
+  for (const Bed &bed : beds)
+    for (std::size_t i = 0; i < bed.line.size(); ++i) {
+      const double dx = bed.line[i].x - p.x;
+      const double dy = bed.line[i].y - p.y;
+      const double d = dx * dx + dy * dy;
+      if (d < best.distance) best = {d, bed.heights[i]};
+    }
+  best.distance = std::sqrt(best.distance);
+  return best;
+}
+
+/// Beds that fall steeply at first and gently at last; a river that ends at one named before it joins it
+/// there, at its height, and the others end at the sea.
+std::vector<Bed> beds_of(const Plan &plan) {
+  constexpr double joining = 14;
+  std::vector<Bed> beds;
+  for (const River_wish &river : plan.rivers) {
+    Bed bed{smooth_line(river.course, 3, false), {}};
+    const Valley joined = valley_at(beds, bed.line.back());
+    const double mouth = joined.distance < joining ? joined.height : 0;
+    for (std::size_t i = 0; i < bed.line.size(); ++i) {
+      const double t = 1 - static_cast<double>(i) / static_cast<double>(bed.line.size() - 1);
+      bed.heights.push_back(mouth + 30 * t +
+                            std::max(0.0, river.source_height - mouth - 30) * t * t * t * t * t);
+    }
+    beds.push_back(bed);
+  }
+  return beds;
+}
+
+Mask land_mask(const Field &land) {
+  Mask mask(land.width(), land.height(), 0);
+  for (std::size_t i = 0; i < land.size(); ++i) mask[i] = land[i] > 0;
+  return mask;
+}
+
+Field coast_distance(const Mask &land, double cell) {
+  Mask sea(land.width(), land.height(), 0);
+  for (std::size_t i = 0; i < land.size(); ++i) sea[i] = !land[i];
+  Field to_sea = distance_to(sea);
+  const Field to_land = distance_to(land);
+  for (std::size_t i = 0; i < to_sea.size(); ++i)
+    to_sea[i] = cell * (to_sea[i] > 0 ? to_sea[i] - 0.5 : 0.5 - to_land[i]);
+  return to_sea;
+}
+
+/// The first, coarse relief and the uplift that keeps it up, at two map pixels a cell.
+Level first_relief(const Plan &plan, const Shores &shores) {
+  Level level;
+  level.cell = 2;
+  const Field land = halved(halved(shores.land));
+  level.land = land_mask(land);
+  const Field inland = coast_distance(level.land, level.cell);
+  level.height = Field(land.width(), land.height(), 0);
+  level.uplift = Field(land.width(), land.height(), 0);
+  level.softness = Field(land.width(), land.height(), 1);
+  std::vector<std::vector<Point>> crests;
+  for (const Ridge &ridge : plan.ridges) crests.push_back(smooth_line(ridge.crest, 4, false));
+  const std::vector<Bed> beds = beds_of(plan);
+  for (int j = 0; j < land.height(); ++j)
+    for (int i = 0; i < land.width(); ++i) {
+      if (!level.land.at(i, j)) continue;
+      const Point p{(i + 0.5) * level.cell, (j + 0.5) * level.cell};
+      const double wx = 16 * fractal_noise(plan.seed + 11, p.x, p.y, 44, 4);
+      const double wy = 16 * fractal_noise(plan.seed + 12, p.x, p.y, 44, 4);
+      const double ridge = ridge_height(plan, crests, {p.x + wx, p.y + wy});
+      const double plain = 12 + 75 * smooth_step(0, 160, inland.at(i, j));
+      const double hills = 30 * (0.6 + fractal_noise(plan.seed + 13, p.x, p.y, 60, 5));
+      const double wanted = (plain + std::max(0.0, hills) +
+                             ridge * (0.35 + 1.0 * power(ridged_noise(plan.seed + 14, p.x, p.y, 40, 4), 2))) *
+                            smooth_step(-2, 14, inland.at(i, j));
+      const Valley valley = valley_at(beds, {p.x + 0.35 * wx, p.y + 0.35 * wy});
+      const double open = smooth_step(1, 20, valley.distance);
+      level.height.at(i, j) = mix(std::min(wanted, valley.height + 2), wanted, open) +
+                              3 * static_cast<double>(hash(plan.seed, i, j) >> 32) / 4294967296.0;
+      level.softness.at(i, j) = exponential(1.3 * fractal_noise(plan.seed + 15, p.x, p.y, 24, 3));
+      level.uplift.at(i, j) = wanted * (0.25 + 0.75 * open);
+    }
+  return level;
+}
+
+Level refined(const Level &coarse, const Field &land, double cell, std::uint64_t seed) {
+  Level level;
+  level.cell = cell;
+  level.land = land_mask(land);
+  level.height = doubled(coarse.height);
+  level.uplift = doubled(coarse.uplift);
+  level.softness = doubled(coarse.softness);
+  for (int j = 0; j < land.height(); ++j)
+    for (int i = 0; i < land.width(); ++i) {
+      double &h = level.height.at(i, j);
+      if (!level.land.at(i, j)) {
+        h = 0;
+        continue;
+      }
+      const double rough = 0.06 * h + 0.6;
+      h = std::max(0.5, h + rough * fractal_noise(seed, i * cell, j * cell, 7 * cell, 3, 0.6));
+    }
+  return level;
+}
+
+void flatten_lakes(Level &level, const Field &lake) {
+  Mask mask(lake.width(), lake.height(), 0);
+  for (std::size_t i = 0; i < lake.size(); ++i) mask[i] = lake[i] > 0;
+  std::vector<int> sizes;
+  const Grid<int> numbers = pieces(mask, sizes);
+  std::vector<double> surface(sizes.size(), 1e9);
+  for (std::size_t i = 0; i < lake.size(); ++i)
+    if (numbers[i] != 0) {
+      double &s = surface[static_cast<std::size_t>(numbers[i])];
+      s = std::min<double>(s, level.height[i]);
+    }
+  for (std::size_t i = 0; i < lake.size(); ++i)
+    if (numbers[i] != 0) level.height[i] = surface[static_cast<std::size_t>(numbers[i])];
+}
+
+Field woods(const Plan &plan, const Field &height, const Field &inland) {
+  Field wood(height.width(), height.height(), 0);
+  for (int j = 0; j < height.height(); ++j)
+    for (int i = 0; i < height.width(); ++i) {
+      if (inland.at(i, j) <= 0) continue;
+      const double x = (i + 0.5) / fine;
+      const double y = (j + 0.5) / fine;
+      double dense = -1;
+      for (const Forest &f : plan.forests) {
+        const double dx = x - f.centre.x;
+        const double dy = y - f.centre.y;
+        dense = std::max(dense, 1 - std::sqrt(dx * dx + dy * dy) / f.radius);
+      }
+      const double patches = fractal_noise(plan.seed + 21, x, y, 20, 5, 0.7);
+      const double tree_line = 1 - smooth_step(1500, 1900, height.at(i, j));
+      wood.at(i, j) =
+          tree_line * smooth_step(0.02, 0.3, dense + 1.1 * patches) * smooth_step(0.5, 3, inland.at(i, j));
+    }
+  return wood;
+}
+
+}  // namespace
+
+Terrain raise_terrain(const Plan &plan, const Shores &shores) {
+  constexpr double erodibility = 0.9;
+  Level level = first_relief(plan, shores);
+  // The uplift is scaled so that the highest crests come to rest near the height that was drawn for them.
+  for (std::size_t i = 0; i < level.uplift.size(); ++i) level.uplift[i] *= 0.0017;
+  for (int step = 0; step < 120; ++step) erode(level, 2.0, erodibility * 0.02, 0.05);
+  const Field half = halved(shores.land);
+  level = refined(level, half, 1, plan.seed + 41);
+  for (int step = 0; step < 60; ++step) erode(level, 1.0, erodibility * 0.02, 0.03);
+  level = refined(level, shores.land, 0.5, plan.seed + 42);
+  for (int step = 0; step < 18; ++step) erode(level, 1.0, erodibility * 0.02, 0.03);
+  flatten_lakes(level, shores.lake);
+
+  Terrain terrain;
+  terrain.inland = coast_distance(level.land, level.cell);
+  terrain.drainage = drain(level.height, level.land, level.cell);
+  terrain.height = level.height;
+  for (std::size_t i = 0; i < terrain.height.size(); ++i)
+    if (!level.land[i]) terrain.height[i] = -1;
+  terrain.wood = woods(plan, terrain.height, terrain.inland);
+  return terrain;
+}
+
+}  // namespace atelier

@@ -237,7 +237,7 @@ TEST_F(FolderChooser, OkTakesTheFolderForGames) {
 TEST_F(FolderChooser, TheBareNameOfTheScoreFileMeansTheFolderJustTaken) {
   ouvrir_dossier("zoo");
   ok();
-  écrire_fichier(m.g().Fichier_lancement, "x");
+  écrire_fichier(m.c().dossier.complet(m.g().Fichier_lancement), "x");
   EXPECT_TRUE(fichier_existe(jeux + "/zoo/ARDANE.SCI"));
 }
 

@@ -15,8 +15,8 @@
 
 #include "core/game_state.h"
 #include "core/hit_test_table.h"
-#include "front/qt/mouse.h"
-#include "front/qt/scratch_folder.h"
+#include "front/demonstration/mouse.h"
+#include "front/demonstration/scratch_folder.h"
 #include "map/layers.h"
 #include "map/pointing.h"
 #include "map/visibility_rules.h"

@@ -10,9 +10,9 @@
 
 #include "core/game_state.h"
 #include "front/qt/appearance.h"
-#include "front/qt/automatic_player.h"
-#include "front/qt/mouse.h"
-#include "front/qt/scratch_folder.h"
+#include "front/demonstration/automatic_player.h"
+#include "front/demonstration/mouse.h"
+#include "front/demonstration/scratch_folder.h"
 
 namespace ardane {
 namespace {

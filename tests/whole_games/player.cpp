@@ -9,7 +9,7 @@
 #include "core/game_state.h"
 #include "core/hit_test_table.h"
 #include "front/qt/appearance.h"
-#include "front/qt/mouse.h"
+#include "front/demonstration/mouse.h"
 #include "map/pointing.h"
 #include "map/visibility_rules.h"
 

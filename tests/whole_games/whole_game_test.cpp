@@ -8,7 +8,7 @@
 
 #include "core/game_state.h"
 #include "front/qt/desktop.h"
-#include "front/qt/scratch_folder.h"
+#include "front/demonstration/scratch_folder.h"
 #include "player.h"
 
 namespace ardane {

@@ -16,6 +16,12 @@ using Dessous = std::map<std::string, std::set<std::string>>;
 const std::set<std::string> tout_sauf_les_façades = {
     "platform", "core", "map", "persistence", "play", "services", "configuration", "screens", "startup"};
 
+std::set<std::string> tout_jusqu_au_bureau(std::set<std::string> dossiers) {
+  dossiers.merge(std::set(tout_sauf_les_façades));
+  dossiers.insert("front/qt");
+  return dossiers;
+}
+
 // The folders that each folder may include besides itself.
 const Dessous &dessous() {
   static const Dessous table = {
@@ -30,6 +36,8 @@ const Dessous &dessous() {
       {"startup", {"platform", "core", "map", "persistence", "play", "services", "configuration", "screens"}},
       {"front/pilote", tout_sauf_les_façades},
       {"front/qt", tout_sauf_les_façades},
+      {"front/demonstration", tout_jusqu_au_bureau({})},
+      {"front/ardane", tout_jusqu_au_bureau({"front/demonstration"})},
   };
   return table;
 }
@@ -83,8 +91,9 @@ TEST(House, TheCheckOfIncludesKnowsTheFolderOfEachPath) {
 
 TEST(House, OnlyTheDesktopFrontEndKnowsAToolkit) {
   for (const auto &entrée : std::filesystem::recursive_directory_iterator(ARDANE_SOURCES)) {
-    const bool bureau = entrée.path().string().find("front/qt/") != std::string::npos;
-    if (bureau || !est_source(entrée.path())) continue;
+    if (!est_source(entrée.path())) continue;
+    const std::string dossier = dossier_de(entrée.path().lexically_relative(ARDANE_SOURCES).generic_string());
+    if (dossier == "front/qt" || dessous().at(dossier).contains("front/qt")) continue;
     pour_chaque_inclusion(entrée.path(), [&](const std::string &inclus) {
       EXPECT_FALSE(inclus.size() > 1 && inclus[0] == 'Q' &&
                    std::isupper(static_cast<unsigned char>(inclus[1])))

@@ -1,4 +1,4 @@
-#include "front/qt/mouse.h"
+#include "front/demonstration/mouse.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

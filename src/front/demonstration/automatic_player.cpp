@@ -1,4 +1,4 @@
-#include "front/qt/automatic_player.h"
+#include "front/demonstration/automatic_player.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -8,7 +8,7 @@
 #include "core/game_state.h"
 #include "core/hit_test_table.h"
 #include "front/qt/appearance.h"
-#include "front/qt/mouse.h"
+#include "front/demonstration/mouse.h"
 #include "map/pointing.h"
 
 namespace ardane {

@@ -1,4 +1,4 @@
-#include "front/qt/demonstration.h"
+#include "front/demonstration/demonstration.h"
 
 #include <QApplication>
 #include <QDir>
@@ -13,8 +13,8 @@
 
 #include "core/game_state.h"
 #include "front/qt/appearance.h"
-#include "front/qt/automatic_player.h"
-#include "front/qt/scratch_folder.h"
+#include "front/demonstration/automatic_player.h"
+#include "front/demonstration/scratch_folder.h"
 
 namespace ardane {
 namespace {

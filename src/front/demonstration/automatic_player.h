@@ -1,75 +1,74 @@
-// A player who knows the answers, and plays a game of the stage Provinces with mouse and keys.
+// A player who plays by himself: works the program's real windows by mouse and keys.
 #pragma once
 
 #include <QObject>
-#include <QPoint>
-#include <array>
+#include <QTimer>
+#include <deque>
 #include <functional>
-#include <optional>
 #include <string>
-#include <vector>
 
-#include "core/gazetteer.h"
+#include "front/demonstration/map_target.h"
+#include "front/demonstration/plan.h"
 #include "front/qt/desktop.h"
-
-class QMessageBox;
+#include "platform/services.h"
 
 namespace ardane {
 
-/// From the map at rest to the closing of the main window: opens the new game dialog by the menu, fills it
-/// in, answers every question with a click on the map, some wrongly at first, accepts boxes, closes the top
-/// ten and quits by the menu. It acts from the event loop, one thing at a time, in whatever window is on top.
+/// Carries out orders, one each turn of the event loop, in whatever window, menu or box is then in front; when
+/// none is left it asks its plan for more. An order that a player could not carry out - a control that is not
+/// there, is hidden or disabled, or cannot be reached by a click - makes it give up.
 class AutomaticPlayer : public QObject {
  public:
-  struct Plan {
-    QString name = QStringLiteral("Ardan");
-    std::string level = "niveau_facile";  ///< name of the option in the new game dialog
-    int mistake_every = 9;                ///< a wrong click before each so many-th answer; 0 for none
-  };
+  /// The plan must outlive the player.
+  AutomaticPlayer(Desktop &desktop, Plan &plan);
 
-  AutomaticPlayer(Desktop &desktop, Plan plan);
-
-  /// A screen is up that deserves a picture: a window's name, "carte", "milieu", "fin", or a box's title.
-  std::function<void(const std::string &screen)> seen;
-  /// A province has been found.
-  std::function<void(int found)> found;
-
-  /// To be called before the event loop runs.
+  /// Starts the program, the boxes of a first start answered by order or by plan. False if it ended at once.
+  bool start();
+  /// From now on acts from whatever event loop runs, until the program has ended or `rest` is called.
   void begin();
+  void rest();
 
-  /// Why the player gave up; empty if the game was played to its end.
+  /// Forgets its orders and closes whatever is in front, the main window last.
+  void give_up(const std::string &why);
+  /// Why it gave up; empty if it did not.
   const std::string &trouble() const { return trouble_; }
-  int mistakes() const { return mistakes_; }
-  int boxes() const { return boxes_; }
-  /// The score when the last question was answered.
-  int score() const { return score_; }
+
+  // Orders, carried out in the order given.
+
+  /// Opens a menu of the main window's bar and chooses one of its entries.
+  void choose(const std::string &menu, const std::string &entry);
+  /// Clicks in the middle of a control of the window in front.
+  void click(const std::string &control);
+  /// Replaces what stands in a text box of the window in front.
+  void fill_in(const std::string &control, const QString &text);
+  /// Answers the message box in front by that button.
+  void answer(Réponse button);
+  /// Presses the default button of the message box in front.
+  void accept();
+  /// Clicks on the map, scrolled by its bars where the target is out of sight.
+  void click(MapTarget target);
+  /// Does something else at its turn.
+  void then(std::function<void()> deed) { orders_.push_back(std::move(deed)); }
 
  private:
-  void later();
-  void step();
-  void accept(QMessageBox &box);
-  void fill_in_new_game(QWidget &dialog);
-  void close_top_ten(QWidget &window);
-  void answer();
-  void choose_from_menu(const char *menu, const char *entry);
-  QWidget &map_widget() const;
-  QPoint scrolled() const;
-  /// Where on the map's widget a click reaches the province; nothing if that is out of sight.
-  std::optional<QPoint> free_pixel(int province) const;
-  /// A click in a scroll bar's trough that brings the province nearer; false if there is none.
-  bool scroll_towards(int province);
-  void give_up(const std::string &why);
-  void find_pixels();
-  int other_province(int asked) const;
+  void turn();
+  void ask_plan();
+  void close_what_is_in_front();
+  /// The window in front; that of a box included.
+  QWidget *front() const;
+  QWidget *usable(const std::string &control);
+  void click_entry(QWidget *menu, const std::string &entry);
+  void click_button(QWidget *button);
+  void reach(MapTarget target);
+  /// A click in a scroll bar's trough that brings a place nearer; false if there is none.
+  bool scroll_towards(QPoint place);
 
   Desktop &desktop_;
-  const Plan plan_;
-  std::array<std::vector<QPoint>, nombre_provinces + 1> pixels_;  ///< of each province, the middle first
-  bool started_ = false, ended_ = false, erred_ = false;
-  int answers_ = 0, mistakes_ = 0, boxes_ = 0, score_ = 0;
-  int asked_before_ = 0;
-  int steps_left_ = 20'000;
-  const char *entry_ = nullptr;  ///< to choose in the menu that is coming up
+  Plan &plan_;
+  QTimer turn_;
+  std::deque<std::function<void()>> orders_;
+  bool starting_ = false;
+  int orders_left_ = 100'000;
   std::string trouble_;
 };
 

@@ -1,123 +1,123 @@
 #include "front/demonstration/demonstration.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QLoggingCategory>
-#include <QMessageBox>
-#include <QPainter>
-#include <QScreen>
-#include <QTemporaryFile>
 #include <cstdio>
-#include <set>
 
 #include "core/game_state.h"
-#include "front/qt/appearance.h"
+#include "front/demonstration/album.h"
 #include "front/demonstration/automatic_player.h"
+#include "front/demonstration/offscreen.h"
 #include "front/demonstration/scratch_folder.h"
+#include "front/qt/appearance.h"
 
 namespace ardane {
 namespace {
 
-/// The offscreen platform's own screen is too small for the map.
-constexpr char screens[] =
-    R"({"screens": [{"name": "écran", "x": 0, "y": 0, "width": 1280, "height": 1024, "dpr": 1}]})";
+constexpr int half_way = nombre_provinces / 2;
+/// A wrong click before each so many-th answer.
+constexpr int mistake_every = 9;
 
-void choose_platform(const QString &configuration) {
-  const QByteArray chosen = qgetenv("QT_QPA_PLATFORM");
-  if (chosen.isEmpty() || chosen == "offscreen")
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + configuration.toLocal8Bit());
-}
-
-/// This platform gives windows no title bars: a plain one stands in for them.
-void draw_title(QPainter &painter, const QWidget &window) {
-  constexpr int height = 24;
-  const QRect client = window.geometry();
-  const QRect bar(client.left(), client.top() - height, client.width(), height);
-  painter.fillRect(bar, QColor(0x24, 0x3c, 0x5a));
-  painter.setPen(Qt::white);
-  painter.drawText(bar.adjusted(8, 0, -8, 0), Qt::AlignVCenter | Qt::AlignLeft, window.windowTitle());
-}
-
-/// Everything on the screen as the player sees it, the boxes above the windows.
-QPixmap picture_of_screen() {
-  QPixmap picture(QGuiApplication::primaryScreen()->size());
-  picture.fill(QColor(0x3a, 0x4a, 0x58));
-  QPainter painter(&picture);
-  QWidgetList windows = QApplication::topLevelWidgets();
-  // A window's parents lie below it.
-  const auto depth = [](const QWidget *w) {
-    int n = 0;
-    for (; w != nullptr; w = w->parentWidget()) ++n;
-    return n;
-  };
-  std::ranges::stable_sort(windows, {}, depth);
-  for (QWidget *window : windows) {
-    if (!window->isVisible()) continue;
-    if ((window->windowFlags() & Qt::FramelessWindowHint) == 0) draw_title(painter, *window);
-    painter.drawPixmap(window->geometry().topLeft(), window->grab());
-  }
-  return picture;
-}
-
-class Album {
+/// A game of the stage Provinces by somebody who knows the country, and slips now and then.
+class Demonstration : public Plan {
  public:
-  explicit Album(const QDir &folder) : folder_(folder) {}
+  Demonstration(const GameState &state, Album &album) : g_(state), album_(album) {}
 
-  /// One picture of each kind of screen.
-  void add(const std::string &screen) {
-    if (!known_.insert(screen).second) return;
-    QString name =
-        QStringLiteral("%1-%2").arg(known_.size(), 2, 10, QLatin1Char('0')).arg(to_qt(screen).trimmed());
-    name.replace(QLatin1Char('/'), QLatin1Char('-'));
-    const QString path = folder_.filePath(name + QStringLiteral(".png"));
-    complete_ = picture_of_screen().save(path) && complete_;
-    std::printf("Image : %s\n", path.toUtf8().constData());
-    std::fflush(stdout);
-  }
-  bool complete() const { return complete_; }
+  void at_box(AutomaticPlayer &player, const QMessageBox &box) override;
+  void at_window(AutomaticPlayer &player, const std::string &name) override;
+  void at_map(AutomaticPlayer &player) override;
+
+  int mistakes() const { return mistakes_; }
+  /// The score when the last question was answered.
+  int score() const { return score_; }
 
  private:
-  QDir folder_;
-  std::set<std::string> known_;
-  bool complete_ = true;
+  void answer(AutomaticPlayer &player);
+  int other_province() const;
+  void tell_progress() const;
+
+  const GameState &g_;
+  Album &album_;
+  bool started_ = false, ended_ = false, erred_ = false;
+  int answers_ = 0, mistakes_ = 0, score_ = 0;
 };
 
-void tell_progress(const GameState &g, int found) {
-  if (found % 10 != 0) return;
-  std::printf("Province %d sur %d : %s. Score : %d\n", found, nombre_provinces,
-              g.TableProvinces(g.ProvinceCourante).nom.c_str(), g.Score);
+void Demonstration::at_box(AutomaticPlayer &player, const QMessageBox &box) {
+  album_.add(to_utf8(box.windowTitle()));
+  player.accept();
+}
+
+void Demonstration::at_window(AutomaticPlayer &player, const std::string &name) {
+  if (name == "nouvelle_partie") {
+    player.fill_in("boîte_nom_joueur", QStringLiteral("Ardan"));
+    player.click("niveau_facile");
+    player.then([this, name] { album_.add(name); });
+    player.click("bouton_sortie");
+  } else if (name == "Affichage_scores") {
+    album_.add(name);
+    ended_ = true;
+    player.click("Command1");
+  } else {
+    player.give_up("fenêtre inattendue : " + name);
+  }
+}
+
+void Demonstration::at_map(AutomaticPlayer &player) {
+  if (g_.Etape == étape_provinces) return answer(player);
+  if (ended_) return player.choose("menu_fichier", "fichier_quitter");
+  if (started_) return player.give_up("la partie s'est arrêtée à l'étape " + std::to_string(g_.Etape));
+  started_ = true;
+  album_.add("carte");
+  player.choose("menu_fichier", "fichier_nouveau");
+}
+
+void Demonstration::answer(AutomaticPlayer &player) {
+  const int wrong = (answers_ + 1) % mistake_every == 0 && !erred_ ? other_province() : 0;
+  erred_ = wrong != 0;
+  if (erred_) {
+    ++mistakes_;
+    return player.click(province(wrong));
+  }
+  ++answers_;
+  if (answers_ == half_way) album_.add("milieu");
+  if (answers_ == nombre_provinces) album_.add("fin");
+  score_ = g_.Score;
+  tell_progress();
+  player.click(province(g_.ProvinceCourante));
+}
+
+/// The next province still to be found after the one that is asked; 0 for none.
+int Demonstration::other_province() const {
+  const int asked = g_.ProvinceCourante;
+  for (int p = asked % nombre_provinces + 1; p != asked; p = p % nombre_provinces + 1)
+    if (!g_.TableProvinces(p).trouvée) return p;
+  return 0;
+}
+
+void Demonstration::tell_progress() const {
+  if (answers_ % 10 != 0) return;
+  std::printf("Province %d sur %d : %s. Score : %d\n", answers_, nombre_provinces,
+              g_.TableProvinces(g_.ProvinceCourante).nom.c_str(), g_.Score);
   std::fflush(stdout);
 }
 
 int play(const QDir &folder) {
   const ScratchFolder scratch(QCoreApplication::applicationDirPath().toStdString());
   Desktop desktop(scratch.places(), ressources_du_programme());
+  GameState &g = desktop.programme().état();
   Album album(folder);
-  AutomaticPlayer player(desktop, {});
-  player.seen = [&](const std::string &screen) { album.add(screen); };
-  player.found = [&](int found) { tell_progress(desktop.programme().état(), found); };
-  // The boxes of a first start come before the windows, and must be answered like the others.
-  QTimer boxes;
-  QObject::connect(&boxes, &QTimer::timeout, [&] {
-    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-    if (box == nullptr) return;
-    album.add(to_utf8(box->windowTitle()));
-    box->accept();
-  });
-  boxes.start(0);
+  Demonstration plan(g, album);
+  AutomaticPlayer player(desktop, plan);
   std::printf("Démonstration : une partie du jeu des provinces, au niveau Facile.\n");
-  if (!desktop.start()) return 1;
-  boxes.stop();
-  desktop.programme().état().Ordre_jeux.remplir(0);
-  desktop.programme().état().Ordre_jeux(1) = étape_provinces;
+  if (!player.start()) return 1;
+  g.Ordre_jeux.remplir(0);
+  g.Ordre_jeux(1) = étape_provinces;
   player.begin();
   desktop.play();
   if (!player.trouble().empty()) {
     std::printf("La démonstration s'est arrêtée : %s.\n", player.trouble().c_str());
     return 1;
   }
-  std::printf("Partie finie : %d erreurs, score %d.\n", player.mistakes(), player.score());
+  std::printf("Partie finie : %d erreurs, score %d.\n", plan.mistakes(), plan.score());
   return album.complete() ? 0 : 1;
 }
 
@@ -125,16 +125,12 @@ int play(const QDir &folder) {
 
 int demonstrate(int argc, char **argv, const std::string &folder) {
   const QDir pictures(QDir(to_qt(folder)).absolutePath());
-  QTemporaryFile configuration;
-  if (!pictures.mkpath(QStringLiteral(".")) || !configuration.open()) {
+  const Offscreen platform;
+  if (!pictures.mkpath(QStringLiteral(".")) || !platform.ready()) {
     std::fprintf(stderr, "Impossible d'écrire dans le dossier %s\n", folder.c_str());
     return 1;
   }
-  configuration.write(screens);
-  configuration.flush();
-  choose_platform(configuration.fileName());
-  QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));  // what this platform lacks
-  QApplication application(argc, argv);
+  const QApplication application(argc, argv);
   return play(pictures);
 }
 

@@ -134,6 +134,11 @@ void Renderer::sync() {
     if (view->window().ouverte) view->sync();
 }
 
+void Renderer::close_all() {
+  for (const auto &view : views_) view->window().fermer();
+  sync();
+}
+
 QWidget *Renderer::top_frame() const {
   QWidget *top = nullptr;
   for (const auto &view : views_)

@@ -91,12 +91,9 @@ int main(int argc, char **argv) {
   const ardane::ScratchFolder scratch(program.parent_path());
   const ardane::DesktopPlaces places = scratch.places();
   write_settings(places.registre);
-  const std::vector<std::string> start{program.string(),
-                                       "--programme",
-                                       places.programme,
-                                       "--registre",
-                                       places.registre.string(),
-                                       "--pret-et-quitter"};
+  const std::vector<std::string> start{program.string(),         "--programme",
+                                       places.programme,         "--registre",
+                                       places.registre.string(), "--pret-et-quitter"};
   Figures empty, ardane, ignored;
   run(start, ignored);  // the first run settles the folders
   for (int i = 0; i < times; ++i)

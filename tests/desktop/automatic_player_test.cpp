@@ -75,12 +75,23 @@ TEST_F(Player, GivesUpWhereABoxIsNotThereOrAsksOtherwise) {
   expect_given_up("pas de boîte qui se réponde ainsi");
 }
 
-TEST_F(Player, ClosesABoxOverAWindowOverTheMap) {
+TEST_F(Player, GivesUpUnderABoxOverAWindowOverTheMap) {
   open_new_game();
   script.player.fill_in("boîte_nom_joueur", "");
   script.player.click("bouton_sortie");
   script.player.answer(Réponse::oui);
   expect_given_up("pas de boîte qui se réponde ainsi");
+}
+
+TEST_F(Player, ClosesTheWindowsThatTheProgramOpensWhileItGivesUp) {
+  open_new_game();
+  script.player.fill_in("boîte_nom_joueur", "Zoé");
+  script.player.click("bouton_sortie");
+  script.player.click(province(1));
+  open_new_game();  // after a question the top ten comes up, and then the dialog
+  script.player.answer(Réponse::oui);
+  script.player.click("bouton_absent");
+  expect_given_up("rien à utiliser sous le nom bouton_absent dans boîte");
 }
 
 TEST_F(Player, GivesUpOverATownThatIsNotShown) {

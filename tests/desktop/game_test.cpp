@@ -82,6 +82,7 @@ TEST_F(Game, AGameIsAbandonedForAnotherOnlyByAYes) {
   EXPECT_EQ(state().Niveau, 2);
   order().choose("menu_fichier", "fichier_nouveau");
   order().answer(Réponse::oui);
+  order().answer(Réponse::ok);
   order().click("Command1");
   order().fill_in("boîte_nom_joueur", "Achille");
   order().click("niveau_expert");
@@ -97,6 +98,7 @@ TEST_F(Game, AGameAbandonedByTheMenuEndsTheProgramAfterTheTopTen) {
   begin_game();
   order().choose("menu_fichier", "fichier_quitter");
   order().answer(Réponse::oui);
+  order().answer(Réponse::ok);
   order().click("Command1");
   EXPECT_EQ(script().run(), "");
   EXPECT_FALSE(desktop().programme().en_cours());

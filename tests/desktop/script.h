@@ -8,7 +8,8 @@
 
 namespace ardane {
 
-/// Orders go to `player`; `run` has them carried out. A box that none of them answers is told of and accepted.
+/// Orders go to `player`; `run` has them carried out. A box that none of them answers is told of and
+/// accepted.
 ///
 ///     script.player.choose("menu_fichier", "fichier_nouveau");
 ///     script.player.fill_in("boîte_nom_joueur", "Zoé");
@@ -18,8 +19,8 @@ class Script : public Plan {
  public:
   explicit Script(Desktop &desktop) : player(desktop, *this), desktop_(desktop) {}
 
-  /// Runs until every order has been carried out and the map waits for the player again, and `until`, if it is
-  /// given, is true; or until the program has ended. Returns why the player gave up; empty if he did not.
+  /// Runs until every order has been carried out and the map waits for the player again, and `until`, if it
+  /// is given, is true; or until the program has ended. Returns why the player gave up; empty if he did not.
   std::string run(const std::function<bool()> &until = {});
 
   void at_box(AutomaticPlayer &, const QMessageBox &box) override;

@@ -15,7 +15,10 @@ class WholeGamePlan : public Plan {
  public:
   /// `level`: name of the option in the new game dialog.
   WholeGamePlan(Programme &programme, QString name, std::string level)
-      : main_(programme.principale()), g_(programme.état()), name_(std::move(name)), level_(std::move(level)) {}
+      : main_(programme.principale()),
+        g_(programme.état()),
+        name_(std::move(name)),
+        level_(std::move(level)) {}
 
   void at_box(AutomaticPlayer &player, const QMessageBox &box) override;
   void at_window(AutomaticPlayer &player, const std::string &name) override;

@@ -1,6 +1,4 @@
 // Games from the new game dialog to the top ten and the end of the program, played through the real windows.
-#include "whole_game_plan.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -8,6 +6,7 @@
 
 #include "core/game_state.h"
 #include "front/demonstration/scratch_folder.h"
+#include "whole_game_plan.h"
 
 namespace ardane {
 namespace {
@@ -27,7 +26,8 @@ class PlayedGame : public testing::TestWithParam<std::tuple<int, Order>> {
   /// Plays it and compares what it comes to with what the plan has counted.
   void play() {
     const auto [level, order] = GetParam();
-    plan = std::make_unique<WholeGamePlan>(desktop.programme(), "Élodie", levels.at(static_cast<std::size_t>(level)));
+    plan = std::make_unique<WholeGamePlan>(desktop.programme(), "Élodie",
+                                           levels.at(static_cast<std::size_t>(level)));
     AutomaticPlayer player(desktop, *plan);
     ASSERT_TRUE(player.start());
     for (int rank = 1; rank <= nombre_jeux; ++rank)

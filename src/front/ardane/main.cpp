@@ -3,8 +3,8 @@
 #include <cstdio>
 
 #include "core/resources.h"
-#include "front/qt/appearance.h"
 #include "front/demonstration/demonstration.h"
+#include "front/qt/appearance.h"
 #include "front/qt/desktop.h"
 #include "front/qt/options.h"
 #include "front/qt/ready_report.h"

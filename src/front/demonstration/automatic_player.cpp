@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <algorithm>
+#include <utility>
 
 #include "front/demonstration/mouse.h"
 #include "front/qt/appearance.h"
@@ -59,10 +60,13 @@ void AutomaticPlayer::rest() {
 }
 
 void AutomaticPlayer::turn() {
-  if (!starting_ && !desktop_.programme().en_cours()) return;
+  if (!starting_ && !desktop_.programme().en_cours() && QApplication::activeModalWidget() == nullptr) return;
   // What follows may wait in a window of its own: the next turn comes from there.
   turn_.start();
   if (desktop_.busy()) return;
+  // A window that has just come up hears that it is the active one before it hears of the player.
+  const QWidget *seen_before = std::exchange(seen_in_front_, front());
+  if (seen_before != seen_in_front_) return;
   if (!trouble_.empty()) return close_what_is_in_front();
   if (orders_.empty()) return ask_plan();
   if (--orders_left_ == 0) return give_up("la partie ne finit pas");
@@ -92,7 +96,7 @@ void AutomaticPlayer::close_what_is_in_front() {
   else if (QMessageBox *box = box_in_front())
     box->close();
   else
-    desktop_.renderer().close_all();
+    desktop_.renderer().close_top();
 }
 
 QWidget *AutomaticPlayer::front() const {
@@ -127,10 +131,10 @@ void AutomaticPlayer::click(const std::string &control) {
 }
 
 void AutomaticPlayer::fill_in(const std::string &control, const QString &text) {
-  click(control);
   then([this, control, text] {
     QWidget *found = usable(control);
     if (found == nullptr) return;
+    ardane::click(*found);
     press(*found, Qt::Key_A, Qt::ControlModifier);
     press(*found, Qt::Key_Delete);
     type(*found, text);

@@ -14,9 +14,9 @@
 
 namespace ardane {
 
-/// Carries out orders, one each turn of the event loop, in whatever window, menu or box is then in front; when
-/// none is left it asks its plan for more. An order that a player could not carry out - a control that is not
-/// there, is hidden or disabled, or cannot be reached by a click - makes it give up.
+/// Carries out orders, one each turn of the event loop, in whatever window, menu or box is then in front;
+/// when none is left it asks its plan for more. An order that a player could not carry out - a control that
+/// is not there, is hidden or disabled, or cannot be reached by a click - makes it give up.
 class AutomaticPlayer : public QObject {
  public:
   /// The plan must outlive the player.
@@ -67,6 +67,7 @@ class AutomaticPlayer : public QObject {
   Plan &plan_;
   QTimer turn_;
   std::deque<std::function<void()>> orders_;
+  const QWidget *seen_in_front_ = nullptr;  ///< at the turn before, to compare with
   bool starting_ = false;
   int orders_left_ = 100'000;
   std::string trouble_;

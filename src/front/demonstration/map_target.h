@@ -22,9 +22,9 @@ inline MapTarget town(int number) {
   return {MapTarget::Kind::town, number};
 }
 
-/// The place nearest to its middle where a click reaches the target, in pixels of the viewport: in a province,
-/// away from its borders and from every mark; on a dot, where no other picture covers it. Nothing if there is
-/// none in sight.
+/// The place nearest to its middle where a click reaches the target, in pixels of the viewport: in a
+/// province, away from its borders and from every mark; on a dot, where no other picture covers it. Nothing
+/// if there is none in sight.
 std::optional<QPoint> free_place(Programme &programme, MapTarget target);
 /// Its middle, which may lie outside the viewport.
 QPoint middle(Programme &programme, MapTarget target);

@@ -79,7 +79,7 @@ TEST_F(Game, AGameIsAbandonedForAnotherOnlyByAYes) {
   order().choose("menu_fichier", "fichier_nouveau");
   order().answer(Réponse::non);
   ASSERT_EQ(script().run(), "");
-  EXPECT_EQ(state().Niveau, 2);
+  EXPECT_EQ(state().Niveau, niveau_moyen);
   order().choose("menu_fichier", "fichier_nouveau");
   order().answer(Réponse::oui);
   order().answer(Réponse::ok);
@@ -89,7 +89,7 @@ TEST_F(Game, AGameIsAbandonedForAnotherOnlyByAYes) {
   order().click("bouton_sortie");
   ASSERT_EQ(script().run(), "");
   EXPECT_EQ(state().Nom_joueur, "Achille");
-  EXPECT_EQ(state().Niveau, 4);
+  EXPECT_EQ(state().Niveau, niveau_expert);
   EXPECT_EQ(state().Score, score_de_départ);
 }
 

@@ -1,10 +1,8 @@
 // Figures of the running desktop program, on whatever display it is given: clicks, scrolling, painting, rest.
 #include <QAbstractSlider>
-#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QMessageBox>
 #include <QPainter>
 #include <QTimer>
 #include <algorithm>
@@ -14,12 +12,11 @@
 #include <vector>
 
 #include "core/game_state.h"
-#include "core/hit_test_table.h"
-#include "front/qt/mouse.h"
-#include "front/qt/scratch_folder.h"
+#include "front/demonstration/mouse.h"
+#include "front/demonstration/scratch_folder.h"
 #include "map/layers.h"
-#include "map/pointing.h"
 #include "map/visibility_rules.h"
+#include "script.h"
 
 namespace {
 
@@ -58,8 +55,9 @@ long voluntary_switches() {
 
 class Figures {
  public:
-  explicit Figures(Desktop &desktop)
+  Figures(Desktop &desktop, Script &script)
       : desktop_(desktop),
+        script_(script),
         g_(desktop.programme().état()),
         main_(desktop.programme().principale()),
         view_(*desktop.renderer().frame(main_)->findChild<QWidget *>("Carte")) {}
@@ -79,25 +77,10 @@ class Figures {
     g_.Ordre_jeux.remplir(0);
     g_.Ordre_jeux(1) = static_cast<std::int16_t>(stage);
     g_.PartieVierge = true;  // the game before is dropped without a question
-    QTimer::singleShot(0, [] {
-      QWidget *dialog = QApplication::activeModalWidget();
-      click(*dialog->findChild<QWidget *>("boîte_nom_joueur"));
-      type(*dialog, QStringLiteral("Mesure"));
-      click(*dialog->findChild<QWidget *>("bouton_sortie"));
-    });
-    desktop_.renderer().frame(main_)->findChild<QAction *>("fichier_nouveau")->trigger();
-  }
-
-  /// A pixel of the province that no mark covers.
-  QPoint pixel_of(int province) {
-    for (int y = 1; y < 661; ++y)
-      for (int x = 1; x < 601; ++x)
-        if (code_du_pixel(g_, 0, x, y) == province && code_du_pixel(g_, 0, x + 2, y + 2) == province &&
-            view_.rect().contains(x, y))
-          if (const Contrôle *under = image_sous(main_, x, y);
-              under != nullptr && !under->nom.starts_with("rond"))
-            return {x, y};
-    return {};
+    script_.player.choose("menu_fichier", "fichier_nouveau");
+    script_.player.fill_in("boîte_nom_joueur", QStringLiteral("Mesure"));
+    script_.player.click("bouton_sortie");
+    script_.run();
   }
 
   /// The province to click next: a member of the region asked that is not yet selected, or the one asked.
@@ -113,7 +96,8 @@ class Figures {
     start_game(stage);
     std::vector<double> right;
     for (int i = 0; i < 90; ++i) {
-      const QPoint pixel = pixel_of(next_answer());
+      const QPoint pixel =
+          free_place(desktop_.programme(), province(next_answer())).value_or(QPoint());  // out of sight
       right.push_back(timed([&] { click(view_, pixel); }));
     }
     print_row(what, right, "ms");
@@ -161,6 +145,7 @@ class Figures {
   }
 
   Desktop &desktop_;
+  Script &script_;
   GameState &g_;
   Ecran_principal &main_;
   QWidget &view_;
@@ -172,14 +157,9 @@ int main(int argc, char **argv) {
   QApplication application(argc, argv);
   const ScratchFolder scratch(QCoreApplication::applicationDirPath().toStdString());
   Desktop desktop(scratch.places(), ressources_du_programme());
-  QTimer boxes;
-  QObject::connect(&boxes, &QTimer::timeout, [] {
-    if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) box->accept();
-  });
-  boxes.start(0);
-  if (!desktop.start()) return 1;
-  boxes.stop();
-  Figures figures(desktop);
+  Script script(desktop);
+  if (!script.player.start()) return 1;
+  Figures figures(desktop, script);
   std::printf("| %-52s | %8s | %8s |\n", "What", "median", "p95");
   figures.measure();
   return 0;

@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+#include "front/demonstration/scratch_folder.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -69,32 +71,12 @@ double median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
-/// A folder like the program's, with settings of its own.
-class Scratch {
- public:
-  explicit Scratch(const fs::path &ardane)
-      : folder_(fs::temp_directory_path() / ("ardane-" + std::to_string(getpid()))) {
-    fs::create_directories(folder_);
-    for (const fs::directory_entry &entry : fs::directory_iterator(ardane.parent_path()))
-      if (entry.is_symlink())
-        fs::create_symlink(fs::canonical(entry.path()), folder_ / entry.path().filename());
-    // Another version's settings: the first run sets its folders without asking the player anything.
-    std::ofstream(folder_ / "registre") << "[HKEY_CURRENT_USER\\Software\\Mirabonde\\Ardane]\n"
-                                           "\"version\"=\"une autre\"\n"
-                                           "\"langue\"=\"1\"\n";
-  }
-  ~Scratch() {
-    std::error_code ignored;
-    fs::remove_all(folder_, ignored);
-  }
-  Scratch(const Scratch &) = delete;
-  Scratch &operator=(const Scratch &) = delete;
-
-  const fs::path &folder() const { return folder_; }
-
- private:
-  fs::path folder_;
-};
+/// Another version's settings: the first run sets its folders without asking the player anything.
+void write_settings(const fs::path &file) {
+  std::ofstream(file) << "[HKEY_CURRENT_USER\\Software\\Mirabonde\\Ardane]\n"
+                         "\"version\"=\"une autre\"\n"
+                         "\"langue\"=\"1\"\n";
+}
 
 void print_row(const char *what, double empty, double ardane) {
   std::printf("| %-44s | %8.1f | %8.1f | %5.2f |\n", what, empty, ardane, ardane / empty);
@@ -106,13 +88,12 @@ int main(int argc, char **argv) {
   if (argc < 3) return std::fprintf(stderr, "desktop_start EMPTY_WINDOW ARDANE [TIMES]\n"), 2;
   const int times = argc > 3 ? std::atoi(argv[3]) : 21;
   const fs::path program = fs::canonical(argv[2]);
-  const Scratch scratch(program);
-  const std::vector<std::string> start{program.string(),
-                                       "--programme",
-                                       scratch.folder().string(),
-                                       "--registre",
-                                       (scratch.folder() / "registre").string(),
-                                       "--pret-et-quitter"};
+  const ardane::ScratchFolder scratch(program.parent_path());
+  const ardane::DesktopPlaces places = scratch.places();
+  write_settings(places.registre);
+  const std::vector<std::string> start{program.string(),         "--programme",
+                                       places.programme,         "--registre",
+                                       places.registre.string(), "--pret-et-quitter"};
   Figures empty, ardane, ignored;
   run(start, ignored);  // the first run settles the folders
   for (int i = 0; i < times; ++i)

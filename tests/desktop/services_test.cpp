@@ -46,16 +46,16 @@ TEST(SoundOnDemand, AMissingFileAndAMissingDeviceAreSilent) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST(Options, AreReadByName) {
+TEST(DesktopOptions, AreReadByName) {
   const std::array words{"ardane", "--programme", "/jeu", "--pret-et-quitter"};
-  const Options options = read_options(words.size(), words.data());
+  const DesktopOptions options = read_options(words.size(), words.data());
   EXPECT_EQ(options.programme, "/jeu");
   EXPECT_TRUE(options.prêt_et_quitter);
   EXPECT_FALSE(options.démonstration);
   EXPECT_EQ(options.erreur, "");
 }
 
-TEST(Options, UnknownAndIncompleteOnesAreToldInFrench) {
+TEST(DesktopOptions, UnknownAndIncompleteOnesAreToldInFrench) {
   const std::array unknown{"ardane", "--zut"};
   EXPECT_EQ(read_options(unknown.size(), unknown.data()).erreur, "Option inconnue ou incomplète : --zut");
   const std::array incomplete{"ardane", "--demonstration"};

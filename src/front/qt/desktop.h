@@ -43,6 +43,9 @@ class Desktop : public QObject {
   /// it is first shown.
   void load_all_pictures();
 
+  /// True while a procedure of the program is at work, and does not wait for the player.
+  bool busy() const { return dispatcher_.busy(); }
+
   Programme &programme() { return programme_; }
   Renderer &renderer() { return renderer_; }
   PictureStore &pictures() { return pictures_; }

@@ -9,29 +9,29 @@ namespace {
 
 struct Folder_option {
   std::string_view name;
-  std::optional<std::string> Options::*value;
+  std::optional<std::string> DesktopOptions::*value;
 };
 
 struct Switch {
   std::string_view name;
-  bool Options::*value;
+  bool DesktopOptions::*value;
 };
 
 constexpr std::array valued = std::to_array<Folder_option>({
-    {"--demonstration", &Options::démonstration},
-    {"--programme", &Options::programme},
-    {"--registre", &Options::registre},
+    {"--demonstration", &DesktopOptions::démonstration},
+    {"--programme", &DesktopOptions::programme},
+    {"--registre", &DesktopOptions::registre},
 });
 
 constexpr std::array switches = std::to_array<Switch>({
-    {"--help", &Options::aide},
-    {"--pret-et-quitter", &Options::prêt_et_quitter},
+    {"--help", &DesktopOptions::aide},
+    {"--pret-et-quitter", &DesktopOptions::prêt_et_quitter},
 });
 
 }  // namespace
 
-Options read_options(int argc, const char *const *argv) {
-  Options options;
+DesktopOptions read_options(int argc, const char *const *argv) {
+  DesktopOptions options;
   for (int i = 1; i < argc; ++i) {
     const std::string_view word = argv[i];
     const auto with_value = std::ranges::find(valued, word, &Folder_option::name);

@@ -6,7 +6,7 @@
 
 namespace ardane {
 
-struct Options {
+struct DesktopOptions {
   bool aide = false;
   bool prêt_et_quitter = false;              ///< measure the start and end
   std::optional<std::string> démonstration;  ///< folder for the pictures of a game that plays itself
@@ -15,7 +15,7 @@ struct Options {
   std::string erreur;                        ///< why the command line was not understood; empty if it was
 };
 
-Options read_options(int argc, const char *const *argv);
+DesktopOptions read_options(int argc, const char *const *argv);
 
 /// What --help prints.
 std::string help_text();

@@ -134,6 +134,14 @@ void Renderer::sync() {
     if (view->window().ouverte) view->sync();
 }
 
+void Renderer::close_top() {
+  const auto top =
+      std::find_if(views_.rbegin(), views_.rend(), [](const auto &v) { return v->frame().isVisible(); });
+  if (top == views_.rend()) return;
+  (*top)->window().fermer();
+  sync();
+}
+
 QWidget *Renderer::top_frame() const {
   QWidget *top = nullptr;
   for (const auto &view : views_)

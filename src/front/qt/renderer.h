@@ -25,6 +25,8 @@ class Renderer : public QObject, public Façade {
   void repeindre(Fenêtre &fenêtre) override;
   Rect rectangle(const Fenêtre &fenêtre, const Contrôle &contrôle) const override;
 
+  /// Closes the window above the others, without asking its own handler.
+  void close_top();
   /// Brings all windows in step with their data.
   void sync();
   /// The Qt window above the others on the screen; null if there is none.

@@ -17,8 +17,8 @@ using Dessous = std::map<std::string, std::set<std::string>>;
 const std::set<std::string> tout_sauf_les_façades = {
     "platform", "core", "map", "persistence", "play", "services", "configuration", "screens", "startup"};
 
-std::set<std::string> et_aussi(std::set<std::string> dossiers, const std::string &autre) {
-  dossiers.insert(autre);
+std::set<std::string> et_aussi(std::set<std::string> dossiers, const std::set<std::string> &autres) {
+  dossiers.insert(autres.begin(), autres.end());
   return dossiers;
 }
 
@@ -35,8 +35,10 @@ const Dessous &dessous_du_programme() {
       {"screens", {"platform", "core", "map", "persistence", "play"}},
       {"startup", {"platform", "core", "map", "persistence", "play", "services", "configuration", "screens"}},
       {"front/scripted", {"platform", "core"}},
-      {"front/pilote", et_aussi(tout_sauf_les_façades, "front/scripted")},
+      {"front/pilote", et_aussi(tout_sauf_les_façades, {"front/scripted"})},
       {"front/qt", tout_sauf_les_façades},
+      {"front/demonstration", et_aussi(tout_sauf_les_façades, {"front/qt"})},
+      {"front/ardane", et_aussi(tout_sauf_les_façades, {"front/qt", "front/demonstration"})},
   };
   return table;
 }
@@ -112,9 +114,9 @@ void aucune_inclusion_ne_monte(const Maison &maison) {
   });
 }
 
-void seul_connaît_une_boîte_à_outils(const Maison &maison, const std::string &dossier) {
+void seuls_connaissent_une_boîte_à_outils(const Maison &maison, const std::set<std::string> &dossiers) {
   pour_chaque_source(maison.racine, [&](const std::filesystem::path &source) {
-    if (dossier_de(maison, source) == dossier) return;
+    if (dossiers.contains(dossier_de(maison, source))) return;
     pour_chaque_inclusion(source, [&](const std::string &inclus) {
       EXPECT_FALSE(inclus.size() > 1 && inclus[0] == 'Q' &&
                    std::isupper(static_cast<unsigned char>(inclus[1])))
@@ -139,12 +141,12 @@ TEST(House, TheCheckOfIncludesKnowsTheFolderOfEachPath) {
   EXPECT_EQ(dossier("vector"), "");
 }
 
-TEST(House, OnlyTheDesktopFrontEndKnowsAToolkit) {
-  seul_connaît_une_boîte_à_outils(programme(), "front/qt");
+TEST(House, OnlyTheDesktopFrontEndAndWhatStandsOnItKnowAToolkit) {
+  seuls_connaissent_une_boîte_à_outils(programme(), {"front/qt", "front/demonstration", "front/ardane"});
 }
 
 TEST(House, OnlyTheFilesOfTheAtelierKnowAToolkit) {
-  seul_connaît_une_boîte_à_outils(atelier(), "files");
+  seuls_connaissent_une_boîte_à_outils(atelier(), {"files"});
 }
 
 }  // namespace

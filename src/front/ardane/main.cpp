@@ -4,8 +4,8 @@
 
 #include "core/current_folder.h"
 #include "core/resources.h"
+#include "front/demonstration/demonstration.h"
 #include "front/qt/appearance.h"
-#include "front/qt/demonstration.h"
 #include "front/qt/desktop.h"
 #include "front/qt/options.h"
 #include "front/qt/ready_report.h"
@@ -13,7 +13,7 @@
 namespace ardane {
 namespace {
 
-int play(int argc, char **argv, const Options &options) {
+int play(int argc, char **argv, const DesktopOptions &options) {
   QApplication application(argc, argv);
   Desktop desktop(
       {options.programme ? chemin_absolu(*options.programme)
@@ -37,7 +37,7 @@ int play(int argc, char **argv, const Options &options) {
 }  // namespace ardane
 
 int main(int argc, char **argv) {
-  const ardane::Options options = ardane::read_options(argc, argv);
+  const ardane::DesktopOptions options = ardane::read_options(argc, argv);
   if (!options.erreur.empty()) {
     std::fprintf(stderr, "%s\n%s", options.erreur.c_str(), ardane::help_text().c_str());
     return 2;

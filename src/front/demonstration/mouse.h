@@ -18,5 +18,7 @@ void click(QWidget &widget);
 void click(QWidget &menu, const QAction &entry);
 /// Types a text into the widget that has the focus in the widget's window.
 void type(QWidget &widget, const QString &text);
+/// Presses and releases a key there.
+void press(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers held = {});
 
 }  // namespace ardane

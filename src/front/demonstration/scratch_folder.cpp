@@ -1,4 +1,4 @@
-#include "front/qt/scratch_folder.h"
+#include "front/demonstration/scratch_folder.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "front/qt/mouse.h"
+#include "front/demonstration/mouse.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -14,6 +14,16 @@ void send_button(QWindow &window, QEvent::Type type, QPointF place, QPointF on_s
                  Qt::MouseButtons held) {
   QMouseEvent event(type, place, place, on_screen, Qt::LeftButton, held, Qt::NoModifier);
   QCoreApplication::sendEvent(&window, &event);
+}
+
+/// To the widget that has the focus in the widget's window.
+void send_key(const QWidget &widget, int key, Qt::KeyboardModifiers held, const QString &letter) {
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QWidget *target = widget.window()->focusWidget();
+    if (target == nullptr) return;
+    QKeyEvent event(type, key, held, letter);
+    QCoreApplication::sendEvent(target, &event);
+  }
 }
 
 QRect place_of_entry(const QWidget &menu, const QAction &entry) {
@@ -44,14 +54,11 @@ void click(QWidget &menu, const QAction &entry) {
 }
 
 void type(QWidget &widget, const QString &text) {
-  QWidget *target = widget.window()->focusWidget();
-  if (target == nullptr) return;
-  for (const QChar letter : text) {
-    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
-    QCoreApplication::sendEvent(target, &press);
-    QKeyEvent release(QEvent::KeyRelease, 0, Qt::NoModifier, QString(letter));
-    QCoreApplication::sendEvent(target, &release);
-  }
+  for (const QChar letter : text) send_key(widget, 0, Qt::NoModifier, QString(letter));
+}
+
+void press(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers held) {
+  send_key(widget, key, held, {});
 }
 
 }  // namespace ardane

@@ -1,0 +1,188 @@
+#include "front/demonstration/automatic_player.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QPushButton>
+#include <algorithm>
+#include <utility>
+
+#include "front/demonstration/mouse.h"
+#include "front/qt/appearance.h"
+
+namespace ardane {
+namespace {
+
+template <class Object = QWidget>
+Object *child(const QObject *parent, const std::string &name) {
+  return parent == nullptr ? nullptr : parent->findChild<Object *>(to_qt(name));
+}
+
+QMessageBox *box_in_front() {
+  return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+}
+
+const char *name_of(Réponse button) {
+  switch (button) {
+    case Réponse::ok: return "ok";
+    case Réponse::oui: return "oui";
+    case Réponse::non: return "non";
+  }
+  return "";
+}
+
+}  // namespace
+
+void Plan::at_box(AutomaticPlayer &player, const QMessageBox &) {
+  player.accept();
+}
+
+AutomaticPlayer::AutomaticPlayer(Desktop &desktop, Plan &plan) : desktop_(desktop), plan_(plan) {
+  turn_.setSingleShot(true);
+  connect(&turn_, &QTimer::timeout, this, [this] { turn(); });
+}
+
+bool AutomaticPlayer::start() {
+  starting_ = true;
+  begin();
+  const bool started = desktop_.start();
+  starting_ = false;
+  rest();
+  return started;
+}
+
+void AutomaticPlayer::begin() {
+  turn_.start();
+}
+
+void AutomaticPlayer::rest() {
+  turn_.stop();
+}
+
+void AutomaticPlayer::turn() {
+  if (!starting_ && !desktop_.programme().en_cours() && QApplication::activeModalWidget() == nullptr) return;
+  // What follows may wait in a window of its own: the next turn comes from there.
+  turn_.start();
+  if (desktop_.busy()) return;
+  // A window that has just come up hears that it is the active one before it hears of the player.
+  const QWidget *seen_before = std::exchange(seen_in_front_, front());
+  if (seen_before != seen_in_front_) return;
+  if (!trouble_.empty()) return close_what_is_in_front();
+  if (orders_.empty()) return ask_plan();
+  if (--orders_left_ == 0) return give_up("la partie ne finit pas");
+  const std::function<void()> order = std::move(orders_.front());
+  orders_.pop_front();
+  order();
+}
+
+void AutomaticPlayer::ask_plan() {
+  const QWidget *modal = QApplication::activeModalWidget();
+  if (const QMessageBox *box = box_in_front())
+    plan_.at_box(*this, *box);
+  else if (modal != nullptr)
+    plan_.at_window(*this, to_utf8(modal->objectName()));
+  else if (!starting_)
+    plan_.at_map(*this);
+}
+
+void AutomaticPlayer::give_up(const std::string &why) {
+  if (trouble_.empty()) trouble_ = why;
+  orders_.clear();
+}
+
+void AutomaticPlayer::close_what_is_in_front() {
+  if (QWidget *menu = QApplication::activePopupWidget())
+    menu->close();
+  else if (QMessageBox *box = box_in_front())
+    box->close();
+  else
+    desktop_.renderer().close_top();
+}
+
+QWidget *AutomaticPlayer::front() const {
+  QWidget *modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : desktop_.renderer().frame(desktop_.programme().principale());
+}
+
+QWidget *AutomaticPlayer::usable(const std::string &control) {
+  QWidget *found = child(front(), control);
+  if (found != nullptr && found->isVisible() && found->isEnabled()) return found;
+  give_up("rien à utiliser sous le nom " + control + " dans " +
+          to_utf8(front() == nullptr ? QString() : front()->objectName()));
+  return nullptr;
+}
+
+void AutomaticPlayer::choose(const std::string &menu, const std::string &entry) {
+  then([this, menu] { click_entry(usable("barre_de_menus"), menu); });
+  then([this, entry] { click_entry(QApplication::activePopupWidget(), entry); });
+}
+
+void AutomaticPlayer::click_entry(QWidget *menu, const std::string &entry) {
+  const auto *action = child<QAction>(menu, entry);
+  if (action == nullptr || !action->isVisible() || !action->isEnabled())
+    return give_up("rien à choisir sous le nom " + entry);
+  ardane::click(*menu, *action);
+}
+
+void AutomaticPlayer::click(const std::string &control) {
+  then([this, control] {
+    if (QWidget *found = usable(control)) ardane::click(*found);
+  });
+}
+
+void AutomaticPlayer::fill_in(const std::string &control, const QString &text) {
+  then([this, control, text] {
+    QWidget *found = usable(control);
+    if (found == nullptr) return;
+    ardane::click(*found);
+    press(*found, Qt::Key_A, Qt::ControlModifier);
+    press(*found, Qt::Key_Delete);
+    type(*found, text);
+  });
+}
+
+void AutomaticPlayer::answer(Réponse button) {
+  then([this, button] { click_button(child(box_in_front(), name_of(button))); });
+}
+
+void AutomaticPlayer::accept() {
+  then([this] { click_button(box_in_front() == nullptr ? nullptr : box_in_front()->defaultButton()); });
+}
+
+void AutomaticPlayer::click_button(QWidget *button) {
+  if (button == nullptr) return give_up("pas de boîte qui se réponde ainsi");
+  ardane::click(*button);
+}
+
+void AutomaticPlayer::click(MapTarget target) {
+  then([this, target] { reach(target); });
+}
+
+void AutomaticPlayer::reach(MapTarget target) {
+  QWidget *map = usable("Carte");
+  if (map == nullptr) return;
+  if (const std::optional<QPoint> place = free_place(desktop_.programme(), target))
+    return ardane::click(*map, *place);
+  if (!scroll_towards(middle(desktop_.programme(), target)))
+    return give_up("pas un pixel libre pour " + to_text(target));
+  orders_.push_front([this, target] { reach(target); });
+}
+
+bool AutomaticPlayer::scroll_towards(QPoint place) {
+  constexpr int past_the_arrow = 18;
+  Ecran_principal &main = desktop_.programme().principale();
+  const auto page = [&](const Contrôle &bar, int along, double length) {
+    QWidget *shown = child(front(), bar.nom);
+    if (shown == nullptr || (along >= 0 && along < static_cast<int>(length))) return false;
+    const int before = bar.valeur;
+    const int far_end = std::max(shown->width(), shown->height());
+    const int where = along < 0 ? past_the_arrow : far_end - past_the_arrow;
+    ardane::click(*shown, shown->width() > shown->height() ? QPoint(where, shown->height() / 2)
+                                                           : QPoint(shown->width() / 2, where));
+    return bar.valeur != before;
+  };
+  return page(main.barre_v, place.y(), main.Carte.hauteur) ||
+         page(main.barre_h, place.x(), main.Carte.largeur);
+}
+
+}  // namespace ardane

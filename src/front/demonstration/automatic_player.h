@@ -1,0 +1,76 @@
+// A player who plays by himself: works the program's real windows by mouse and keys.
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <string>
+
+#include "front/demonstration/map_target.h"
+#include "front/demonstration/plan.h"
+#include "front/qt/desktop.h"
+#include "platform/services.h"
+
+namespace ardane {
+
+/// Carries out orders, one each turn of the event loop, in whatever window, menu or box is then in front;
+/// when none is left it asks its plan for more. An order that a player could not carry out - a control that
+/// is not there, is hidden or disabled, or cannot be reached by a click - makes it give up.
+class AutomaticPlayer : public QObject {
+ public:
+  /// The plan must outlive the player.
+  AutomaticPlayer(Desktop &desktop, Plan &plan);
+
+  /// Starts the program, the boxes of a first start answered by order or by plan. False if it ended at once.
+  bool start();
+  /// From now on acts from whatever event loop runs, until the program has ended or `rest` is called.
+  void begin();
+  void rest();
+
+  /// Forgets its orders and closes whatever is in front, the main window last.
+  void give_up(const std::string &why);
+  /// Why it gave up; empty if it did not.
+  const std::string &trouble() const { return trouble_; }
+
+  // Orders, carried out in the order given.
+
+  /// Opens a menu of the main window's bar and chooses one of its entries.
+  void choose(const std::string &menu, const std::string &entry);
+  /// Clicks in the middle of a control of the window in front.
+  void click(const std::string &control);
+  /// Replaces what stands in a text box of the window in front.
+  void fill_in(const std::string &control, const QString &text);
+  /// Answers the message box in front by that button.
+  void answer(Réponse button);
+  /// Presses the default button of the message box in front.
+  void accept();
+  /// Clicks on the map, scrolled by its bars where the target is out of sight.
+  void click(MapTarget target);
+  /// Does something else at its turn.
+  void then(std::function<void()> deed) { orders_.push_back(std::move(deed)); }
+
+ private:
+  void turn();
+  void ask_plan();
+  void close_what_is_in_front();
+  /// The window in front; that of a box included.
+  QWidget *front() const;
+  QWidget *usable(const std::string &control);
+  void click_entry(QWidget *menu, const std::string &entry);
+  void click_button(QWidget *button);
+  void reach(MapTarget target);
+  /// A click in a scroll bar's trough that brings a place nearer; false if there is none.
+  bool scroll_towards(QPoint place);
+
+  Desktop &desktop_;
+  Plan &plan_;
+  QTimer turn_;
+  std::deque<std::function<void()>> orders_;
+  const QWidget *seen_in_front_ = nullptr;  ///< at the turn before, to compare with
+  bool starting_ = false;
+  int orders_left_ = 100'000;
+  std::string trouble_;
+};
+
+}  // namespace ardane

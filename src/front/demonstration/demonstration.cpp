@@ -1,0 +1,137 @@
+#include "front/demonstration/demonstration.h"
+
+#include <QApplication>
+#include <cstdio>
+
+#include "core/game_state.h"
+#include "front/demonstration/album.h"
+#include "front/demonstration/automatic_player.h"
+#include "front/demonstration/offscreen.h"
+#include "front/demonstration/scratch_folder.h"
+#include "front/qt/appearance.h"
+
+namespace ardane {
+namespace {
+
+constexpr int half_way = nombre_provinces / 2;
+/// A wrong click before each so many-th answer.
+constexpr int mistake_every = 9;
+
+/// A game of the stage Provinces by somebody who knows the country, and slips now and then.
+class Demonstration : public Plan {
+ public:
+  Demonstration(const GameState &state, Album &album) : g_(state), album_(album) {}
+
+  void at_box(AutomaticPlayer &player, const QMessageBox &box) override;
+  void at_window(AutomaticPlayer &player, const std::string &name) override;
+  void at_map(AutomaticPlayer &player) override;
+
+  int mistakes() const { return mistakes_; }
+  /// The score when the last question was answered.
+  int score() const { return score_; }
+
+ private:
+  void answer(AutomaticPlayer &player);
+  int other_province() const;
+  void tell_progress() const;
+
+  const GameState &g_;
+  Album &album_;
+  bool started_ = false, ended_ = false, erred_ = false;
+  int answers_ = 0, mistakes_ = 0, score_ = 0;
+};
+
+void Demonstration::at_box(AutomaticPlayer &player, const QMessageBox &box) {
+  album_.add(to_utf8(box.windowTitle()));
+  player.accept();
+}
+
+void Demonstration::at_window(AutomaticPlayer &player, const std::string &name) {
+  if (name == "nouvelle_partie") {
+    player.fill_in("boîte_nom_joueur", QStringLiteral("Ardan"));
+    player.click("niveau_facile");
+    player.then([this, name] { album_.add(name); });
+    player.click("bouton_sortie");
+  } else if (name == "Affichage_scores") {
+    album_.add(name);
+    ended_ = true;
+    player.click("Command1");
+  } else {
+    player.give_up("fenêtre inattendue : " + name);
+  }
+}
+
+void Demonstration::at_map(AutomaticPlayer &player) {
+  if (g_.Etape == étape_provinces) return answer(player);
+  if (ended_) return player.choose("menu_fichier", "fichier_quitter");
+  if (started_) return player.give_up("la partie s'est arrêtée à l'étape " + std::to_string(g_.Etape));
+  started_ = true;
+  album_.add("carte");
+  player.choose("menu_fichier", "fichier_nouveau");
+}
+
+void Demonstration::answer(AutomaticPlayer &player) {
+  const int wrong = (answers_ + 1) % mistake_every == 0 && !erred_ ? other_province() : 0;
+  erred_ = wrong != 0;
+  if (erred_) {
+    ++mistakes_;
+    return player.click(province(wrong));
+  }
+  ++answers_;
+  if (answers_ == half_way) album_.add("milieu");
+  if (answers_ == nombre_provinces) album_.add("fin");
+  score_ = g_.Score;
+  tell_progress();
+  player.click(province(g_.ProvinceCourante));
+}
+
+/// The next province still to be found after the one that is asked; 0 for none.
+int Demonstration::other_province() const {
+  const int asked = g_.ProvinceCourante;
+  for (int p = asked % nombre_provinces + 1; p != asked; p = p % nombre_provinces + 1)
+    if (!g_.TableProvinces(p).trouvée) return p;
+  return 0;
+}
+
+void Demonstration::tell_progress() const {
+  if (answers_ % 10 != 0) return;
+  std::printf("Province %d sur %d : %s. Score : %d\n", answers_, nombre_provinces,
+              g_.TableProvinces(g_.ProvinceCourante).nom.c_str(), g_.Score);
+  std::fflush(stdout);
+}
+
+int play(const QDir &folder) {
+  const ScratchFolder scratch(QCoreApplication::applicationDirPath().toStdString());
+  Desktop desktop(scratch.places(), ressources_du_programme());
+  GameState &g = desktop.programme().état();
+  Album album(folder);
+  Demonstration plan(g, album);
+  AutomaticPlayer player(desktop, plan);
+  std::printf("Démonstration : une partie du jeu des provinces, au niveau Facile.\n");
+  if (!player.start()) return 1;
+  g.Ordre_jeux.remplir(0);
+  g.Ordre_jeux(1) = étape_provinces;
+  player.begin();
+  desktop.play();
+  if (!player.trouble().empty()) {
+    std::printf("La démonstration s'est arrêtée : %s.\n", player.trouble().c_str());
+    return 1;
+  }
+  std::printf("Partie finie : %d erreurs, score %d.\n", plan.mistakes(), plan.score());
+  return album.complete() ? 0 : 1;
+}
+
+}  // namespace
+
+int demonstrate(int argc, char **argv, const std::string &folder) {
+  const QDir pictures(QDir(to_qt(folder)).absolutePath());
+  const Offscreen platform;
+  if (!pictures.mkpath(QStringLiteral(".")) || !platform.ready()) {
+    std::fprintf(stderr, "Impossible d'écrire dans le dossier %s\n", folder.c_str());
+    return 1;
+  }
+  const QApplication application(argc, argv);
+  return play(pictures);
+}
+
+}  // namespace ardane

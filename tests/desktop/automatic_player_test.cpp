@@ -1,0 +1,103 @@
+// The player who plays by himself: what he cannot do he says, and leaves the program closed.
+#include "front/demonstration/automatic_player.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "front/demonstration/scratch_folder.h"
+#include "script.h"
+
+namespace ardane {
+namespace {
+
+class Player : public testing::Test {
+ protected:
+  Player() { EXPECT_TRUE(script.player.start()); }
+
+  void open_new_game() { script.player.choose("menu_fichier", "fichier_nouveau"); }
+  /// The program is expected to be closed, and the player to say why.
+  void expect_given_up(const std::string &why) {
+    EXPECT_EQ(script.run(), why);
+    EXPECT_FALSE(desktop.programme().en_cours());
+    EXPECT_EQ(desktop.renderer().top_frame(), nullptr);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  }
+
+  const ScratchFolder folder{ARDANE_RESOURCES};
+  Desktop desktop{folder.places(), ressources_du_programme()};
+  Script script{desktop};
+};
+
+TEST_F(Player, RestsAtTheMapWhenAllOrdersAreCarriedOut) {
+  open_new_game();
+  script.player.click("Bouton_annuler");
+  EXPECT_EQ(script.run(), "");
+  EXPECT_TRUE(desktop.programme().en_cours());
+}
+
+TEST_F(Player, ReplacesWhatStandsInATextBox) {
+  for (const char *name : {"Zoé", "Élodie"}) {
+    open_new_game();
+    script.player.fill_in("boîte_nom_joueur", QString::fromUtf8(name));
+    script.player.click("bouton_sortie");
+    EXPECT_EQ(script.run(), "");
+    EXPECT_EQ(desktop.programme().état().Nom_joueur, name);
+  }
+}
+
+TEST_F(Player, GivesUpWhereAWindowWaitsForNoOrder) {
+  open_new_game();
+  expect_given_up("la fenêtre nouvelle_partie attend un ordre");
+}
+
+TEST_F(Player, GivesUpOverAControlThatIsNotThere) {
+  open_new_game();
+  script.player.click("bouton_absent");
+  script.player.click("bouton_sortie");
+  expect_given_up("rien à utiliser sous le nom bouton_absent dans nouvelle_partie");
+}
+
+TEST_F(Player, GivesUpOverAControlOfAnotherWindow) {
+  open_new_game();
+  script.player.click("Carte");
+  expect_given_up("rien à utiliser sous le nom Carte dans nouvelle_partie");
+}
+
+TEST_F(Player, GivesUpOverAMenuEntryThatIsDisabledAndClosesTheMenu) {
+  script.player.choose("menu_fichier", "Fichier_lire");
+  expect_given_up("rien à choisir sous le nom Fichier_lire");
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(Player, GivesUpWhereABoxIsNotThereOrAsksOtherwise) {
+  script.player.answer(Réponse::ok);
+  expect_given_up("pas de boîte qui se réponde ainsi");
+}
+
+TEST_F(Player, GivesUpUnderABoxOverAWindowOverTheMap) {
+  open_new_game();
+  script.player.fill_in("boîte_nom_joueur", "");
+  script.player.click("bouton_sortie");
+  script.player.answer(Réponse::oui);
+  expect_given_up("pas de boîte qui se réponde ainsi");
+}
+
+TEST_F(Player, ClosesTheWindowsThatTheProgramOpensWhileItGivesUp) {
+  open_new_game();
+  script.player.fill_in("boîte_nom_joueur", "Zoé");
+  script.player.click("bouton_sortie");
+  script.player.click(province(1));
+  open_new_game();  // after a question the top ten comes up, and then the dialog
+  script.player.answer(Réponse::oui);
+  script.player.click("bouton_absent");
+  expect_given_up("rien à utiliser sous le nom bouton_absent dans boîte");
+}
+
+TEST_F(Player, GivesUpOverATownThatIsNotShown) {
+  script.player.click(town(1));
+  expect_given_up("pas un pixel libre pour la ville 1");
+}
+
+}  // namespace
+}  // namespace ardane

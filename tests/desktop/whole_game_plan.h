@@ -1,0 +1,52 @@
+// A plan for whole games: knows every answer, errs by plan, uses what help the level offers, and counts by
+// hand what it all must cost.
+#pragma once
+
+#include <QString>
+#include <string>
+
+#include "front/demonstration/automatic_player.h"
+
+namespace ardane {
+
+/// From the map at rest over a new game to the closing of the main window. It gives up when the score is not
+/// what it has counted.
+class WholeGamePlan : public Plan {
+ public:
+  /// `level`: name of the option in the new game dialog.
+  WholeGamePlan(Programme &programme, QString name, std::string level)
+      : main_(programme.principale()),
+        g_(programme.état()),
+        name_(std::move(name)),
+        level_(std::move(level)) {}
+
+  void at_box(AutomaticPlayer &player, const QMessageBox &box) override;
+  void at_window(AutomaticPlayer &player, const std::string &name) override;
+  void at_map(AutomaticPlayer &player) override;
+
+  int expected_score = 999999;
+  int questions = 0;  ///< ended so far: each has its own plan
+  int mistakes = 0, helps = 0, passes = 0, given_up = 0, wrong_selections = 0;
+
+ private:
+  void answer_object(AutomaticPlayer &player);
+  void answer_region(AutomaticPlayer &player);
+  void err(AutomaticPlayer &player, MapTarget wrong);
+  bool wants_to_err() const;
+  bool seek_help(AutomaticPlayer &player);
+  void end_question();
+  void pay(int cost);
+  MapTarget asked() const;
+  MapTarget another() const;
+  int other_province() const;
+  int other_town() const;
+
+  Ecran_principal &main_;
+  const GameState &g_;
+  const QString name_;
+  const std::string level_;
+  int errors_ = 0;  ///< on the present question
+  bool started_ = false, ended_ = false, hesitated_ = false;
+};
+
+}  // namespace ardane

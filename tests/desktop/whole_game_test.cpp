@@ -1,0 +1,92 @@
+// Games from the new game dialog to the top ten and the end of the program, played through the real windows.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <tuple>
+
+#include "core/game_state.h"
+#include "front/demonstration/scratch_folder.h"
+#include "whole_game_plan.h"
+
+namespace ardane {
+namespace {
+
+using Order = std::array<int, nombre_jeux>;
+
+constexpr Order provinces_alone = {étape_provinces};
+constexpr Order as_designed = {étape_provinces, étape_régions, étape_villes, étape_drapeaux};
+constexpr Order the_other_way = {étape_drapeaux, étape_villes, étape_régions, étape_provinces};
+
+constexpr std::array<const char *, 5> levels = {"Niveau_apprentissage", "niveau_facile", "niveau_moyen",
+                                                "niveau_difficile", "niveau_expert"};
+
+/// A game at the level of that rank in `levels`, 0 for learning.
+class PlayedGame : public testing::TestWithParam<std::tuple<int, Order>> {
+ protected:
+  /// Plays it and compares what it comes to with what the plan has counted.
+  void play() {
+    const auto [level, order] = GetParam();
+    plan = std::make_unique<WholeGamePlan>(desktop.programme(), "Élodie",
+                                           levels.at(static_cast<std::size_t>(level)));
+    AutomaticPlayer player(desktop, *plan);
+    ASSERT_TRUE(player.start());
+    for (int rank = 1; rank <= nombre_jeux; ++rank)
+      state.Ordre_jeux(rank) = static_cast<std::int16_t>(order.at(static_cast<std::size_t>(rank - 1)));
+    player.begin();
+    desktop.play();
+
+    EXPECT_EQ(player.trouble(), "");
+    EXPECT_EQ(state.Etape, étape_repos);
+    EXPECT_FALSE(desktop.programme().en_cours());
+    if (learning())
+      expect_nothing_kept();
+    else
+      expect_kept(level);
+  }
+  static bool learning() { return std::get<int>(GetParam()) == 0; }
+
+  std::unique_ptr<WholeGamePlan> plan;
+  const ScratchFolder folder{ARDANE_RESOURCES};
+  Desktop desktop{folder.places(), ressources_du_programme()};
+  GameState &state = desktop.programme().état();
+
+ private:
+  void expect_nothing_kept() {
+    EXPECT_EQ(state.Nombre_scores(1), 0);
+    EXPECT_EQ(plan->expected_score, score_de_départ);
+  }
+  void expect_kept(int level) {
+    EXPECT_EQ(state.Niveau, level);
+    EXPECT_EQ(state.Nombre_scores(level), 1);
+    EXPECT_EQ(state.Meilleurs_scores(level, 1).nom, "Élodie");
+    EXPECT_EQ(state.Meilleurs_scores(level, 1).score, plan->expected_score);
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "ARDANE.SCI"));
+  }
+};
+
+class GameOfOneStage : public PlayedGame {};
+class WholeGame : public PlayedGame {};
+
+INSTANTIATE_TEST_SUITE_P(EveryLevel, GameOfOneStage,
+                         testing::Combine(testing::Range(0, 5), testing::Values(provinces_alone)));
+INSTANTIATE_TEST_SUITE_P(EveryLevel, WholeGame,
+                         testing::Combine(testing::Range(0, 5), testing::Values(as_designed, the_other_way)));
+
+TEST_P(GameOfOneStage, PlayedByMouseWithMistakesCostsWhatIsCountedByHand) {
+  play();
+  EXPECT_EQ(plan->questions, nombre_provinces);
+  EXPECT_GT(plan->mistakes, 20);
+  EXPECT_EQ(plan->given_up, 2);
+}
+
+TEST_P(WholeGame, PlayedByMouseWithMistakesHelpAndPassesCostsWhatIsCountedByHand) {
+  play();
+  EXPECT_GT(plan->mistakes, 50);
+  EXPECT_GT(plan->given_up, 3);
+  EXPECT_GT(plan->wrong_selections, 4);
+  EXPECT_EQ(plan->helps > 0, learning());
+  EXPECT_EQ(plan->passes > 0, std::get<int>(GetParam()) == 1);
+}
+
+}  // namespace
+}  // namespace ardane

@@ -49,7 +49,7 @@ make_debian() {
 enter() {
   local root=$folder/$1 user=$2 home=/root
   [ "$user" = root ] || home=/home/$user
-  env -i chroot "$root" su "$user" -s /bin/bash -c \
+  env -i PATH="$PATH" chroot "$root" su "$user" -s /bin/bash -c \
     "export HOME=$home PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin; cd $home/ardane && $3"
 }
 

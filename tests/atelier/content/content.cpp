@@ -64,6 +64,13 @@ atelier::Grid<int> read_fine_codes() {
   return grid;
 }
 
+/// By province; element 0 is empty. Read once, since tests ask for every pixel.
+std::vector<int> read_regions() {
+  std::vector<int> result(1);
+  for (int p = 1; p <= provinces; ++p) result.push_back(leading_number(fields(text(2000 + p)).at(4)));
+  return result;
+}
+
 std::vector<Town> read_towns() {
   std::vector<Town> result(1);
   for (int i = 1; i <= provinces; ++i) {
@@ -138,7 +145,8 @@ const atelier::Grid<int> &fine_codes() {
 }
 
 int region_of(int province) {
-  return leading_number(fields(text(2000 + province)).at(4));
+  static const auto table = read_regions();
+  return table.at(static_cast<std::size_t>(province));
 }
 
 const std::vector<Town> &all_towns() {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/context.h"
 #include "core/current_folder.h"
@@ -40,6 +41,7 @@ class Programme : private Ouvreur {
  private:
   void ouvrir_modale(std::string_view nom) override;
   bool existe(std::string_view nom) const override { return fabriques_.contains(nom); }
+  std::vector<std::string_view> noms() const override;
   void décharger();
   void brancher();
 

@@ -227,8 +227,10 @@ class DesktopDriver : public Driver {
   /// The window on top, active and painted; null if there is none.
   QWidget *ready() {
     QWidget *top = renderer_.top_frame();
-    if (top != nullptr && box() == nullptr && !top->isActiveWindow())
+    if (top != nullptr && box() == nullptr && !top->isActiveWindow()) {
+      top->activateWindow();  // as a window manager does for the window that another one has uncovered
       static_cast<void>(QTest::qWaitForWindowActive(top));
+    }
     settle();
     return renderer_.top_frame();
   }

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,6 +68,7 @@ class Driver {
 struct FrontEnd {
   std::string_view name;
   std::unique_ptr<Driver> (*make)();
+  friend std::ostream &operator<<(std::ostream &out, const FrontEnd &end) { return out << end.name; }
 };
 
 std::unique_ptr<Driver> make_pilot_driver();

@@ -282,6 +282,7 @@ TEST_P(Windows, AWindowIsActivatedWhenItComesUpAndWhenAModalOneUncoversItButNotB
   player->then([&] { player->answer("ok"); });
   player->then([&] { player->click("fermer"); });
   player->click("ouvrir");
+  EXPECT_EQ(player->top(), "fenêtre");
   EXPECT_THAT(told, ElementsAre("fenêtre", "dialogue", "fenêtre"));
 }
 

@@ -138,8 +138,6 @@ class Ouvreur {
   virtual void ouvrir_modale(std::string_view nom) = 0;
   /// True if there is a window of that name to open.
   virtual bool existe(std::string_view nom) const = 0;
-  /// All the windows that there are to open.
-  virtual std::vector<std::string_view> noms() const = 0;
 };
 
 /// The world of one run, as its front end makes it.

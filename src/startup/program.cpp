@@ -60,7 +60,7 @@ bool Programme::Démarrage(const std::string &répertoire) {
   return true;
 }
 
-std::vector<std::string_view> Programme::noms() const {
+std::vector<std::string_view> Programme::fenêtres() const {
   std::vector<std::string_view> noms;
   for (const auto &[nom, fabrique] : fabriques_) noms.push_back(nom);
   return noms;

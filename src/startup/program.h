@@ -34,6 +34,9 @@ class Programme : private Ouvreur {
   /// The F1 key in a window: opens the help at the window's context.
   void aide(const Fenêtre &fenêtre);
 
+  /// The names of all windows that rules can open.
+  std::vector<std::string_view> fenêtres() const;
+
   GameState &état() { return état_; }
   Ecran_principal &principale() { return principale_; }
   Contexte &contexte() { return contexte_; }
@@ -41,7 +44,6 @@ class Programme : private Ouvreur {
  private:
   void ouvrir_modale(std::string_view nom) override;
   bool existe(std::string_view nom) const override { return fabriques_.contains(nom); }
-  std::vector<std::string_view> noms() const override;
   void décharger();
   void brancher();
 

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/chooser_modes.h"
 #include "support/fake_world.h"
 
 namespace ardane {
@@ -30,9 +31,9 @@ const std::map<std::string_view, Noms> &ordres() {
 TEST(KeyboardOrder, OfEveryWindowThatRulesOpen) {
   MondeFactice m;
   m.démarrer();
-  m.g().Mode_sélection = 6;
+  m.g().Mode_sélection = choix_dossier_information;
   m.g().Niveau_affiché = 1;
-  for (const std::string_view nom : m.c().plateforme.fenêtres.noms()) {
+  for (const std::string_view nom : m.programme.fenêtres()) {
     ASSERT_TRUE(ordres().contains(nom)) << nom << " has no order here";
     Noms trouvé;
     m.façade.joueur = [&](Fenêtre &fenêtre) { trouvé = ordre(fenêtre); };
@@ -53,14 +54,13 @@ TEST(KeyboardOrder, OfTheMainWindowGoesFromTheButtonsOverTheGridToTheBars) {
 TEST(KeyboardOrder, NoWindowHasAButtonThatEnterOrEscapePressesFromElsewhere) {
   MondeFactice m;
   m.démarrer();
-  m.g().Mode_sélection = 6;
+  m.g().Mode_sélection = choix_dossier_information;
   m.g().Niveau_affiché = 1;
   m.façade.joueur = [](Fenêtre &fenêtre) {
     EXPECT_EQ(fenêtre.bouton_défaut, nullptr) << fenêtre.nom;
     EXPECT_EQ(fenêtre.bouton_annulation, nullptr) << fenêtre.nom;
   };
-  for (const std::string_view nom : m.c().plateforme.fenêtres.noms())
-    m.c().plateforme.fenêtres.ouvrir_modale(nom);
+  for (const std::string_view nom : m.programme.fenêtres()) m.c().plateforme.fenêtres.ouvrir_modale(nom);
 }
 
 }  // namespace

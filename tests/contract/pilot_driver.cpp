@@ -5,6 +5,8 @@
 
 #include "driver.h"
 #include "front/pilote/commands.h"
+#include "front/pilote/event_lines.h"
+#include "front/pilote/options.h"
 #include "front/pilote/refusal.h"
 
 namespace ardane {
@@ -78,8 +80,16 @@ class PilotDriver : public Driver, private Attente {
   bool all_done() const override { return steps_.empty(); }
 
  private:
-  void attendre_que(const std::function<bool()> &fini) override {
-    while (!fini()) {
+  Réponse attendre_réponse(const Boîte &) override {
+    session_.réponse.reset();
+    play_until([this] { return session_.réponse.has_value(); });
+    return *session_.réponse;
+  }
+  void attendre_fermeture(Fenêtre &window) override {
+    play_until([&] { return !window.ouverte; });
+  }
+  void play_until(const std::function<bool()> &done) {
+    while (!done()) {
       if (steps_.empty()) throw std::logic_error("nobody closes what waits");
       const std::function<void()> step = std::move(steps_.front());
       steps_.pop_front();
@@ -113,9 +123,10 @@ class PilotDriver : public Driver, private Attente {
   std::deque<std::function<void()>> steps_;
   std::ostringstream out_;
   Journal journal_{out_};
-  Options options_;
-  MondeScripté world_{options_, journal_, *this};
-  Programme program_{world_.monde(), ressources_du_programme()};
+  OptionsPilote options_;
+  Récit events_{journal_};
+  MondeScripté world_{options_, events_, *this};
+  Programme program_{world_.monde(), ressources_du_programme(), options_.dossier};
   Session session_{journal_, world_, program_, ressources_du_programme().images, ""};
 };
 

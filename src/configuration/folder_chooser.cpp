@@ -146,6 +146,10 @@ void Paramétrage_répertoires::poser_textes() {
   entête.texte = message(c_.état, usage(c_.état).message_entête);
   entête.police = {Famille_police::times, 12, true};
   entête.alignement = Alignement::centre;
+  contrôle(*this, "Nom_fichier").nom_parlé = "Dossier ouvert";
+  contrôle(*this, "Répertoire").étiquette = &entête;
+  contrôle(*this, "Fichier").nom_parlé = "Fichiers du dossier";
+  contrôle(*this, "Sous_répertoire").nom_parlé = "Nom du nouveau dossier";
   Contrôle &nouveau = contrôle(*this, "Command1");
   nouveau.infobulle = "Créer un dossier";
   nouveau.image = c_.ressources.images.chercher("Paramétrage_répertoires.Command1");

@@ -14,12 +14,13 @@ constexpr Police titre_panneau{Famille_police::times, 12, true};
 constexpr Police chiffre{Famille_police::times, 18, true};
 constexpr Police consigne{Famille_police::sans_serif, 9.75, true};
 
-// Designed places, in pixels; the layout moves the panel and the grid from here. The height of `barre_h` and
-// the width of `barre_v` are the standard ones of the bars.
+// Designed places, in pixels; the layout moves the panel and the grid from here. In the order of the Tab key
+// the sixteen boxes of the grid come after BoutonPasse. The height of `barre_h` and the width of `barre_v`
+// are the standard ones of the bars.
 constexpr std::array places = std::to_array<Place>({
     {"Carte", Genre::vue, 10, 5, 606, 662},
-    {"barre_h", Genre::barre, 22, 0, 707, 15},
-    {"barre_v", Genre::barre, 0, 99, 14, 536},
+    {"barre_h", Genre::barre, 22, 0, 707, 15, 22},
+    {"barre_v", Genre::barre, 0, 99, 14, 536, 23},
     {"que_faire", Genre::étiquette, 384, 25, 200, 26},
     {"Elément_recherché", Genre::boîte_image, 504, 64, 200, 188},
     {"Image_recherchée", Genre::image, 48, 45, 116, 95},
@@ -39,8 +40,8 @@ constexpr std::array places = std::to_array<Place>({
     {"BoîteProvinces", Genre::cadre, 136, 144, 79.2, 57},
     {"NombreProvinces", Genre::texte, 142.4, 158.4, 24, 34},
     {"EtiquetteProvinces", Genre::étiquette, 32, 16, 40.8, 32.8},
-    {"Bouton_gruge", Genre::bouton, 496, 16, 50, 50},
-    {"BoutonPasse", Genre::bouton, 0, 0, 60, 57},
+    {"Bouton_gruge", Genre::bouton, 496, 16, 50, 50, 0},
+    {"BoutonPasse", Genre::bouton, 0, 0, 60, 57, 1},
     {"LBL_param(1)", Genre::étiquette, 720, 80, 216, 33},
     {"LBL_param(2)", Genre::étiquette, 720, 120, 216, 89},
     {"LBL_param(3)", Genre::étiquette, 720, 216, 216, 41},
@@ -54,10 +55,10 @@ constexpr std::array places = std::to_array<Place>({
     {"LBL_param(11)", Genre::étiquette, 744, 504, 193, 33},
     {"LBL_param(12)", Genre::étiquette, 720, 312, 89, 17},
     {"LBL_param(13)", Genre::étiquette, 912, 264, 17, 17},
-    {"BTN_Sauvegarde", Genre::case_à_cocher, 720, 456, 17, 17},
-    {"BTN_Démarrage", Genre::case_à_cocher, 720, 504, 17, 17},
-    {"BTN(1)", Genre::bouton, 760, 544, 66, 31},
-    {"BTN(2)", Genre::bouton, 840, 544, 66, 31},
+    {"BTN_Sauvegarde", Genre::case_à_cocher, 720, 456, 17, 17, 18},
+    {"BTN_Démarrage", Genre::case_à_cocher, 720, 504, 17, 17, 19},
+    {"BTN(1)", Genre::bouton, 760, 544, 66, 31, 20},
+    {"BTN(2)", Genre::bouton, 840, 544, 66, 31, 21},
 });
 
 struct Entrée_menu {
@@ -115,7 +116,7 @@ void habiller_chiffre(Contrôle &texte) {
 }
 
 void habiller_titre(Contrôle &étiquette) {
-  étiquette.encadré = true;
+  étiquette.bord = Bord::avec;
   étiquette.alignement = Alignement::centre;
   étiquette.police = titre_panneau;
 }
@@ -180,6 +181,7 @@ Ecran_principal::Ecran_principal(const CatalogueImages &catalogue)
       BTN_Sauvegarde(placer("BTN_Sauvegarde")),
       BTN_Démarrage(placer("BTN_Démarrage")),
       catalogue_(catalogue) {
+  est_principale = true;
   avec_titre = false;
   contexte_aide = 10;
   créer_menus();
@@ -234,7 +236,7 @@ void Ecran_principal::créer_couches() {
 void Ecran_principal::créer_panneau() {
   habiller_titre(que_faire);
   habiller_titre(Texte_à_chercher);
-  Elément_recherché.encadré = true;
+  Elément_recherché.bord = Bord::avec;
   Image_recherchée.étirée = true;
   BoîteProvinces.texte = "Provinces";
   EtiquetteProvinces.texte = "(dans la    région)";
@@ -262,8 +264,9 @@ void Ecran_principal::créer_grille() {
     const int colonne = (i - 1) / 4;
     const int rang = (i - 1) % 4;
     const std::string nom_bouton = indexé("Bouton", i);
-    const Place place{nom_bouton, Genre::case_à_cocher, 824.0 + 32 * colonne, 288.0 + 24 * rang, 17, 17};
-    Bouton.placer(i, ardane::placer(*this, place));
+    const double x = 824.0 + 32 * colonne;
+    const double y = 288.0 + 24 * rang;
+    Bouton.placer(i, ardane::placer(*this, {nom_bouton, Genre::case_à_cocher, x, y, 17, 17, i + 1}));
   }
   for (int i = 1; i <= 2; ++i) BTN.placer(i, placer(indexé("BTN", i)));
   BTN(1).texte = "OK";

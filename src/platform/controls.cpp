@@ -26,8 +26,35 @@ std::string_view nom_genre(Genre genre) {
 
 Contrôle &Fenêtre::ajouter(Contrôle contrôle) {
   contrôles_.push_back(std::move(contrôle));
+  ++révision_;
   au_premier_plan(contrôles_.back());
   return contrôles_.back();
+}
+
+void Fenêtre::retirer(Contrôle &contrôle) {
+  if (contrôle.genre == Genre::menu)
+    throw ErreurFatale("Entrée de menu retirée : " + contrôle.nom, Lieu::ici());
+  std::vector<Contrôle *> contenus;
+  for (Contrôle &autre : contrôles_)
+    if (autre.conteneur == &contrôle) contenus.push_back(&autre);
+  for (Contrôle *contenu : contenus) retirer(*contenu);
+
+  const auto place =
+      std::find_if(contrôles_.begin(), contrôles_.end(), [&](const Contrôle &c) { return &c == &contrôle; });
+  if (place == contrôles_.end())
+    throw ErreurFatale("Contrôle étranger à la fenêtre : " + contrôle.nom, Lieu::ici());
+  retirés_.splice(retirés_.end(), contrôles_, place);
+  ++révision_;
+  contrôle.retiré = true;
+  contrôle.clic = contrôle.double_clic = contrôle.entrée = contrôle.changement = contrôle.perte_du_focus = {};
+  oublier_liens(contrôle);
+}
+
+void Fenêtre::oublier_liens(const Contrôle &retiré) {
+  for (Contrôle **lien : {&focus, &bouton_défaut, &bouton_annulation})
+    if (*lien == &retiré) *lien = nullptr;
+  for (Contrôle &autre : contrôles_)
+    if (autre.étiquette == &retiré) autre.étiquette = nullptr;
 }
 
 Contrôle *Fenêtre::chercher(std::string_view nom_contrôle) {
@@ -45,11 +72,98 @@ bool est_utilisable(const Contrôle &contrôle) {
          (contrôle.conteneur == nullptr || est_utilisable(*contrôle.conteneur));
 }
 
+bool est_bordé(const Contrôle &contrôle) {
+  if (contrôle.bord == Bord::selon_genre) return contrôle.genre == Genre::texte;
+  return contrôle.bord == Bord::avec;
+}
+
+const std::string &nom_à_dire(const Contrôle &contrôle) {
+  const bool saisie = contrôle.genre == Genre::texte && !contrôle.lecture_seule;
+  if (!contrôle.nom_parlé.empty()) return contrôle.nom_parlé;
+  if (contrôle.étiquette != nullptr && !contrôle.étiquette->texte.empty()) return contrôle.étiquette->texte;
+  if (!saisie && !contrôle.texte.empty()) return contrôle.texte;
+  return contrôle.infobulle.empty() ? contrôle.nom : contrôle.infobulle;
+}
+
+bool prend_le_clavier(const Contrôle &contrôle) {
+  switch (contrôle.genre) {
+    case Genre::texte:
+    case Genre::bouton:
+    case Genre::case_à_cocher:
+    case Genre::option:
+    case Genre::liste:
+    case Genre::barre: return true;
+    default: return false;
+  }
+}
+
+std::vector<Contrôle *> ordre_du_clavier(Fenêtre &fenêtre) {
+  std::vector<Contrôle *> ordre;
+  for (Contrôle &c : fenêtre.contrôles())
+    if (prend_le_clavier(c) && (c.ordre_tabulation >= 0 || !c.lecture_seule)) ordre.push_back(&c);
+  // As an unsigned number, no place comes after all places.
+  std::stable_sort(ordre.begin(), ordre.end(), [](const Contrôle *a, const Contrôle *b) {
+    return static_cast<unsigned>(a->ordre_tabulation) < static_cast<unsigned>(b->ordre_tabulation);
+  });
+  return ordre;
+}
+
+namespace {
+
+Contrôle *premier_utilisable(const std::vector<Contrôle *> &ordre) {
+  const auto premier =
+      std::find_if(ordre.begin(), ordre.end(), [](const Contrôle *c) { return est_utilisable(*c); });
+  return premier == ordre.end() ? nullptr : *premier;
+}
+
+}  // namespace
+
+void premier_focus(Fenêtre &fenêtre) {
+  if (fenêtre.focus == nullptr) fenêtre.focus = premier_utilisable(ordre_du_clavier(fenêtre));
+}
+
+void rectifier_focus(Fenêtre &fenêtre) {
+  Contrôle *actuel = fenêtre.focus;
+  if (actuel == nullptr || est_utilisable(*actuel)) return;
+  std::vector<Contrôle *> ordre = ordre_du_clavier(fenêtre);
+  const auto place = std::find(ordre.begin(), ordre.end(), actuel);
+  if (place != ordre.end()) std::rotate(ordre.begin(), place, ordre.end());
+  fenêtre.focus = premier_utilisable(ordre);
+}
+
+std::string lignes_simples(std::string_view texte) {
+  std::string simples;
+  simples.reserve(texte.size());
+  for (std::size_t i = 0; i < texte.size(); ++i) {
+    if (texte[i] != '\r') simples += texte[i];
+    // A CR by itself ends a line too.
+    else if (i + 1 == texte.size() || texte[i + 1] != '\n')
+      simples += '\n';
+  }
+  return simples;
+}
+
+std::string lignes_du_contrôle(const Contrôle &contrôle, std::string_view texte) {
+  std::string simples = lignes_simples(texte);
+  if (!contrôle.lignes_crlf) return simples;
+  std::string lignes;
+  for (const char c : simples) {
+    if (c == '\n') lignes += '\r';
+    lignes += c;
+  }
+  return lignes;
+}
+
+void déclencher(const std::function<void()> &événement) {
+  // A copy: what runs may be destroyed meanwhile, together with its control.
+  if (std::function<void()> retenu = événement) retenu();
+}
+
 void fixer_valeur(Contrôle &barre, int valeur) {
   const int retenue = std::clamp(valeur, barre.min, std::max(barre.min, barre.max));
   if (retenue == barre.valeur) return;
   barre.valeur = retenue;
-  if (barre.changement) barre.changement();
+  déclencher(barre.changement);
 }
 
 void fixer_bornes(Contrôle &barre, int min, int max) {
@@ -65,6 +179,13 @@ void poser_image(Contrôle &contrôle, Image image) {
   contrôle.hauteur = image.hauteur;
 }
 
+void demander_fermeture(Fenêtre &fenêtre) {
+  if (fenêtre.demande_de_fermeture)
+    déclencher(fenêtre.demande_de_fermeture);
+  else
+    fenêtre.fermer();
+}
+
 void cliquer(Fenêtre &fenêtre, Contrôle &contrôle) {
   if (contrôle.genre == Genre::case_à_cocher) {
     contrôle.coché = !contrôle.coché;
@@ -73,18 +194,37 @@ void cliquer(Fenêtre &fenêtre, Contrôle &contrôle) {
       if (autre.genre == Genre::option && autre.conteneur == contrôle.conteneur) autre.coché = false;
     contrôle.coché = true;
   }
-  if (contrôle.genre != Genre::image && contrôle.genre != Genre::menu) fenêtre.focus = &contrôle;
-  if (contrôle.clic) contrôle.clic();
+  if (prend_le_clavier(contrôle)) fenêtre.focus = &contrôle;
+  déclencher(contrôle.clic);
 }
 
-void saisir(Contrôle &contrôle, std::string texte) {
-  contrôle.texte = std::move(texte);
-  if (contrôle.changement) contrôle.changement();
+bool entrée_finit_la_ligne(const Contrôle &contrôle) {
+  return contrôle.genre == Genre::texte && contrôle.multiligne && !contrôle.lecture_seule;
+}
+
+void entrer(Fenêtre &fenêtre, Contrôle &contrôle) {
+  if (entrée_finit_la_ligne(contrôle))
+    saisir(contrôle, contrôle.texte + '\n');
+  else if (contrôle.entrée)
+    déclencher(contrôle.entrée);
+  else if (contrôle.genre == Genre::bouton)
+    cliquer(fenêtre, contrôle);
+  else
+    presser(fenêtre.bouton_défaut);
+}
+
+void presser(Contrôle *bouton) {
+  if (bouton != nullptr && est_utilisable(*bouton)) déclencher(bouton->clic);
+}
+
+void saisir(Contrôle &contrôle, std::string_view texte) {
+  contrôle.texte = lignes_du_contrôle(contrôle, texte);
+  déclencher(contrôle.changement);
 }
 
 void choisir(Contrôle &liste, int choix) {
   liste.choix = choix;
-  if (liste.changement) liste.changement();
+  déclencher(liste.changement);
 }
 
 const std::string &élément_choisi(const Contrôle &liste) {

@@ -60,6 +60,12 @@ bool Programme::Démarrage(const std::string &répertoire) {
   return true;
 }
 
+std::vector<std::string_view> Programme::fenêtres() const {
+  std::vector<std::string_view> noms;
+  for (const auto &[nom, fabrique] : fabriques_) noms.push_back(nom);
+  return noms;
+}
+
 void Programme::ouvrir_modale(std::string_view nom) {
   const auto fabrique = fabriques_.find(nom);
   if (fabrique == fabriques_.end()) throw ErreurFatale("Fenêtre inconnue : " + std::string(nom), Lieu::ici());

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/context.h"
 #include "core/current_folder.h"
@@ -32,6 +33,9 @@ class Programme : private Ouvreur {
 
   /// The F1 key in a window: opens the help at the window's context.
   void aide(const Fenêtre &fenêtre);
+
+  /// The names of all windows that rules can open.
+  std::vector<std::string_view> fenêtres() const;
 
   GameState &état() { return état_; }
   Ecran_principal &principale() { return principale_; }

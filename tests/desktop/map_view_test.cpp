@@ -105,6 +105,18 @@ TEST_F(MapViews, ARestackThatChangesNoOrderDamagesNothing) {
   EXPECT_EQ(at(22, 22), land);
 }
 
+TEST_F(MapViews, APictureMayGiveWayToAnotherInOneEvent) {
+  poser_image(map, stage.catalogue.chercher("mer"));
+  Contrôle &gone = picture("Pays(1)", "terre", 10, 10);
+  shown();
+  window.retirer(gone);
+  picture("rond(1)", "point", 60, 50);
+  EXPECT_EQ(damage(), QRect(10, 10, 30, 30) | QRect(60, 50, 6, 6));
+  window.oublier_retirés();
+  EXPECT_EQ(at(12, 12), sea);
+  EXPECT_EQ(at(62, 52), mark);
+}
+
 TEST_F(MapViews, PicturesOutsideTheViewportCostNothing) {
   Contrôle &far = picture("Pays(1)", "terre", 200, 200);
   shown();

@@ -3,8 +3,8 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
@@ -37,6 +37,7 @@ class Windows : public testing::Test {
   Contrôle &button(Fenêtre &on, const std::string &name, int y = 0) {
     return place(on, name, Genre::bouton, {0, y, 100, 25});
   }
+  Contrôle &add_line() { return place(window, "ligne", Genre::texte, {0, 0, 100, 20}); }
   void show() {
     stage.renderer.montrer(window);
     EXPECT_TRUE(QTest::qWaitForWindowActive(stage.renderer.frame(window)));
@@ -120,42 +121,22 @@ TEST_F(Windows, TheHigherPlanLiesAbove) {
 }
 
 TEST_F(Windows, TheTabKeyFollowsTheOrderOfTheData) {
-  const std::array<std::pair<const char *, int>, 3> order{{{"un", 2}, {"deux", 0}, {"trois", 1}}};
+  const std::array<std::pair<const char *, int>, 5> order{
+      {{"sans rang", -1}, {"un", 2}, {"deux", 0}, {"trois", 1}, {"ni lui", -1}}};
   int y = 0;
   for (const auto &[name, rank] : order) button(window, name, y += 30).ordre_tabulation = rank;
-  window.focus = window.chercher("deux");
+  Contrôle &page = place(window, "page", Genre::texte, {0, 180, 100, 20});
+  page.multiligne = true;
+  page.ordre_tabulation = 3;
+  place(window, "compteur", Genre::texte, {120, 0, 40, 20}).lecture_seule = true;
   show();
   QWidget *frame = stage.renderer.frame(window);
   std::vector<std::string> met;
-  for (int i = 0; i < 3; ++i) {
+  for (int i = 0; i < 7; ++i) {
     met.push_back(window.focus->nom);
     QTest::keyClick(frame->focusWidget(), Qt::Key_Tab);
   }
-  EXPECT_EQ(met, (std::vector<std::string>{"deux", "trois", "un"}));
-}
-
-TEST_F(Windows, FocusGoesBothWays) {
-  Contrôle &first = button(window, "premier", 0);
-  Contrôle &second = button(window, "second", 40);
-  window.focus = &second;
-  show();
-  EXPECT_EQ(stage.renderer.frame(window)->focusWidget()->objectName(), "second");
-  QTest::mouseClick(stage.widget(window, "premier"), Qt::LeftButton);
-  EXPECT_EQ(window.focus, &first);
-  window.focus = &second;
-  stage.renderer.sync();
-  EXPECT_EQ(stage.renderer.frame(window)->focusWidget()->objectName(), "second");
-}
-
-TEST_F(Windows, LosingTheFocusReachesTheHandlerBeforeTheOtherControlsClick) {
-  std::string told;
-  Contrôle &line = place(window, "ligne", Genre::texte, {0, 0, 100, 20});
-  line.perte_du_focus = [&] { told += "perte "; };
-  button(window, "bouton", 40).clic = [&] { told += "clic"; };
-  window.focus = &line;
-  show();
-  QTest::mouseClick(stage.widget(window, "bouton"), Qt::LeftButton);
-  EXPECT_EQ(told, "perte clic");
+  EXPECT_EQ(met, (std::vector<std::string>{"deux", "trois", "un", "page", "sans rang", "ni lui", "deux"}));
 }
 
 TEST_F(Windows, AClosedWindowHearsOfNoLostFocus) {
@@ -178,128 +159,88 @@ TEST_F(Windows, AClosedWindowHearsOfNoLostFocus) {
   EXPECT_FALSE(lost);
 }
 
-TEST_F(Windows, AModalWindowHoldsItsCallerUntilItCloses) {
-  std::string told;
-  button(window, "ouvrir").clic = [&] {
-    told += "avant ";
-    stage.renderer.montrer_modale(dialog);
-    told += "après";
-  };
-  button(dialog, "fermer").clic = [&] {
-    told += "dedans ";
-    dialog.fermer();
-  };
-  dialog.largeur = dialog.hauteur = 100;
+TEST_F(Windows, TheLastWindowThatClosesIsTold) {
   stage.renderer.montrer(window);
-  then([&] {
-    EXPECT_EQ(QApplication::activeModalWidget(), stage.renderer.frame(dialog));
-    EXPECT_EQ(stage.renderer.top_frame(), stage.renderer.frame(dialog));
-    stage.widget<QPushButton>(dialog, "fermer")->click();
-  });
-  stage.widget<QPushButton>(window, "ouvrir")->click();
-  EXPECT_EQ(told, "avant dedans après");
-  EXPECT_EQ(stage.renderer.frame(dialog), nullptr);
-}
-
-TEST_F(Windows, ModalWindowsNest) {
-  Fenêtre inner{"intérieure"};
-  std::string told;
-  button(inner, "fermer").clic = [&] { inner.fermer(); };
-  button(dialog, "ouvrir").clic = [&] {
-    then([&] { stage.widget<QPushButton>(inner, "fermer")->click(); });
-    stage.renderer.montrer_modale(inner);
-    told += "intérieure fermée, ";
-    EXPECT_TRUE(dialog.ouverte);
-    dialog.fermer();
-  };
-  stage.renderer.montrer(window);
-  then([&] { stage.widget<QPushButton>(dialog, "ouvrir")->click(); });
-  stage.dispatcher.run([&] {
-    stage.renderer.montrer_modale(dialog);
-    told += "dialogue fermé";
-  });
-  EXPECT_EQ(told, "intérieure fermée, dialogue fermé");
-}
-
-TEST_F(Windows, AnOuterWindowThatClosesUnderAnInnerOneWaitsForIt) {
-  Fenêtre inner{"intérieure"};
-  std::string told;
-  button(inner, "fermer").clic = [&] {
-    dialog.fermer();
-    then([&] { stage.dispatcher.run([&] { inner.fermer(); }); });
-  };
-  button(dialog, "ouvrir").clic = [&] {
-    then([&] { stage.widget<QPushButton>(inner, "fermer")->click(); });
-    stage.renderer.montrer_modale(inner);
-    told += "intérieure, ";
-  };
-  stage.renderer.montrer(window);
-  then([&] { stage.widget<QPushButton>(dialog, "ouvrir")->click(); });
-  stage.dispatcher.run([&] { stage.renderer.montrer_modale(dialog); });
-  told += "dialogue";
-  EXPECT_EQ(told, "intérieure, dialogue");
-}
-
-TEST_F(Windows, ActivationComesOncePerVisit) {
-  int activations = 0;
-  dialog.activation = [&] { ++activations; };
-  button(dialog, "boîte").clic = [&] {
-    then([&] { box()->accept(); });
-    stage.boxes.montrer({Icône::information, "Titre", "Texte"});
-  };
-  stage.renderer.montrer(window);
-  then([&] {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(stage.renderer.frame(dialog)));
-    EXPECT_EQ(activations, 1);
-    stage.widget<QPushButton>(dialog, "boîte")->click();
-    then([&] {
-      EXPECT_EQ(activations, 1) << "back from a box";
-      stage.dispatcher.run([&] { dialog.fermer(); });
-    });
-  });
-  stage.dispatcher.run([&] { stage.renderer.montrer_modale(dialog); });
-  EXPECT_EQ(activations, 1);
-}
-
-TEST_F(Windows, TheCloseControlAsksTheWindowsOwnHandler) {
-  int asked = 0;
-  bool granted = false;
-  window.demande_de_fermeture = [&] {
-    ++asked;
-    if (granted) window.fermer();
-  };
-  stage.renderer.montrer(window);
-  QWidget *frame = stage.renderer.frame(window);
-  frame->close();
-  EXPECT_EQ(asked, 1);
-  EXPECT_TRUE(frame->isVisible()) << "a refusal leaves everything";
-  EXPECT_TRUE(window.ouverte);
   bool all_gone = false;
   stage.renderer.last_closed = [&] { all_gone = true; };
-  granted = true;
-  frame->close();
-  EXPECT_EQ(asked, 2);
+  stage.renderer.frame(window)->close();
   EXPECT_TRUE(all_gone);
   EXPECT_EQ(stage.renderer.frame(window), nullptr);
 }
 
-TEST_F(Windows, WithoutAHandlerTheCloseControlCloses) {
-  stage.renderer.montrer(window);
-  stage.renderer.frame(window)->close();
-  EXPECT_FALSE(window.ouverte);
+TEST_F(Windows, EscapePressesTheCancelButtonAndDoesNothingWhereThereIsNone) {
+  add_line();
+  Contrôle &cancel = button(window, "annuler", 40);
+  int clicks = 0;
+  cancel.clic = [&] { ++clicks; };
+  show();
+  QTest::keyClick(stage.widget(window, "ligne"), Qt::Key_Escape);
+  EXPECT_EQ(clicks, 0);
+  EXPECT_TRUE(window.ouverte);
+  window.bouton_annulation = &cancel;
+  QTest::keyClick(stage.widget(window, "ligne"), Qt::Key_Escape);
+  EXPECT_EQ(clicks, 1);
+  cancel.visible = false;
+  stage.renderer.sync();
+  QTest::keyClick(stage.widget(window, "ligne"), Qt::Key_Escape);
+  EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(Windows, AWindowWithoutCloseControlStays) {
-  window.fermable = false;
-  window.demande_de_fermeture = [] { FAIL(); };
-  stage.renderer.montrer(window);
+TEST_F(Windows, APictureCanBeTheCancelButtonOfAWindowWithoutTitleBar) {
+  Contrôle &picture = place(dialog, "fermeture", Genre::image, {0, 0, 19, 19});
+  picture.clic = [&] { dialog.fermer(); };
+  dialog.avec_titre = dialog.fermable = false;
+  dialog.bouton_annulation = &picture;
+  dialog.largeur = dialog.hauteur = 100;
+  window.est_principale = true;
+  show();
+  then([&] {
+    QWidget *frame = stage.renderer.frame(dialog);
+    EXPECT_TRUE(frame->windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_EQ(frame->windowType(), Qt::Dialog) << "no entry of the task bar's";
+    EXPECT_EQ(frame->parentWidget(), stage.renderer.frame(window));
+    frame->close();
+    EXPECT_TRUE(dialog.ouverte);
+    QTest::keyClick(frame, Qt::Key_Escape);
+  });
+  stage.dispatcher.run([&] { stage.renderer.montrer_modale(dialog); });
+  EXPECT_FALSE(dialog.ouverte);
+}
+
+TEST_F(Windows, TheMainWindowStaysInTheWorkAreaAndMayHaveATitleBar) {
+  window.est_principale = true;
+  window.gauche = window.haut = -50;
+  show();
   QWidget *frame = stage.renderer.frame(window);
-  EXPECT_FALSE(frame->windowFlags().testFlag(Qt::WindowCloseButtonHint));
-  frame->close();
-  QTest::keyClick(frame, Qt::Key_Escape);
-  QTest::keyClick(frame, Qt::Key_Return);
-  EXPECT_TRUE(window.ouverte);
-  EXPECT_TRUE(frame->isVisible());
+  EXPECT_EQ(frame->windowType(), Qt::Window);
+  EXPECT_FALSE(frame->windowFlags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_EQ(window.gauche, 0);
+  EXPECT_EQ(window.haut, 0);
+}
+
+TEST_F(Windows, ADefaultButtonIsShownAsOne) {
+  Contrôle &ok = button(window, "ok");
+  button(window, "autre", 40);
+  window.bouton_défaut = &ok;
+  show();
+  EXPECT_TRUE(stage.widget<QPushButton>(window, "ok")->isDefault());
+  EXPECT_FALSE(stage.widget<QPushButton>(window, "autre")->isDefault());
+  window.bouton_défaut = nullptr;
+  stage.renderer.sync();
+  EXPECT_FALSE(stage.widget<QPushButton>(window, "ok")->isDefault());
+}
+
+TEST_F(Windows, TheWidgetOfAControlThatIsTakenOffGoes) {
+  Contrôle &row = place(window, "rang", Genre::étiquette, {0, 0, 80, 20});
+  stage.renderer.montrer(window);
+  const QPointer<QWidget> widget = stage.widget(window, "rang");
+  ASSERT_TRUE(widget);
+  window.retirer(row);
+  stage.renderer.sync();
+  EXPECT_FALSE(widget->isVisible());
+  EXPECT_EQ(stage.widget(window, "rang"), nullptr);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_FALSE(widget);
 }
 
 TEST_F(Windows, F1AsksForHelpInTheWindowThatHasIt) {
@@ -320,7 +261,7 @@ TEST_F(Windows, TheMenuBarIsTheDatas) {
   Contrôle &file = entry("Fichier");
   Contrôle &quit = entry("Quitter", &file);
   Contrôle &help = entry("Aide");
-  window.avec_titre = false;
+  window.est_principale = true;
   int quits = 0, helps = 0;
   quit.clic = [&] { ++quits; };
   help.clic = [&] {

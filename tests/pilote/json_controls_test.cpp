@@ -79,6 +79,22 @@ TEST_F(Contrôles_lus, each_kind_has_its_own_properties) {
   EXPECT_THAT(propres(Genre::vue), ElementsAre("fond", "couleur"));
 }
 
+TEST_F(Contrôles_lus, a_colour_of_the_desktops_is_no_number) {
+  Contrôle &étiquette = ajouter("PerteVilles(1)", Genre::étiquette);
+  étiquette.fond = Couleur_système::barre_de_défilement;
+  EXPECT_EQ(lire(étiquette)["fond"], "système");
+}
+
+TEST_F(Contrôles_lus, a_text_keeps_its_ampersands_and_the_line_ends_of_the_data) {
+  Contrôle &bouton = ajouter("bouton", Genre::bouton);
+  bouton.texte = "Oui & non";
+  bouton.mnémonique = U'o';
+  EXPECT_EQ(lire(bouton)["texte"], "Oui & non");
+  Contrôle &fiche = ajouter("fiche", Genre::texte);
+  fiche.texte = "un\r\ndeux";
+  EXPECT_EQ(lire(fiche)["texte"], "un\r\ndeux");
+}
+
 TEST_F(Contrôles_lus, lists_and_bars_tell_where_they_stand) {
   Contrôle &liste = ajouter("Fichier", Genre::liste);
   liste.éléments = {"un", "deux"};

@@ -12,36 +12,6 @@ using ::testing::IsEmpty;
 
 using Main_du_joueur = EssaiDeSession;
 
-TEST_F(Main_du_joueur, a_click_reaches_the_control) {
-  ajouter("OK", Genre::bouton).clic = noter("clic");
-  ouvrir();
-  EXPECT_THAT(faire("clic OK"), IsEmpty());
-  EXPECT_THAT(gestes, ElementsAre("clic"));
-}
-
-TEST_F(Main_du_joueur, a_box_is_checked_before_its_click_is_handled) {
-  Contrôle &case_ = ajouter("case", Genre::case_à_cocher);
-  case_.clic = [&] { gestes.push_back(case_.coché ? "cochée" : "vide"); };
-  ouvrir();
-  faire("clic case");
-  faire("clic case");
-  EXPECT_THAT(gestes, ElementsAre("cochée", "vide"));
-}
-
-TEST_F(Main_du_joueur, of_a_group_of_options_one_is_chosen) {
-  Contrôle &cadre = ajouter("cadre", Genre::cadre);
-  Contrôle &un = ajouter("un", Genre::option);
-  Contrôle &deux = ajouter("deux", Genre::option);
-  Contrôle &ailleurs = ajouter("ailleurs", Genre::option);
-  un.conteneur = deux.conteneur = &cadre;
-  un.coché = ailleurs.coché = true;
-  ouvrir();
-  faire("clic deux");
-  EXPECT_FALSE(un.coché);
-  EXPECT_TRUE(deux.coché);
-  EXPECT_TRUE(ailleurs.coché);
-}
-
 TEST_F(Main_du_joueur, cannot_reach_what_is_hidden_or_disabled) {
   Contrôle &cadre = ajouter("cadre", Genre::cadre);
   Contrôle &bouton = ajouter("bouton", Genre::bouton);
@@ -73,17 +43,6 @@ TEST_F(Main_du_joueur, cannot_reach_what_is_not_there) {
     EXPECT_THAT(refus(commande), HasSubstr("« OK »")) << commande;
 }
 
-TEST_F(Main_du_joueur, a_double_click_begins_with_a_click) {
-  Contrôle &liste = ajouter("liste", Genre::liste);
-  liste.clic = noter("clic");
-  liste.double_clic = noter("double clic");
-  ajouter("simple", Genre::image);
-  ouvrir();
-  faire("double_clic liste");
-  faire("double_clic simple");
-  EXPECT_THAT(gestes, ElementsAre("clic", "double clic"));
-}
-
 TEST_F(Main_du_joueur, typing_replaces_the_text) {
   Contrôle &boîte = ajouter("nom", Genre::texte);
   boîte.texte = "ancien";
@@ -110,17 +69,11 @@ TEST_F(Main_du_joueur, types_only_where_one_can_type) {
   EXPECT_EQ(boîte.texte, "ancien");
 }
 
-TEST_F(Main_du_joueur, the_enter_key_is_handled_or_presses_the_button) {
-  ajouter("nom", Genre::texte).entrée = noter("entrée");
-  ajouter("OK", Genre::bouton).clic = noter("clic");
-  ajouter("prénom", Genre::texte).clic = noter("clic de prénom");
+TEST_F(Main_du_joueur, the_enter_key_needs_a_control_that_takes_the_keyboard) {
   ajouter("image", Genre::image).clic = noter("clic d'image");
   ouvrir();
-  faire("entrée nom");
-  faire("entrée OK");
-  faire("entrée prénom");
   EXPECT_EQ(refus("entrée image"), "Le contrôle image ne prend pas le clavier");
-  EXPECT_THAT(gestes, ElementsAre("entrée", "clic"));
+  EXPECT_THAT(gestes, IsEmpty());
 }
 
 TEST_F(Main_du_joueur, selects_an_item_by_its_text_or_its_rank) {
@@ -176,29 +129,6 @@ TEST_F(Main_du_joueur, chooses_menu_entries_that_can_be_seen_and_used) {
   EXPECT_THAT(gestes, ElementsAre("nouveau"));
 }
 
-TEST_F(Main_du_joueur, takes_the_focus_along_and_the_control_left_is_told_first) {
-  ajouter("nom", Genre::texte).perte_du_focus = noter("nom quitté");
-  ajouter("OK", Genre::bouton).clic = noter("OK");
-  ajouter("image", Genre::image).clic = noter("image");
-  ouvrir();
-  faire("texte nom a");
-  EXPECT_EQ(fenêtre.focus, fenêtre.chercher("nom"));
-  faire("clic image");
-  faire("clic OK");
-  EXPECT_THAT(gestes, ElementsAre("image", "nom quitté", "OK"));
-  EXPECT_EQ(fenêtre.focus, fenêtre.chercher("OK"));
-}
-
-TEST_F(Main_du_joueur, a_focus_moved_by_the_program_is_lost_as_well) {
-  Contrôle &nom = ajouter("nom", Genre::texte);
-  nom.perte_du_focus = noter("nom quitté");
-  Contrôle &autre = ajouter("autre", Genre::texte);
-  nom.entrée = [&] { fenêtre.focus = &autre; };
-  ouvrir();
-  faire("entrée nom");
-  EXPECT_THAT(gestes, ElementsAre("nom quitté"));
-}
-
 TEST_F(Main_du_joueur, closes_windows_that_have_a_close_control) {
   ouvrir();
   fenêtre.fermable = false;
@@ -207,14 +137,6 @@ TEST_F(Main_du_joueur, closes_windows_that_have_a_close_control) {
   fenêtre.fermable = true;
   EXPECT_EQ(faire("fermer").at(0).dump(), R"({"fenêtre":"essai","ouverte":false,"modale":false})");
   EXPECT_EQ(refus("fermer"), "Aucune fenêtre n'est ouverte");
-}
-
-TEST_F(Main_du_joueur, a_window_can_have_its_own_answer_to_the_close_control) {
-  fenêtre.demande_de_fermeture = noter("non");
-  ouvrir();
-  faire("fermer");
-  EXPECT_THAT(gestes, ElementsAre("non"));
-  EXPECT_TRUE(fenêtre.ouverte);
 }
 
 TEST_F(Main_du_joueur, the_window_on_top_takes_the_commands) {

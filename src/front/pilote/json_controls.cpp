@@ -47,8 +47,10 @@ const Propriétés &propriétés_de(Genre genre) {
   return propriétés.at(static_cast<std::size_t>(genre));
 }
 
-std::string couleur_json(const std::optional<Couleur> &couleur) {
-  if (!couleur) return "système";
+/// A colour that the desktop decides is told like one that is not set: no script can know it.
+std::string couleur_json(const std::optional<Teinte> &teinte) {
+  const auto *couleur = teinte ? std::get_if<Couleur>(&*teinte) : nullptr;
+  if (couleur == nullptr) return "système";
   constexpr std::string_view chiffres = "0123456789ABCDEF";
   std::string texte = "#";
   for (const unsigned part : {unsigned{couleur->rouge}, unsigned{couleur->vert}, unsigned{couleur->bleu}}) {

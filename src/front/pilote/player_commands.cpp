@@ -35,21 +35,9 @@ Contrôle &contrôle_utilisable(const Session &s, const std::string &nom, Genre 
   return contrôle;
 }
 
-bool prend_le_focus(const Contrôle &contrôle) {
-  switch (contrôle.genre) {
-    case Genre::texte:
-    case Genre::bouton:
-    case Genre::case_à_cocher:
-    case Genre::option:
-    case Genre::liste:
-    case Genre::barre: return true;
-    default: return false;
-  }
-}
-
 /// The focus goes to what the player's mouse touches, before anything else happens.
 void toucher(Session &s, Contrôle &contrôle) {
-  if (prend_le_focus(contrôle)) s.monde.façade.porter_focus(fenêtre_du_dessus(s), contrôle);
+  if (prend_le_clavier(contrôle)) s.monde.façade.porter_focus(fenêtre_du_dessus(s), contrôle);
 }
 
 void cliquer_sur(Session &s, Contrôle &contrôle) {
@@ -101,10 +89,11 @@ void cliquer_contrôle(Session &s, const Arguments &a) {
 
 void double_cliquer(Session &s, const Arguments &a) {
   // The first of the two presses is a click like any other.
-  const Fenêtre &fenêtre = fenêtre_du_dessus(s);
-  Contrôle &contrôle = contrôle_utilisable(s, a[0]);
-  cliquer_sur(s, contrôle);
-  if (fenêtre.ouverte && contrôle.double_clic) contrôle.double_clic();
+  Fenêtre &fenêtre = fenêtre_du_dessus(s);
+  cliquer_sur(s, contrôle_utilisable(s, a[0]));
+  // The click may have closed the window, or taken the control off.
+  Contrôle *contrôle = fenêtre.ouverte ? fenêtre.chercher(a[0]) : nullptr;
+  if (contrôle != nullptr && est_utilisable(*contrôle)) déclencher(contrôle->double_clic);
 }
 
 void cliquer_carte(Session &s, const Arguments &a) {
@@ -131,12 +120,9 @@ void écrire_texte(Session &s, const Arguments &a) {
 
 void presser_entrée(Session &s, const Arguments &a) {
   Contrôle &contrôle = contrôle_utilisable(s, a[0]);
-  if (!prend_le_focus(contrôle)) throw Refus("Le contrôle " + contrôle.nom + " ne prend pas le clavier");
+  if (!prend_le_clavier(contrôle)) throw Refus("Le contrôle " + contrôle.nom + " ne prend pas le clavier");
   toucher(s, contrôle);
-  if (contrôle.entrée)
-    contrôle.entrée();
-  else if (contrôle.genre == Genre::bouton)
-    cliquer(fenêtre_du_dessus(s), contrôle);
+  entrer(fenêtre_du_dessus(s), contrôle);
 }
 
 void sélectionner(Session &s, const Arguments &a) {
@@ -156,10 +142,7 @@ void déplacer_barre(Session &s, const Arguments &a) {
 void fermer_fenêtre(Session &s, const Arguments &) {
   Fenêtre &fenêtre = fenêtre_du_dessus(s);
   if (!fenêtre.fermable) throw Refus("La fenêtre " + fenêtre.nom + " n'a pas de bouton de fermeture");
-  if (fenêtre.demande_de_fermeture)
-    fenêtre.demande_de_fermeture();
-  else
-    fenêtre.fermer();
+  demander_fermeture(fenêtre);
 }
 
 void répondre_boîte(Session &s, const Arguments &a) {

@@ -18,16 +18,18 @@ inline std::string to_utf8(const QString &text) {
   return text.toStdString();
 }
 
-/// A caption for controls in which "&" would mark a shortcut.
-QString caption(const std::string &text);
+/// A caption for controls in which "&" marks the letter that the Alt key presses: `mnemonic`, where the text
+/// has it, and no other.
+QString caption(const std::string &text, char32_t mnemonic);
 /// A tool tip that is never taken for markup.
 QString tool_tip(const std::string &text);
 
 /// The font, sized in pixels for a screen of 96 dots per inch, which the layouts were drawn for.
 QFont to_qt(const Police &police);
-QColor to_qt(Couleur couleur);
+/// The colour on this desktop.
+QColor to_qt(const Teinte &teinte);
 
-/// Gives a widget its own background and text colour; unset ones stay the system's.
-void set_colours(QWidget &widget, const std::optional<Couleur> &fond, const std::optional<Couleur> &couleur);
+/// Gives a widget its own background and text colour; unset ones stay the toolkit's.
+void set_colours(QWidget &widget, const std::optional<Teinte> &fond, const std::optional<Teinte> &couleur);
 
 }  // namespace ardane

@@ -1,7 +1,8 @@
 #include "front/qt/control_kinds.h"
 
-#include <QMouseEvent>
+#include <QPushButton>
 #include <QSignalBlocker>
+#include <QTextDocument>
 #include <algorithm>
 
 #include "front/qt/appearance.h"
@@ -24,35 +25,35 @@ Qt::Alignment across(Alignement alignement) {
   return Qt::AlignLeft;
 }
 
-/// What a screen reader says: the caption, else the tool tip, else the name.
-QString spoken_name(const Contrôle &control) {
-  for (const std::string *words : {&control.texte, &control.infobulle, &control.nom})
-    if (!words->empty()) return to_qt(*words);
-  return {};
-}
-
-void set_spoken_name(QWidget &widget, const Contrôle &control) {
-  const QString name = spoken_name(control);
-  if (widget.accessibleName() != name) widget.setAccessibleName(name);
+/// The text of a page with line ends of LF, no-break spaces and all.
+QString text_of(const QPlainTextEdit &page) {
+  return page.document()->toRawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
 }
 
 }  // namespace
 
+void sync_border(QFrame &frame, const Contrôle &control) {
+  const int style = est_bordé(control) ? QFrame::StyledPanel | QFrame::Sunken : QFrame::NoFrame;
+  if (frame.frameStyle() != style) frame.setFrameStyle(style);
+}
+
 LabelView::LabelView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, make_child<QLabel>(parent)) {
   label().setTextFormat(Qt::PlainText);
-  if (control.encadré) label().setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   if (control.fond && control.alignement != Alignement::centre) label().setMargin(coloured_margin);
 }
 
 void LabelView::sync() {
   ControlView::sync();
-  const QString text = to_qt(control().texte);
+  sync_border(label(), control());
+  // Only a label that leads somewhere takes "&" for a mark.
+  const bool marked = label().buddy() != nullptr && control().mnémonique != 0;
+  const QString text = marked ? caption(control().texte, control().mnémonique) : to_qt(control().texte);
   if (label().text() != text) label().setText(text);
   const bool several_lines =
       control().multiligne || control().hauteur >= 2 * label().fontMetrics().lineSpacing();
   if (label().wordWrap() != several_lines) label().setWordWrap(several_lines);
-  const Qt::Alignment down = several_lines && !control().encadré ? Qt::AlignTop : Qt::AlignVCenter;
+  const Qt::Alignment down = several_lines && !est_bordé(control()) ? Qt::AlignTop : Qt::AlignVCenter;
   const Qt::Alignment alignment = across(control().alignement) | down;
   if (label().alignment() != alignment) label().setAlignment(alignment);
   fit_text(several_lines);
@@ -74,25 +75,13 @@ void LabelView::fit_text(bool several_lines) {
   if (label().font() != font) label().setFont(font);
 }
 
-bool LabelView::eventFilter(QObject *watched, QEvent *event) {
-  if (event->type() == QEvent::MouseButtonPress && control().clic) {
-    click();
-    return true;
-  }
-  if (event->type() == QEvent::MouseButtonDblClick && control().double_clic) {
-    run(control().double_clic);
-    return true;
-  }
-  return ControlView::eventFilter(watched, event);
-}
-
 FrameView::FrameView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, make_child<QGroupBox>(parent)) {}
 
 void FrameView::sync() {
   ControlView::sync();
   auto &box = static_cast<QGroupBox &>(widget());
-  const QString text = caption(control().texte);
+  const QString text = caption(control().texte, control().mnémonique);
   if (box.title() != text) box.setTitle(text);
 }
 
@@ -109,7 +98,7 @@ bool LineView::is_shown() const {
 
 void LineView::sync() {
   ControlView::sync();
-  set_spoken_name(line(), control());
+  if (line().hasFrame() != est_bordé(control())) line().setFrame(est_bordé(control()));
   const QString text = to_qt(control().texte);
   if (line().text() != text) line().setText(text);
   if (line().isReadOnly() != control().lecture_seule) line().setReadOnly(control().lecture_seule);
@@ -119,15 +108,26 @@ void LineView::sync() {
 
 PageView::PageView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, make_child<QPlainTextEdit>(parent)) {
-  connect(&page(), &QPlainTextEdit::textChanged, this,
-          [this] { run([this] { saisir(this->control(), to_utf8(page().toPlainText())); }); });
+  page().setTabChangesFocus(true);
+  connect(&page(), &QPlainTextEdit::textChanged, this, [this] { take_text(); });
+}
+
+void PageView::take_text() {
+  // Fonts and the like are changes of the page, too.
+  std::string text = lignes_du_contrôle(control(), to_utf8(text_of(page())));
+  if (text == lignes_du_contrôle(control(), text_)) return;
+  text_ = std::move(text);
+  run([this] { saisir(this->control(), text_); });
 }
 
 void PageView::sync() {
   ControlView::sync();
   const QSignalBlocker quiet(page());
-  const QString text = to_qt(control().texte);
-  if (page().toPlainText() != text) page().setPlainText(text);
+  sync_border(page(), control());
+  if (control().texte != text_) {
+    text_ = control().texte;
+    page().setPlainText(to_qt(lignes_simples(text_)));
+  }
   if (page().isReadOnly() != control().lecture_seule) page().setReadOnly(control().lecture_seule);
 }
 
@@ -145,14 +145,16 @@ QRect ButtonView::place() const {
 
 void ButtonView::sync() {
   ControlView::sync();
-  const QString text = caption(control().texte);
+  const QString text = caption(control().texte, control().mnémonique);
   if (button().text() != text) button().setText(text);
+  if (auto *push = qobject_cast<QPushButton *>(&button()))
+    if (const bool wanted = context_.window.bouton_défaut == &control(); push->isDefault() != wanted)
+      push->setDefault(wanted);
   if (control().image != icon_) {
     icon_ = control().image;
     button().setIcon(QIcon(context_.pictures.pixmap(icon_, button().devicePixelRatioF())));
     button().setIconSize({icon_.largeur, icon_.hauteur});
   }
-  if (control().texte.empty()) set_spoken_name(button(), control());
   if (button().isCheckable() && button().isChecked() != control().coché) sync_mark();
 }
 
@@ -171,12 +173,11 @@ ListView::ListView(Contrôle &control, const ViewContext &context, QWidget *pare
   connect(&list(), &QListWidget::itemSelectionChanged, this,
           [this] { run([this] { choisir(this->control(), marked_row() + 1); }); });
   connect(&list(), &QListWidget::itemClicked, this, [this] { click(); });
-  connect(&list(), &QListWidget::itemDoubleClicked, this, [this] { run(this->control().double_clic); });
+  connect(&list(), &QListWidget::itemDoubleClicked, this, [this] { double_click(); });
 }
 
 void ListView::sync() {
   ControlView::sync();
-  set_spoken_name(list(), control());
   const QSignalBlocker quiet(list());
   if (items_ != control().éléments) {
     items_ = control().éléments;

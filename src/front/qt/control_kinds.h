@@ -14,13 +14,16 @@
 
 namespace ardane {
 
+/// Gives a framed widget its control's border, or takes it away.
+void sync_border(QFrame &frame, const Contrôle &control);
+
 class LabelView : public ControlView {
  public:
   LabelView(Contrôle &control, const ViewContext &context, QWidget *parent);
   void sync() override;
 
  private:
-  bool eventFilter(QObject *watched, QEvent *event) override;
+  bool is_clicked_by_press() const override { return true; }
   QLabel &label() { return static_cast<QLabel &>(widget()); }
   void fit_text(bool several_lines);
 
@@ -38,6 +41,9 @@ class FrameView : public ControlView {
  public:
   FrameView(Contrôle &control, const ViewContext &context, QWidget *parent);
   void sync() override;
+
+ private:
+  bool is_clicked_by_press() const override { return true; }
 };
 
 class LineView : public ControlView {
@@ -51,14 +57,17 @@ class LineView : public ControlView {
   QLineEdit &line() { return static_cast<QLineEdit &>(widget()); }
 };
 
-/// A text box of several lines.
+/// A text box of several lines. Here the line ends of the data meet the toolkit's.
 class PageView : public ControlView {
  public:
   PageView(Contrôle &control, const ViewContext &context, QWidget *parent);
   void sync() override;
 
  private:
+  void take_text();
   QPlainTextEdit &page() { return static_cast<QPlainTextEdit &>(widget()); }
+
+  std::string text_;  ///< the data's, as last shown or taken
 };
 
 /// A push button, a check box or an option.

@@ -15,12 +15,11 @@ bool is_real_loss(Qt::FocusReason reason) {
          reason != Qt::MenuBarFocusReason;
 }
 
-bool is_enter(const QEvent &event) {
-  const int key = static_cast<const QKeyEvent &>(event).key();
-  return key == Qt::Key_Return || key == Qt::Key_Enter;
-}
-
 }  // namespace
+
+bool is_enter(const QKeyEvent &event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
 
 QRect place_of(const Contrôle &control) {
   return {static_cast<int>(std::lround(control.gauche)), static_cast<int>(std::lround(control.haut)),
@@ -31,10 +30,16 @@ ControlView::ControlView(Contrôle &control, const ViewContext &context, QWidget
     : context_(context), control_(control), widget_(widget) {
   widget_->setObjectName(to_qt(control.nom));
   widget_->installEventFilter(this);
+  if (prend_le_clavier(control) && widget_->focusPolicy() == Qt::NoFocus)
+    widget_->setFocusPolicy(Qt::StrongFocus);
   if (control.lecture_seule && control.ordre_tabulation < 0) widget_->setFocusPolicy(Qt::ClickFocus);
 }
 
 void ControlView::sync() {
+  if (const std::string &spoken = nom_à_dire(control_); spoken != spoken_) {
+    spoken_ = spoken;
+    widget_->setAccessibleName(to_qt(spoken));
+  }
   const Look look{place(),       is_shown(),       control_.actif, control_.infobulle,
                   control_.fond, control_.couleur, control_.police};
   if (look == shown_) return;
@@ -54,6 +59,10 @@ void ControlView::click() {
   run([this] { cliquer(context_.window, control_); });
 }
 
+void ControlView::double_click() {
+  run([this] { déclencher(control_.double_clic); });
+}
+
 bool ControlView::eventFilter(QObject *, QEvent *event) {
   switch (event->type()) {
     case QEvent::FocusIn:
@@ -63,12 +72,20 @@ bool ControlView::eventFilter(QObject *, QEvent *event) {
       if (!control_.perte_du_focus || !is_real_loss(static_cast<QFocusEvent *>(event)->reason())) break;
       // By the time the program is idle the window may be gone.
       context_.dispatcher.run_when_idle([view = QPointer<ControlView>(this)] {
-        if (view) view->control_.perte_du_focus();
+        if (view) déclencher(view->control_.perte_du_focus);
       });
       break;
+    case QEvent::MouseButtonPress:
+      if (!control_.clic || !is_clicked_by_press() || !widget_->isEnabled()) break;
+      click();
+      return true;
+    case QEvent::MouseButtonDblClick:
+      if (!control_.double_clic || !widget_->isEnabled()) break;
+      double_click();
+      return true;
     case QEvent::KeyPress:
-      if (!control_.entrée || control_.multiligne || !is_enter(*event)) break;
-      run(control_.entrée);
+      if (!is_enter(static_cast<QKeyEvent &>(*event)) || entrée_finit_la_ligne(control_)) break;
+      run([this] { entrer(context_.window, control_); });
       return true;
     default: break;
   }

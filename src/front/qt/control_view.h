@@ -25,6 +25,9 @@ struct ViewContext {
 /// A control's place in its container's widget, in whole pixels.
 QRect place_of(const Contrôle &control);
 
+/// True for the keys that the player knows as Enter.
+bool is_enter(const QKeyEvent &event);
+
 /// Keeps one widget in step with one control, and hands the player's events on. Properties that the program
 /// alone changes are compared with what was last set; those that the player changes as well, with the
 /// widget's own. What has not changed is not set.
@@ -48,17 +51,21 @@ class ControlView : public QObject {
   void run(const Dispatcher::Event &event) { context_.dispatcher.run(event); }
   /// The click of the player's, through the window's rules.
   void click();
+  void double_click();
   bool eventFilter(QObject *watched, QEvent *event) override;
 
   const ViewContext context_;
 
  private:
+  /// True if a press of the mouse is a click: the widget makes nothing of it by itself.
+  virtual bool is_clicked_by_press() const { return false; }
+
   /// The properties that every kind has and that the program alone changes.
   struct Look {
     QRect place;
     bool visible = true, enabled = true;
     std::string tool_tip;
-    std::optional<Couleur> fond, couleur;
+    std::optional<Teinte> fond, couleur;
     Police police;
     friend bool operator==(const Look &, const Look &) = default;
   };
@@ -66,6 +73,7 @@ class ControlView : public QObject {
   Contrôle &control_;
   QWidget *const widget_;
   std::optional<Look> shown_;
+  std::string spoken_;
 };
 
 /// The view for the control's kind, its widget a child of `parent`. Menu entries have none.

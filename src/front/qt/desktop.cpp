@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QSessionManager>
+#include <QTimer>
 
 #include "core/paths.h"
 #include "front/qt/appearance.h"
@@ -24,14 +25,15 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
       renderer_(dispatcher_, pictures_, screen_),
       boxes_(dispatcher_, screen_, renderer_),
       programme_({boxes_, registry_, screen_, sound_, clock_, random_, web_, help_, renderer_}, ressources,
-                 places.dossier) {
+                 places.dossier),
+      heartbeat_(dispatcher_, boxes_) {
   renderer_.help = [this](const Fenêtre &window) { programme_.aide(window); };
   renderer_.moved = [this](const Fenêtre &window) {
     if (&window == &programme_.principale() && programme_.principale().déplacement)
       programme_.principale().déplacement();
   };
   renderer_.last_closed = [this] { loop_.quit(); };
-  connect(&timer_, &QTimer::timeout, this, [this] { tick(); });
+  heartbeat_.beat = [this] { programme_.principale().tic(); };
   connect(
       qApp, &QGuiApplication::commitDataRequest, this,
       [this](QSessionManager &session) {
@@ -48,7 +50,7 @@ bool Desktop::start() {
   bool started = false;
   dispatcher_.run([&] { started = programme_.Démarrage(folder_); });
   if (!started) return false;
-  timer_.start(blink_period);
+  heartbeat_.start(blink_period);
   QTimer::singleShot(settling_delay, this, [this] { settle(); });
   return true;
 }
@@ -61,11 +63,6 @@ void Desktop::load_all_pictures() {
 
 void Desktop::play() {
   while (programme_.en_cours()) loop_.exec();
-}
-
-void Desktop::tick() {
-  // A box stands in the middle of a procedure, which no tick may meet.
-  if (!dispatcher_.busy() && !boxes_.up()) dispatcher_.run(programme_.principale().tic);
 }
 
 void Desktop::settle() {

@@ -1,7 +1,7 @@
 // The desktop program: one run over the real world.
 #pragma once
 
-#include <QTimer>
+#include <QEventLoop>
 #include <QTranslator>
 #include <filesystem>
 #include <string>
@@ -10,6 +10,7 @@
 #include "front/qt/boxes.h"
 #include "front/qt/clock.h"
 #include "front/qt/dispatcher.h"
+#include "front/qt/heartbeat.h"
 #include "front/qt/help_window.h"
 #include "front/qt/on_demand.h"
 #include "front/qt/picture_store.h"
@@ -55,7 +56,6 @@ class Desktop : public QObject {
   /// What can wait until the player has the map before him.
   void settle();
   void tell_missing_pictures();
-  void tick();
 
   const std::string folder_;
   Dispatcher dispatcher_;
@@ -70,7 +70,7 @@ class Desktop : public QObject {
   WebOnDemand web_;
   HelpQt help_;
   Programme programme_;
-  QTimer timer_;
+  Heartbeat heartbeat_;
   QTranslator translator_;  ///< of the toolkit's own words
   QEventLoop loop_;
 };

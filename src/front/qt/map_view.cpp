@@ -23,11 +23,10 @@ MapView::MapView(Contrôle &control, const ViewContext &context, Pointing pointi
     : QWidget(parent), control_(control), context_(context), pointing_(std::move(pointing)) {}
 
 void MapView::gather() {
-  const auto &controls = context_.window.contrôles();
-  if (controls.size() != controls_seen_) {
-    controls_seen_ = controls.size();
+  if (revision_ != context_.window.révision()) {
+    revision_ = context_.window.révision();
     stack_.clear();
-    for (const Contrôle &control : controls)
+    for (const Contrôle &control : context_.window.contrôles())
       if (control.genre == Genre::image && control.conteneur == &control_) stack_.push_back(&control);
   }
   if (!std::is_sorted(stack_.begin(), stack_.end(), lies_lower))

@@ -47,7 +47,7 @@ class MapView : public QWidget {
   Contrôle &control_;
   const ViewContext context_;
   const Pointing pointing_;
-  std::size_t controls_seen_ = 0;
+  std::uint64_t revision_ = 0;           ///< of the window's controls when they were gathered
   std::vector<const Contrôle *> stack_;  ///< every picture of the viewport, the lowest first
   std::vector<Layer> layers_;            ///< those painted, the lowest first
   QRegion damage_;

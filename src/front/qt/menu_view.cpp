@@ -56,7 +56,7 @@ QAction *MenuView::make_action(Contrôle &control) {
 void MenuView::sync() {
   // QAction compares before it changes; only texts are worth a comparison of ours, as they are made anew.
   for (const Entry &entry : entries_) {
-    const QString text = caption(entry.control->texte);
+    const QString text = caption(entry.control->texte, entry.control->mnémonique);
     if (entry.action->text() != text) entry.action->setText(text);
     entry.action->setEnabled(entry.control->actif);
     entry.action->setVisible(entry.control->visible);

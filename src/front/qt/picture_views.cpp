@@ -1,10 +1,10 @@
 #include "front/qt/picture_views.h"
 
-#include <QEvent>
 #include <QPainter>
 
 #include "front/qt/appearance.h"
 #include "front/qt/child.h"
+#include "front/qt/control_kinds.h"
 #include "map/main_window.h"
 #include "map/pointing.h"
 
@@ -50,23 +50,12 @@ void PictureView::sync() {
   widget().update();
 }
 
-bool PictureView::eventFilter(QObject *watched, QEvent *event) {
-  if (event->type() != QEvent::MouseButtonPress || !control().clic)
-    return ControlView::eventFilter(watched, event);
-  click();
-  return true;
-}
-
 PictureBoxView::PictureBoxView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, make_child<QFrame>(parent)) {
-  if (control.encadré) static_cast<QFrame &>(widget()).setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-}
+    : ControlView(control, context, make_child<QFrame>(parent)) {}
 
-bool PictureBoxView::eventFilter(QObject *watched, QEvent *event) {
-  if (event->type() != QEvent::MouseButtonPress || !control().clic)
-    return ControlView::eventFilter(watched, event);
-  click();
-  return true;
+void PictureBoxView::sync() {
+  ControlView::sync();
+  sync_border(static_cast<QFrame &>(widget()), control());
 }
 
 MapControlView::MapControlView(Contrôle &control, const ViewContext &context, QWidget *parent)

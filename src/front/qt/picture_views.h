@@ -15,7 +15,7 @@ class PictureView : public ControlView {
   void sync() override;
 
  private:
-  bool eventFilter(QObject *watched, QEvent *event) override;
+  bool is_clicked_by_press() const override { return true; }
 
   Image shown_;
 };
@@ -24,9 +24,10 @@ class PictureView : public ControlView {
 class PictureBoxView : public ControlView {
  public:
   PictureBoxView(Contrôle &control, const ViewContext &context, QWidget *parent);
+  void sync() override;
 
  private:
-  bool eventFilter(QObject *watched, QEvent *event) override;
+  bool is_clicked_by_press() const override { return true; }
 };
 
 class MapControlView : public ControlView {

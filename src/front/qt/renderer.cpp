@@ -26,7 +26,7 @@ WindowView &Renderer::view(Fenêtre &window) {
   if (WindowView *known = find(window)) return *known;
   QWidget *parent = nullptr;
   for (const auto &below : views_)
-    if (window.avec_titre && (!below->window().avec_titre || below->waiting != nullptr))
+    if (!window.est_principale && (below->window().est_principale || below->waiting != nullptr))
       parent = &below->frame();
   const ViewContext context{window, dispatcher_, pictures_, screen_};
   views_.push_back(std::make_unique<WindowView>(context, events_of(window), parent));
@@ -48,6 +48,8 @@ WindowEvents Renderer::events_of(Fenêtre &window) {
           [this, &window] {
             if (help) dispatcher_.run([this, &window] { help(window); });
           },
+      .entered = [this, &window] { press(window, window.bouton_défaut); },
+      .escaped = [this, &window] { press(window, window.bouton_annulation); },
   };
 }
 
@@ -62,16 +64,17 @@ void Renderer::activate(Fenêtre &window) {
 
 void Renderer::ask_to_close(Fenêtre &window) {
   if (find(window) == nullptr || !window.fermable || dispatcher_.busy()) return;
-  dispatcher_.run([&] {
-    if (window.demande_de_fermeture)
-      window.demande_de_fermeture();
-    else
-      window.fermer();
-  });
+  dispatcher_.run([&] { demander_fermeture(window); });
+}
+
+void Renderer::press(const Fenêtre &window, Contrôle *button) {
+  if (find(window) == nullptr || dispatcher_.busy()) return;
+  dispatcher_.run([&] { presser(button); });
 }
 
 void Renderer::put_up(Fenêtre &window, Qt::WindowModality modality) {
   window.ouverte = true;
+  premier_focus(window);
   WindowView &shown = view(window);
   sync();
   shown.show(modality);

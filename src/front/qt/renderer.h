@@ -49,6 +49,7 @@ class Renderer : public QObject, public Façade {
   WindowEvents events_of(Fenêtre &window);
   void activate(Fenêtre &window);
   void ask_to_close(Fenêtre &window);
+  void press(const Fenêtre &window, Contrôle *button);
 
   Dispatcher &dispatcher_;
   PictureStore &pictures_;

@@ -4,6 +4,9 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QStyleOption>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
@@ -18,8 +21,9 @@ namespace {
 constexpr std::chrono::milliseconds exposure_delay{200};
 
 Qt::WindowFlags flags_of(const Fenêtre &window) {
-  if (!window.avec_titre) return Qt::Window | Qt::FramelessWindowHint;
-  Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+  const Qt::WindowFlags kind = window.est_principale ? Qt::Window : Qt::Dialog;
+  if (!window.avec_titre) return kind | Qt::FramelessWindowHint;
+  Qt::WindowFlags flags = kind | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
   if (window.fermable) flags |= Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint;
   return flags;
 }
@@ -45,6 +49,7 @@ class Frame : public QWidget {
 
   QWidget *client = nullptr;
   QWidget *menu = nullptr;
+  bool outlined = false;  ///< draws the border that no window manager gives it
 
  protected:
   void closeEvent(QCloseEvent *event) override {
@@ -59,6 +64,15 @@ class Frame : public QWidget {
   }
   void keyPressEvent(QKeyEvent *event) override {
     if (event->key() == Qt::Key_F1) events_.help_asked();
+    if (event->key() == Qt::Key_Escape) events_.escaped();
+    if (is_enter(*event)) events_.entered();
+  }
+  void paintEvent(QPaintEvent *) override {
+    if (!outlined) return;
+    QStyleOption option;
+    option.initFrom(this);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_FrameWindow, &option, &painter, this);
   }
   bool event(QEvent *event) override {
     if (event->type() == QEvent::WindowActivate) events_.activated();
@@ -81,7 +95,8 @@ WindowView::WindowView(const ViewContext &context, WindowEvents events, QWidget 
     menu_ = std::make_unique<MenuView>(context_, &frame_);
     frame.menu = &menu_->bar();
   }
-  if (window().avec_titre) frame_.setWindowIcon(context_.pictures.icon(window().nom));
+  frame.outlined = !window().avec_titre && !window().est_principale;
+  if (!window().est_principale) frame_.setWindowIcon(context_.pictures.icon(window().nom));
   if (window().fond) {
     QPalette palette;
     palette.setColor(QPalette::Window, to_qt(*window().fond));
@@ -103,6 +118,7 @@ QSize WindowView::client_offset() const {
 
 void WindowView::sync() {
   sync_window();
+  drop_views_of_gone();
   make_missing_views();
   for (const auto &view : views_) view->sync();
   sync_stacking();
@@ -121,7 +137,7 @@ void WindowView::sync_geometry() {
   const QSize size{std::max(1, static_cast<int>(std::lround(window().largeur))),
                    std::max(1, static_cast<int>(std::lround(window().hauteur)))};
   QPoint place = whole(window().gauche, window().haut);
-  if (!window().avec_titre) {
+  if (window().est_principale) {
     const Rect zone = context_.screen.zone_de_travail();
     place = {std::max(place.x(), zone.gauche), std::max(place.y(), zone.haut)};
     window().gauche = place.x();
@@ -138,11 +154,37 @@ void WindowView::sync_geometry() {
   if (moved) frame_.setGeometry(QRect(place, size));
 }
 
+/// Until its widget is gone for good, a label would lead to it.
+void WindowView::forget_buddy(const QWidget &gone) {
+  for (const auto &view : views_)
+    if (auto *label = qobject_cast<QLabel *>(&view->widget()); label != nullptr && label->buddy() == &gone)
+      label->setBuddy(nullptr);
+}
+
+void WindowView::drop_views_of_gone() {
+  if (revision_ == window().révision()) return;
+  revision_ = window().révision();
+  for (const auto &view : views_) {
+    if (!view->control().retiré) continue;
+    // The widget may be at work in the very event that took its control off.
+    view->widget().setObjectName({});
+    forget_buddy(view->widget());
+    view->widget().hide();
+    view->widget().deleteLater();
+  }
+  stacked_.clear();
+  focus_ = nullptr;
+  std::erase_if(views_, [](const auto &view) { return view->control().retiré; });
+  window().oublier_retirés();
+}
+
 void WindowView::make_missing_views() {
   const std::size_t before = views_.size();
   for (Contrôle &control : window().contrôles())
     if (has_widget(control) && est_visible(control) && view_of(control) == nullptr) make(control);
-  if (views_.size() != before) sync_tab_order();
+  if (views_.size() == before) return;
+  sync_tab_order();
+  sync_buddies();
 }
 
 ControlView *WindowView::view_of(const Contrôle &control) const {
@@ -173,15 +215,26 @@ void WindowView::sync_stacking() {
 }
 
 void WindowView::sync_tab_order() {
-  std::vector<ControlView *> ordered;
-  for (const auto &view : views_)
-    if (view->control().ordre_tabulation >= 0) ordered.push_back(view.get());
-  std::ranges::stable_sort(ordered, {}, [](ControlView *v) { return v->control().ordre_tabulation; });
-  for (std::size_t i = 1; i < ordered.size(); ++i)
-    QWidget::setTabOrder(&ordered[i - 1]->widget(), &ordered[i]->widget());
+  QWidget *last = nullptr;
+  for (const Contrôle *control : ordre_du_clavier(window())) {
+    ControlView *view = view_of(*control);
+    if (view == nullptr) continue;
+    if (last != nullptr) QWidget::setTabOrder(last, &view->widget());
+    last = &view->widget();
+  }
+}
+
+void WindowView::sync_buddies() {
+  for (const auto &view : views_) {
+    ControlView *label = view->control().étiquette == nullptr ? nullptr : view_of(*view->control().étiquette);
+    if (label == nullptr) continue;
+    if (auto *shown = qobject_cast<QLabel *>(&label->widget())) shown->setBuddy(&view->widget());
+    label->sync();  // a mnemonic is marked where it leads somewhere
+  }
 }
 
 void WindowView::sync_focus() {
+  rectifier_focus(window());
   Contrôle *wanted = window().focus;
   if (wanted != nullptr && wanted != focus_) {
     ControlView *view = view_of(*wanted);

@@ -14,11 +14,11 @@ namespace ardane {
 
 /// What a window tells of itself to whoever keeps the windows.
 struct WindowEvents {
-  std::function<void()> activated, moved, close_asked, help_asked;
+  std::function<void()> activated, moved, close_asked, help_asked, entered, escaped;
 };
 
 /// The Qt window of a `Fenêtre` and the widgets of its controls. A widget is made when its control is first
-/// seen. A window without a title bar has no border either, and its menu bar counts in its height.
+/// seen, and goes when its control has been taken off. A menu bar counts in the window's height.
 class WindowView : public QObject {
  public:
   WindowView(const ViewContext &context, WindowEvents events, QWidget *parent);
@@ -51,9 +51,12 @@ class WindowView : public QObject {
 
   QSize client_offset() const;
   void sync_geometry();
+  void forget_buddy(const QWidget &gone);
+  void drop_views_of_gone();
   void make_missing_views();
   void sync_stacking();
   void sync_tab_order();
+  void sync_buddies();
   void sync_focus();
   ControlView *view_of(const Contrôle &control) const;
   ControlView *make(Contrôle &control);
@@ -66,6 +69,7 @@ class WindowView : public QObject {
   std::vector<std::unique_ptr<ControlView>> views_;  ///< in the order of their making
   std::vector<ControlView *> stacked_;               ///< the lowest first
   std::optional<Geometry> geometry_;
+  std::uint64_t revision_ = 0;  ///< of the controls that the views stand for
   const Contrôle *focus_ = nullptr;
 };
 

@@ -17,7 +17,10 @@ void FaçadeScriptée::ouvrir(Fenêtre &fenêtre, bool modale) {
   fenêtre.ouverte = true;
   pile_.push_back({&fenêtre, modale, nullptr});
   témoin_.fenêtre_ouverte(fenêtre, modale);
-  if (fenêtre.activation) fenêtre.activation();
+  active_ = &fenêtre;
+  premier_focus(fenêtre);
+  pile_.back().focus = fenêtre.focus;
+  déclencher(fenêtre.activation);
   suivre_focus(fenêtre);
 }
 
@@ -36,6 +39,7 @@ void FaçadeScriptée::retirer(Fenêtre &fenêtre) {
       std::find_if(pile_.begin(), pile_.end(), [&](const Ouverte &o) { return o.fenêtre == &fenêtre; });
   if (place == pile_.end()) return;
   fenêtre.ouverte = false;
+  if (active_ == &fenêtre) active_ = nullptr;
   const bool modale = place->modale;
   pile_.erase(place);
   témoin_.fenêtre_fermée(fenêtre, modale);
@@ -64,11 +68,12 @@ void FaçadeScriptée::porter_focus(Fenêtre &fenêtre, Contrôle &contrôle) {
 }
 
 void FaçadeScriptée::suivre_focus(Fenêtre &fenêtre) {
+  rectifier_focus(fenêtre);
   const auto place =
       std::find_if(pile_.begin(), pile_.end(), [&](const Ouverte &o) { return o.fenêtre == &fenêtre; });
   if (place == pile_.end() || place->focus == fenêtre.focus) return;
   const Contrôle *ancien = std::exchange(place->focus, fenêtre.focus);
-  if (ancien != nullptr && ancien->perte_du_focus) ancien->perte_du_focus();
+  if (ancien != nullptr) déclencher(ancien->perte_du_focus);
 }
 
 void FaçadeScriptée::suivre() {
@@ -79,6 +84,18 @@ void FaçadeScriptée::suivre() {
     else if (!ouverte.modale)
       retirer(*ouverte.fenêtre);
   }
+  for (Ouverte &ouverte : pile_) {
+    if (ouverte.focus != nullptr && ouverte.focus->retiré) ouverte.focus = nullptr;
+    ouverte.fenêtre->oublier_retirés();
+  }
+  activer_dessus();
+}
+
+void FaçadeScriptée::activer_dessus() {
+  if (active_ != nullptr || pile_.empty() || !pile_.back().fenêtre->ouverte) return;
+  active_ = pile_.back().fenêtre;
+  déclencher(active_->activation);
+  suivre_focus(*active_);
 }
 
 }  // namespace ardane

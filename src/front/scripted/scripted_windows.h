@@ -64,10 +64,13 @@ class FaçadeScriptée : public Façade {
   };
   void ouvrir(Fenêtre &fenêtre, bool modale);
   void suivre_focus(Fenêtre &fenêtre);
+  /// The window that another one has uncovered becomes active again.
+  void activer_dessus();
 
   Témoin &témoin_;
   Attente &attente_;
   std::deque<Ouverte> pile_;  ///< the lowest first
+  Fenêtre *active_ = nullptr;
 };
 
 }  // namespace ardane

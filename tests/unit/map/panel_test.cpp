@@ -185,8 +185,8 @@ TEST_F(Panel, DigitsAreYellowOnBlackAndCentred) {
   for (int i = 0; i <= 6; ++i) chiffres.push_back(&e().Digit(i));
   for (int i = 1; i <= 3; ++i) chiffres.push_back(&e().Reste(i));
   for (const Contrôle *c : chiffres) {
-    EXPECT_EQ(c->couleur, (Couleur{255, 255, 0})) << c->nom;
-    EXPECT_EQ(c->fond, (Couleur{0, 0, 0})) << c->nom;
+    EXPECT_EQ(c->couleur, Teinte(Couleur{255, 255, 0})) << c->nom;
+    EXPECT_EQ(c->fond, Teinte(Couleur{0, 0, 0})) << c->nom;
     EXPECT_EQ(c->alignement, Alignement::centre) << c->nom;
   }
 }

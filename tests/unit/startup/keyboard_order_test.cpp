@@ -1,0 +1,67 @@
+// Where the Tab key leads in each window that there is.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/chooser_modes.h"
+#include "support/fake_world.h"
+
+namespace ardane {
+namespace {
+
+using Noms = std::vector<std::string>;
+
+Noms ordre(Fenêtre &fenêtre) {
+  Noms noms;
+  for (const Contrôle *contrôle : ordre_du_clavier(fenêtre)) noms.push_back(contrôle->nom);
+  return noms;
+}
+
+const std::map<std::string_view, Noms> &ordres() {
+  static const std::map<std::string_view, Noms> table = {
+      {"nouvelle_partie",
+       {"boîte_nom_joueur", "niveau_facile", "niveau_moyen", "niveau_difficile", "bouton_sortie",
+        "Niveau_apprentissage", "Bouton_annuler", "niveau_expert"}},
+      {"Affichage_scores", {"Command1", "BoutonStatistiques"}},
+      {"Paramétrage_répertoires",
+       {"Répertoire", "Command1", "Sous_répertoire", "Bouton_OK", "Nom_fichier", "Fichier", "Lecteur"}},
+  };
+  return table;
+}
+
+TEST(KeyboardOrder, OfEveryWindowThatRulesOpen) {
+  MondeFactice m;
+  m.démarrer();
+  m.g().Mode_sélection = choix_dossier_information;
+  m.g().Niveau_affiché = 1;
+  for (const std::string_view nom : m.programme.fenêtres()) {
+    ASSERT_TRUE(ordres().contains(nom)) << nom << " has no order here";
+    Noms trouvé;
+    m.façade.joueur = [&](Fenêtre &fenêtre) { trouvé = ordre(fenêtre); };
+    m.c().plateforme.fenêtres.ouvrir_modale(nom);
+    EXPECT_EQ(trouvé, ordres().at(nom)) << nom;
+  }
+}
+
+TEST(KeyboardOrder, OfTheMainWindowGoesFromTheButtonsOverTheGridToTheBars) {
+  MondeFactice m;
+  Noms attendu = {"Bouton_gruge", "BoutonPasse"};
+  for (int i = 1; i <= 16; ++i) attendu.push_back("Bouton(" + std::to_string(i) + ")");
+  for (const char *nom : {"BTN_Sauvegarde", "BTN_Démarrage", "BTN(1)", "BTN(2)", "barre_h", "barre_v"})
+    attendu.emplace_back(nom);
+  EXPECT_EQ(ordre(m.e()), attendu);
+}
+
+TEST(KeyboardOrder, NoWindowHasAButtonThatEnterOrEscapePressesFromElsewhere) {
+  MondeFactice m;
+  m.démarrer();
+  m.g().Mode_sélection = choix_dossier_information;
+  m.g().Niveau_affiché = 1;
+  m.façade.joueur = [](Fenêtre &fenêtre) {
+    EXPECT_EQ(fenêtre.bouton_défaut, nullptr) << fenêtre.nom;
+    EXPECT_EQ(fenêtre.bouton_annulation, nullptr) << fenêtre.nom;
+  };
+  for (const std::string_view nom : m.programme.fenêtres()) m.c().plateforme.fenêtres.ouvrir_modale(nom);
+}
+
+}  // namespace
+}  // namespace ardane

@@ -8,7 +8,7 @@
 namespace ardane {
 namespace {
 
-QMessageBox::Icon to_qt(Icône icône) {
+QMessageBox::Icon icon_of(Icône icône) {
   switch (icône) {
     case Icône::aucune: return QMessageBox::NoIcon;
     case Icône::information: return QMessageBox::Information;
@@ -34,7 +34,7 @@ Réponse BoxesQt::montrer(const Boîte &boîte) {
   const ScreenQt::Arrow arrow(screen_);
   const Dispatcher::Waiting waiting(dispatcher_);
 
-  QMessageBox box(to_qt(boîte.icône), to_qt(boîte.titre), to_qt(boîte.texte), QMessageBox::NoButton,
+  QMessageBox box(icon_of(boîte.icône), to_qt(boîte.titre), to_qt(boîte.texte), QMessageBox::NoButton,
                   renderer_.top_frame());
   box.setObjectName(QStringLiteral("boîte"));
   box.setTextFormat(Qt::PlainText);

@@ -21,7 +21,7 @@ constexpr Pixel encre_des_pièces{38, 28, 20, 220};
 constexpr Pixel encre_des_partitions{38, 28, 20, 190};
 constexpr Pixel ombre_portée{20, 12, 8, 70};
 
-Pixel éclairé(Pixel p, double facteur) {
+Pixel multiplié(Pixel p, double facteur) {
   const auto canal = [facteur](std::uint8_t v) {
     return static_cast<std::uint8_t>(std::lround(std::min(255.0, v * facteur)));
   };
@@ -85,7 +85,7 @@ class Peintre {
   /// Light falls from above: a little more of it at the charge's head than at its foot.
   void remplir(const Path &path, const Coverage &pochoir, Pixel couleur_, double haut, double bas) {
     fill_within(image_, path, pochoir, [&](int, int y) {
-      return éclairé(couleur_, mix(1.07, 0.9, clamp01((y - haut) / std::max(1.0, bas - haut))));
+      return multiplié(couleur_, mix(1.07, 0.9, clamp01((y - haut) / std::max(1.0, bas - haut))));
     });
   }
 

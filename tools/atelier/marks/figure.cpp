@@ -1,5 +1,6 @@
 #include "marks/figure.h"
 
+#include <cmath>
 #include <utility>
 
 #include "drawing/raster.h"
@@ -12,7 +13,7 @@ constexpr int opacité_du_liseré = 225;
 
 Pixel entre(Pixel a, Pixel b, double t) {
   const auto composante = [t](std::uint8_t de, std::uint8_t à) {
-    return static_cast<std::uint8_t>(mix(de, à, t) + 0.5);
+    return static_cast<std::uint8_t>(std::lround(mix(de, à, t)));
   };
   return {composante(a.r, b.r), composante(a.g, b.g), composante(a.b, b.b), composante(a.a, b.a)};
 }

@@ -41,7 +41,7 @@ class Toile {
     fill_within(image, forme.transformed(agrandissement_), pochoir_, [=, this](int x, int y) {
       const double t = en_marches(clamp01(((y + 0.5) / échelle_ - y0) / (y1 - y0)), x, y);
       const auto ton = [t](std::uint8_t a, std::uint8_t b) {
-        return static_cast<std::uint8_t>(mix(a, b, t) + 0.5);
+        return static_cast<std::uint8_t>(std::lround(mix(a, b, t)));
       };
       return Pixel{ton(haut.r, bas.r), ton(haut.g, bas.g), ton(haut.b, bas.b), ton(haut.a, bas.a)};
     });

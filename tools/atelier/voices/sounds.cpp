@@ -51,7 +51,7 @@ constexpr Note descente_perdu[] = {{0.0, la4, 1.0}, {0.19, sol4, 0.9}, {0.38, fa
 constexpr Note coup_choisi[] = {{0.0, 1480.0, 1.0}};
 
 Onde silence(double secondes) {
-  return Onde(static_cast<std::size_t>(secondes * fréquence_échantillons + 0.5), 0.0);
+  return Onde(static_cast<std::size_t>(std::lround(secondes * fréquence_échantillons)), 0.0);
 }
 
 double instant(std::size_t échantillon) {
@@ -69,7 +69,7 @@ double montée(double t, double durée) {
 }
 
 void frapper(Onde &onde, const Note &note, std::span<const Partiel> corps, double attaque) {
-  const auto premier = static_cast<std::size_t>(note.début * fréquence_échantillons + 0.5);
+  const auto premier = static_cast<std::size_t>(std::lround(note.début * fréquence_échantillons));
   for (std::size_t i = premier; i < onde.size(); ++i) {
     const double t = instant(i - premier);
     double somme = 0.0;

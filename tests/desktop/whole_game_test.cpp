@@ -11,17 +11,28 @@
 namespace ardane {
 namespace {
 
-using Order = std::array<int, nombre_jeux>;
+struct Order {
+  const char *name;
+  std::array<int, nombre_jeux> stages;
+};
 
-constexpr Order provinces_alone = {étape_provinces};
-constexpr Order as_designed = {étape_provinces, étape_régions, étape_villes, étape_drapeaux};
-constexpr Order the_other_way = {étape_drapeaux, étape_villes, étape_régions, étape_provinces};
+constexpr Order provinces_alone = {"provinces_alone", {étape_provinces}};
+constexpr Order as_designed = {"as_designed", {étape_provinces, étape_régions, étape_villes, étape_drapeaux}};
+constexpr Order the_other_way = {"the_other_way",
+                                 {étape_drapeaux, étape_villes, étape_régions, étape_provinces}};
 
 constexpr std::array<const char *, 5> levels = {"Niveau_apprentissage", "niveau_facile", "niveau_moyen",
                                                 "niveau_difficile", "niveau_expert"};
 
-/// A game at the level of that rank in `levels`, 0 for learning.
-class PlayedGame : public testing::TestWithParam<std::tuple<int, Order>> {
+/// A rank in `levels`, 0 for learning, and the stages to play.
+using Game_to_play = std::tuple<int, Order>;
+
+std::string name_of(const testing::TestParamInfo<Game_to_play> &game) {
+  const auto [level, order] = game.param;
+  return std::string(levels.at(static_cast<std::size_t>(level))) + "_" + order.name;
+}
+
+class PlayedGame : public testing::TestWithParam<Game_to_play> {
  protected:
   /// Plays it and compares what it comes to with what the plan has counted.
   void play() {
@@ -31,7 +42,7 @@ class PlayedGame : public testing::TestWithParam<std::tuple<int, Order>> {
     AutomaticPlayer player(desktop, *plan);
     ASSERT_TRUE(player.start());
     for (int rank = 1; rank <= nombre_jeux; ++rank)
-      state.Ordre_jeux(rank) = static_cast<std::int16_t>(order.at(static_cast<std::size_t>(rank - 1)));
+      state.Ordre_jeux(rank) = static_cast<std::int16_t>(order.stages.at(static_cast<std::size_t>(rank - 1)));
     player.begin();
     desktop.play();
 
@@ -68,9 +79,10 @@ class GameOfOneStage : public PlayedGame {};
 class WholeGame : public PlayedGame {};
 
 INSTANTIATE_TEST_SUITE_P(EveryLevel, GameOfOneStage,
-                         testing::Combine(testing::Range(0, 5), testing::Values(provinces_alone)));
+                         testing::Combine(testing::Range(0, 5), testing::Values(provinces_alone)), name_of);
 INSTANTIATE_TEST_SUITE_P(EveryLevel, WholeGame,
-                         testing::Combine(testing::Range(0, 5), testing::Values(as_designed, the_other_way)));
+                         testing::Combine(testing::Range(0, 5), testing::Values(as_designed, the_other_way)),
+                         name_of);
 
 TEST_P(GameOfOneStage, PlayedByMouseWithMistakesCostsWhatIsCountedByHand) {
   play();

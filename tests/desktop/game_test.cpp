@@ -30,6 +30,12 @@ class Game : public testing::Test {
     ASSERT_EQ(script().run(), "");
     ASSERT_EQ(state().Score, score_de_départ - 1);
   }
+  /// Waits for what the program puts off until the map is up, its icon among it, and for all painting.
+  void settle() {
+    ASSERT_EQ(script().run([this] { return frame()->testAttribute(Qt::WA_SetWindowIcon); }), "");
+    QApplication::processEvents();
+    frame()->repaint();
+  }
   Desktop &desktop() {
     if (desktop_ == nullptr) desktop_ = std::make_unique<Desktop>(folder.places(), ressources_du_programme());
     return *desktop_;
@@ -130,7 +136,7 @@ TEST_F(Game, ATickPaintsNothingWhereNothingBlinks) {
     QRegion painted;
   } watch;
   start();
-  QApplication::processEvents();
+  settle();
   frame()->findChild<QWidget *>("Carte")->installEventFilter(&watch);
   screen().tic();
   desktop().renderer().sync();

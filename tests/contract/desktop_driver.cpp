@@ -179,6 +179,7 @@ class DesktopDriver : public Driver {
   std::vector<std::string> items(const std::string &control) override {
     const auto *list = find<QListWidget>(control);
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(list->count()));
     for (int row = 0; row < list->count(); ++row) texts.push_back(to_utf8(list->item(row)->text()));
     return texts;
   }

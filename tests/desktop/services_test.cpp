@@ -1,4 +1,4 @@
-// The clock, the screen, sound, help and the command line.
+// The screen, sound, help and the command line.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -10,7 +10,6 @@
 #include <QTextBrowser>
 #include <fstream>
 
-#include "front/qt/clock.h"
 #include "front/qt/help_window.h"
 #include "front/qt/on_demand.h"
 #include "front/qt/options.h"
@@ -18,13 +17,6 @@
 
 namespace ardane {
 namespace {
-
-TEST(SystemClock, TellsARealDateAndATimeOfDay) {
-  const SystemClock clock;
-  EXPECT_TRUE(clock.aujourd_hui().ok());
-  EXPECT_GE(clock.heure().count(), 0);
-  EXPECT_LT(clock.heure().count(), 86'400);
-}
 
 TEST(ScreenQt, MeasuresThePrimaryScreen) {
   const ScreenQt screen;

@@ -8,7 +8,6 @@
 
 #include "core/resources.h"
 #include "front/qt/boxes.h"
-#include "front/qt/clock.h"
 #include "front/qt/dispatcher.h"
 #include "front/qt/heartbeat.h"
 #include "front/qt/help_window.h"
@@ -18,6 +17,7 @@
 #include "front/qt/screen.h"
 #include "platform/random_source.h"
 #include "platform/registry_store.h"
+#include "platform/system_clock.h"
 #include "startup/program.h"
 
 namespace ardane {
@@ -65,7 +65,7 @@ class Desktop : public QObject {
   Renderer renderer_;
   BoxesQt boxes_;
   SoundOnDemand sound_;
-  SystemClock clock_;
+  HorlogeSystème clock_;
   HasardSemé random_;
   WebOnDemand web_;
   HelpQt help_;

@@ -1,20 +1,10 @@
 #include "front/scripted/scripted_services.h"
 
-#include <ctime>
 #include <utility>
 
 #include "core/paths.h"
 
 namespace ardane {
-namespace {
-
-std::tm heure_locale() {
-  const std::time_t maintenant = std::time(nullptr);
-  return *std::localtime(&maintenant);
-}
-
-}  // namespace
-
 EcranScripté::EcranScripté(const OptionsMonde &options, Témoin &témoin)
     : taille{options.écran.largeur, options.écran.hauteur},
       témoin_(témoin),
@@ -32,16 +22,11 @@ void SonScripté::jouer(const std::string &chemin) {
 }
 
 std::chrono::year_month_day HorlogeScriptée::aujourd_hui() const {
-  if (date_) return *date_;
-  const std::tm t = heure_locale();
-  return {std::chrono::year(t.tm_year + 1900), std::chrono::month(static_cast<unsigned>(t.tm_mon + 1)),
-          std::chrono::day(static_cast<unsigned>(t.tm_mday))};
+  return date_ ? *date_ : HorlogeSystème::aujourd_hui();
 }
 
 std::chrono::seconds HorlogeScriptée::heure() const {
-  if (date_) return std::chrono::seconds(0);
-  const std::tm t = heure_locale();
-  return std::chrono::hours(t.tm_hour) + std::chrono::minutes(t.tm_min) + std::chrono::seconds(t.tm_sec);
+  return date_ ? std::chrono::seconds(0) : HorlogeSystème::heure();
 }
 
 void HasardScripté::semer() {

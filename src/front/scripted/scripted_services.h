@@ -11,6 +11,7 @@
 #include "front/scripted/world_options.h"
 #include "platform/random_source.h"
 #include "platform/services.h"
+#include "platform/system_clock.h"
 
 namespace ardane {
 
@@ -48,7 +49,7 @@ class SonScripté : public Son {
 };
 
 /// A given date at midnight, or the system's clock.
-class HorlogeScriptée : public Horloge {
+class HorlogeScriptée : public HorlogeSystème {
  public:
   explicit HorlogeScriptée(const OptionsMonde &options) : date_(options.date) {}
   std::chrono::year_month_day aujourd_hui() const override;

@@ -1,11 +1,11 @@
-// The system's date and time.
+// The system's date and time, local.
 #pragma once
 
 #include "platform/services.h"
 
 namespace ardane {
 
-class SystemClock : public Horloge {
+class HorlogeSystème : public Horloge {
  public:
   std::chrono::year_month_day aujourd_hui() const override;
   std::chrono::seconds heure() const override;

@@ -7,6 +7,6 @@ source "$(dirname "${BASH_SOURCE[0]}")/progress.sh"
 build() {
   local preset=$1
   shift
-  [ -f "build/$preset/build.ninja" ] || with_progress '^--' cmake --preset "$preset"
+  [ -f "build/$preset/build.ninja" ] || with_progress . cmake --preset "$preset"
   with_progress '^\[[0-9]+/[0-9]+\] ' cmake --build "build/$preset" ${1:+--target "$@"} -- -k 0
 }

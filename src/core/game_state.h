@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/gazetteer.h"
 #include "core/messages.h"
@@ -32,6 +33,9 @@ enum Niveaux : std::int16_t {
   niveau_difficile = 3,
   niveau_expert = 4,
 };
+
+/// Score file of a configuration that the player did not save.
+constexpr std::string_view nom_fichier_temporaire = "~tmp.~ci";
 
 /// Stands in `Ordre_jeux` behind the last stage of the game.
 constexpr std::int16_t aucun_jeu = 0;
@@ -106,7 +110,7 @@ struct GameState {
   // Game in progress
   std::int16_t Etape = étape_repos;
   std::int16_t Niveau = 0;
-  Table<std::int16_t, 1, nombre_jeux> Ordre_jeux;
+  Ordre_de_jeu Ordre_jeux;
   std::int32_t Score = 0;
   std::string Nom_joueur;
   std::int16_t ProvinceCourante = 0, VilleCourante = 0, RégionCourante = 0;
@@ -136,7 +140,7 @@ struct GameState {
 
   // Dialogs and configuration
   std::int16_t Mode_sélection = 0, Type_fichier = 0;
-  Table<std::int16_t, 1, nombre_jeux> Ordre_initial;
+  Ordre_de_jeu Ordre_initial;
   bool Boutons_actifs = false;
   bool Paramétrage_permanent = false, Paramétrage_par_défaut = false;
   bool Démarrage_demandé = false, Configuration_acceptée = false;
@@ -172,6 +176,11 @@ inline bool bas_niveau(const GameState &g) {
 /// The levels that keep what has been found to themselves, so that the player must remember it.
 inline bool haut_niveau(const GameState &g) {
   return g.Niveau == niveau_difficile || g.Niveau == niveau_expert;
+}
+
+/// True for a configuration that no file of the player's keeps.
+inline bool paramétrage_temporaire(const GameState &g) {
+  return g.Fichier_lancement == nom_fichier_temporaire;
 }
 
 /// True if the stage code stands in the order of play.

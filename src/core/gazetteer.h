@@ -23,6 +23,9 @@ constexpr int plus_haut_niveau = 4;
 constexpr int nombre_rangs = 10;
 constexpr int plus_grande_région = 12;
 
+/// Stage codes by their position in the order of play; 0 for an unused one.
+using Ordre_de_jeu = Table<std::int16_t, 1, nombre_jeux>;
+
 struct Fiche_province {
   std::int16_t haut = 0;
   std::int16_t gauche = 0;

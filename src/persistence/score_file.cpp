@@ -14,8 +14,7 @@
 namespace ardane {
 namespace {
 
-constexpr Table<std::int16_t, 1, nombre_jeux> ordre_par_défaut({étape_provinces, étape_régions, étape_villes,
-                                                                étape_drapeaux});
+constexpr Ordre_de_jeu ordre_par_défaut({étape_provinces, étape_régions, étape_villes, étape_drapeaux});
 
 /// Where the file lies whose name the settings or the player may have given bare.
 std::string fichier_en_usage(const Contexte &c) {
@@ -28,13 +27,7 @@ Contenu_scores contenu_à_écrire(const GameState &g, bool avec_scores) {
   contenu.ordre = g.Ordre_jeux;
   for (int p = 1; p <= nombre_provinces; ++p) contenu.inhibée(p) = g.TableProvinces(p).inhibée;
   contenu.langue = g.Langue;
-  if (!avec_scores) return contenu;
-  for (int niveau = niveau_facile; niveau <= plus_haut_niveau; ++niveau) {
-    for (int rang = 1; rang <= g.Nombre_scores(niveau); ++rang) {
-      const Meilleur_score &score = g.Meilleurs_scores(niveau, rang);
-      contenu.scores.push_back({score.nom, score.score, static_cast<std::int16_t>(niveau)});
-    }
-  }
+  if (avec_scores) contenu.scores = Liste_des_scores(g);
   return contenu;
 }
 
@@ -64,13 +57,6 @@ void consigner_refus(const GameState &g, const std::string &raison) {
   consigner("Le fichier de scores « " + g.Fichier_lancement + " » est refusé : " + raison);
 }
 
-void ajouter_scores(GameState &g, const std::vector<Enregistrement_score> &scores) {
-  // Level 0 is never emptied nor shown: its count starts again with each file.
-  g.Nombre_scores(aucun_niveau) = 0;
-  for (const Enregistrement_score &score : scores)
-    g.Meilleurs_scores(score.niveau, ++g.Nombre_scores(score.niveau)) = {score.nom, score.score};
-}
-
 /// Takes the default file and configuration, the file in use deleted. Failures change nothing more.
 void réparer(Contexte &c) {
   GameState &g = c.état;
@@ -91,6 +77,24 @@ void Vider_scores(Contexte &c) {
   }
 }
 
+std::vector<Enregistrement_score> Liste_des_scores(const GameState &g) {
+  std::vector<Enregistrement_score> liste;
+  for (int niveau = niveau_facile; niveau <= plus_haut_niveau; ++niveau) {
+    for (int rang = 1; rang <= g.Nombre_scores(niveau); ++rang) {
+      const Meilleur_score &score = g.Meilleurs_scores(niveau, rang);
+      liste.push_back({score.nom, score.score, static_cast<std::int16_t>(niveau)});
+    }
+  }
+  return liste;
+}
+
+void Ajouter_scores(GameState &g, const std::vector<Enregistrement_score> &scores) {
+  // Level 0 is never emptied nor shown: its count starts again with each file.
+  g.Nombre_scores(aucun_niveau) = 0;
+  for (const Enregistrement_score &score : scores)
+    g.Meilleurs_scores(score.niveau, ++g.Nombre_scores(score.niveau)) = {score.nom, score.score};
+}
+
 bool Ecrire_scores(Contexte &c, bool avec_scores) {
   GameState &g = c.état;
   const auto échec = écrire_fichier(fichier_en_usage(c), contenu_à_écrire(g, avec_scores));
@@ -109,7 +113,7 @@ bool Lire_fichier_scores(Contexte &c) {
   GameState &g = c.état;
   std::ifstream flux(chemin_natif(fichier_en_usage(c)), std::ios::binary);
   const Lecture_scores lecture = lire_scores(flux);
-  ajouter_scores(g, lecture.contenu.scores);
+  Ajouter_scores(g, lecture.contenu.scores);
   if (lecture.défaut) {
     consigner_refus(g, décrire_défaut(*lecture.défaut));
     return false;

@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "core/context.h"
+#include "persistence/slot_file.h"
 
 namespace ardane {
 
@@ -14,6 +16,11 @@ constexpr std::string_view extension_scores = ".SCI";
 
 /// Empties the ten best of the levels 1 to 4.
 void Vider_scores(Contexte &c);
+
+/// The lists of the levels 1 to 4 as files hold them: level by level, each from its best.
+std::vector<Enregistrement_score> Liste_des_scores(const GameState &g);
+/// Puts such a list below the scores that are there already; level 0 is taken and never shown.
+void Ajouter_scores(GameState &g, const std::vector<Enregistrement_score> &scores);
 
 /// Writes the file whole, the old one deleted first; without the scores if `avec_scores` is false. On any
 /// failure a box tells the player, the log says why, `Scores_non_sauvés` is set and the result is false.

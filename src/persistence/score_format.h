@@ -17,13 +17,13 @@
 
 #include "core/gazetteer.h"
 #include "core/table.h"
-#include "persistence/slot_file.h"
+#include "persistence/score_items.h"
 
 namespace ardane {
 
 struct Contenu_scores {
   std::string version;
-  Table<std::int16_t, 1, nombre_jeux> ordre;
+  Ordre_de_jeu ordre;
   Table<bool, 1, nombre_provinces> inhibée;
   std::int16_t langue = 0;
   std::vector<Enregistrement_score> scores;
@@ -38,13 +38,9 @@ struct Lecture_scores {
 
 /// Reads a score file whatever its version.
 ///
-/// A fault is an item before the scores that is not there whole; a number of places below 0 or above 4; a
-/// name of more than 120 bytes; a level outside 0..4; an eleventh score of a level. A score that the end of
-/// the file cuts is no fault: it ends the list. Any number but 0 is true.
-///
-/// A configuration that nothing can be played with is a fault as well, and one that the configuration panel
-/// never makes: an order that begins with no stage, one with a code that is no stage's, one with the same
-/// stage twice (it would begin again for ever), all provinces left out.
+/// A fault is an item before the scores that is not there whole; what `lire_ordre` and `lire_liste` refuse; a
+/// name of more than 120 bytes; all provinces left out, which nothing can be played with. A score that the
+/// end of the file cuts is no fault: it ends the list.
 Lecture_scores lire_scores(std::istream &flux);
 
 /// Writes a score file. Nothing if it is whole, otherwise what failed; what was written then stays.

@@ -11,6 +11,8 @@ namespace {
 using Cause = Défaut_de_case::Cause;
 
 constexpr std::size_t taille_de_longueur = 2;
+constexpr std::int16_t vrai = -1;
+constexpr std::int16_t faux = 0;
 
 template <class Entier>
 std::string petit_boutiste(Entier valeur) {
@@ -96,9 +98,14 @@ std::optional<std::string> Lecteur_de_cases::texte_en_tête(std::size_t plus_lon
   return std::string(case_.data() + taille_de_longueur, longueur);
 }
 
-std::optional<std::string> Lecteur_de_cases::texte() {
+std::optional<bool> Lecteur_de_cases::booléen() {
+  const auto valeur = entier16();
+  return valeur ? std::optional(*valeur != faux) : std::nullopt;
+}
+
+std::optional<std::string> Lecteur_de_cases::texte(std::size_t plus_long) {
   if (!avancer()) return std::nullopt;
-  const auto octets = texte_en_tête(longueur_de_texte);
+  const auto octets = texte_en_tête(plus_long);
   return octets ? std::optional(depuis_windows_1252(*octets)) : std::nullopt;
 }
 
@@ -134,6 +141,10 @@ void Scripteur_de_cases::entier32(std::int32_t valeur) {
   if (défaut_) return;
   ++numéro_;
   case_suivante(petit_boutiste(valeur));
+}
+
+void Scripteur_de_cases::booléen(bool valeur) {
+  entier16(valeur ? vrai : faux);
 }
 
 void Scripteur_de_cases::paire(const Paire &valeur) {

@@ -64,7 +64,10 @@ class Lecteur_de_cases {
 
   std::optional<std::int16_t> entier16();
   std::optional<std::int32_t> entier32();
-  std::optional<std::string> texte();
+  /// A 16-bit integer: any number but 0 is true.
+  std::optional<bool> booléen();
+  /// `plus_long` is in bytes of the file.
+  std::optional<std::string> texte(std::size_t plus_long = longueur_de_texte);
   std::optional<Paire> paire();
   std::optional<Enregistrement_score> score();
 
@@ -99,6 +102,7 @@ class Scripteur_de_cases {
 
   void entier16(std::int16_t valeur);
   void entier32(std::int32_t valeur);
+  void booléen(bool valeur);
   void texte(std::string_view valeur);
   void paire(const Paire &valeur);
   void score(const Enregistrement_score &valeur);

@@ -34,12 +34,16 @@ struct Lu {
   std::optional<Défaut_de_case> défaut;
 };
 
-template <class T>
-Lu<T> lire(const std::string &octets, std::optional<T> (Lecteur_de_cases::*lecture)()) {
+template <class T, class Lecture>
+Lu<T> lire(const std::string &octets, Lecture lecture) {
   std::istringstream flux(octets);
   Lecteur_de_cases cases(flux);
-  const auto valeur = (cases.*lecture)();
+  const auto valeur = std::invoke(lecture, cases);
   return {valeur, cases.défaut()};
+}
+
+std::optional<std::string> lire_texte(Lecteur_de_cases &cases) {
+  return cases.texte();
 }
 
 TEST(SlotWriter, EveryItemTakesASlot) {
@@ -139,6 +143,28 @@ TEST(SlotReader, WhatIsWrittenIsReadBack) {
   EXPECT_FALSE(cases.défaut());
 }
 
+TEST(SlotReader, ABooleanIsTrueForAnyNumberButZero) {
+  for (const auto &[octets, valeur] :
+       {std::pair{std::string("\0\0", 2), false}, {"\xFF\xFF", true}, {std::string("\2\0", 2), true}})
+    EXPECT_EQ(lire<bool>(octets, &Lecteur_de_cases::booléen).valeur, valeur);
+  EXPECT_EQ(lire<bool>("\1", &Lecteur_de_cases::booléen).valeur, std::nullopt);
+}
+
+TEST(SlotWriter, ABooleanIsMinusOneOrZero) {
+  EXPECT_EQ(écrire([](Scripteur_de_cases &cases) {
+              cases.booléen(true);
+              cases.booléen(false);
+            }),
+            case_de("\xFF\xFF") + case_de(std::string("\0\0", 2)));
+}
+
+TEST(SlotReader, ATextCanBeAskedToBeShorterThanItsSlot) {
+  const std::string octets = std::string("\3\0abc", 5);
+  EXPECT_EQ(lire<std::string>(octets, [](Lecteur_de_cases &c) { return c.texte(3); }).valeur, "abc");
+  EXPECT_EQ(lire<std::string>(octets, [](Lecteur_de_cases &c) { return c.texte(2); }).défaut,
+            (Défaut_de_case{1, Cause::trop_long}));
+}
+
 TEST(SlotReader, ThePaddingIsNotLookedAt) {
   std::istringstream flux(std::string("\x07\0", 2) + std::string(126, '\xFF') + std::string("\x08\0", 2));
   Lecteur_de_cases cases(flux);
@@ -150,7 +176,7 @@ TEST(SlotReader, TheLastSlotMayEndBehindItsItem) {
   EXPECT_EQ(lire<std::int16_t>("\1\1", &Lecteur_de_cases::entier16).valeur, 257);
   EXPECT_EQ(lire<std::int32_t>("\1\1\1\1", &Lecteur_de_cases::entier32).valeur, 16843009);
   EXPECT_EQ(lire<Paire>("\1\1\2\2", &Lecteur_de_cases::paire).valeur, (Paire{257, 514}));
-  EXPECT_EQ(lire<std::string>(std::string("\2\0ab", 4), &Lecteur_de_cases::texte).valeur, "ab");
+  EXPECT_EQ(lire<std::string>(std::string("\2\0ab", 4), lire_texte).valeur, "ab");
   EXPECT_EQ(lire<Enregistrement_score>(std::string("\1\0a\7\0\0\0\2\0", 9), &Lecteur_de_cases::score).valeur,
             (Enregistrement_score{"a", 7, 2}));
 }
@@ -161,7 +187,7 @@ TEST(SlotReader, AnItemThatIsNotThereWholeIsTheEndOfTheFile) {
   for (std::size_t n = 0; n < score.size(); ++n)
     EXPECT_EQ(lire<Enregistrement_score>(score.substr(0, n), &Lecteur_de_cases::score).défaut, fin) << n;
   for (std::size_t n = 0; n < texte.size(); ++n)
-    EXPECT_EQ(lire<std::string>(texte.substr(0, n), &Lecteur_de_cases::texte).défaut, fin) << n;
+    EXPECT_EQ(lire<std::string>(texte.substr(0, n), lire_texte).défaut, fin) << n;
   for (std::size_t n = 0; n < 4; ++n) {
     EXPECT_EQ(lire<std::int32_t>(texte.substr(0, n), &Lecteur_de_cases::entier32).défaut, fin) << n;
     EXPECT_EQ(lire<Paire>(texte.substr(0, n), &Lecteur_de_cases::paire).défaut, fin) << n;
@@ -173,7 +199,7 @@ TEST(SlotReader, ALengthThatTheSlotCannotHoldIsRefused) {
   const Défaut_de_case trop_long{1, Cause::trop_long};
   for (const int longueur : {127, 128, 255, 65535}) {
     const std::string octets = {static_cast<char>(longueur), static_cast<char>(longueur >> 8)};
-    const auto lu = lire<std::string>(case_de(octets), &Lecteur_de_cases::texte);
+    const auto lu = lire<std::string>(case_de(octets), lire_texte);
     EXPECT_FALSE(lu.valeur);
     EXPECT_EQ(lu.défaut, trop_long) << longueur;
   }

@@ -15,7 +15,6 @@
 #include "persistence/folders.h"
 #include "persistence/registry.h"
 #include "persistence/score_file.h"
-#include "platform/text.h"
 #include "platform/window_layout.h"
 
 namespace ardane {
@@ -45,9 +44,6 @@ constexpr std::array usages = std::to_array<Usage>({
     {choix_dossier_sauvegarde, Message::répertoire_des_parties, extension_scores},
 });
 
-constexpr std::string_view dossier_parent = "..";
-constexpr std::string_view racine = "/";
-
 const Usage &usage(const GameState &g) {
   const auto trouvé =
       std::find_if(usages.begin(), usages.end(), [&](const Usage &u) { return u.mode == g.Mode_sélection; });
@@ -57,48 +53,6 @@ const Usage &usage(const GameState &g) {
 
 std::string avec_séparateur(std::string_view dossier) {
   return Joindre_chemin(dossier, "");
-}
-
-std::string sans_séparateur(std::string dossier) {
-  while (dossier.size() > racine.size() && dossier.back() == séparateur_de_chemin) dossier.pop_back();
-  return dossier;
-}
-
-std::string dossier_au_dessus(std::string_view dossier) {
-  const std::string dessus = Dossier_de(dossier);
-  return dessus.empty() ? std::string(racine) : dessus;
-}
-
-/// Names in a folder that pass `retenir`, sorted as in capitals; those that begin with a point are hidden
-/// ones. A folder that cannot be read has none.
-template <class Condition>
-std::vector<std::string> noms(const std::string &dossier, Condition retenir) {
-  std::vector<std::string> trouvés;
-  std::error_code erreur;
-  for (fs::directory_iterator i(chemin_natif(dossier), erreur), fin; !erreur && i != fin;
-       i.increment(erreur)) {
-    std::string nom = texte_du_chemin(i->path().filename());
-    if (!nom.starts_with('.') && retenir(*i, nom)) trouvés.push_back(std::move(nom));
-  }
-  std::sort(trouvés.begin(), trouvés.end(), [](const std::string &a, const std::string &b) {
-    const std::string grand_a = en_majuscules(a), grand_b = en_majuscules(b);
-    return grand_a != grand_b ? grand_a < grand_b : a < b;
-  });
-  return trouvés;
-}
-
-std::vector<std::string> sous_dossiers(const std::string &dossier) {
-  return noms(dossier, [](const fs::directory_entry &entrée, const std::string &) {
-    std::error_code erreur;
-    return entrée.is_directory(erreur);
-  });
-}
-
-std::vector<std::string> fichiers(const std::string &dossier, std::string_view extension) {
-  return noms(dossier, [&](const fs::directory_entry &entrée, const std::string &nom) {
-    std::error_code erreur;
-    return !entrée.is_directory(erreur) && en_majuscules(nom).ends_with(extension);
-  });
 }
 
 bool est_dossier(const std::string &chemin) {
@@ -113,12 +67,14 @@ bool créer_dossier(const std::string &chemin) {
 
 }  // namespace
 
-Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c) : Fenêtre("Paramétrage_répertoires"), c_(c) {
+Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c)
+    : Fenêtre("Paramétrage_répertoires"),
+      c_(c),
+      listes_(placer_tout(*this, places), usage(c.état).extension) {
   GameState &g = c.état;
   largeur = 420;
   hauteur = 380;
   fermable = false;
-  placer_tout(*this, places);
   g.Largeur_écran = c.plateforme.écran.largeur();
   g.Hauteur_écran = c.plateforme.écran.hauteur();
   Centrer_fenêtre(g, *this);
@@ -129,10 +85,9 @@ Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c) : Fenêtre("Pa
 
   const std::string info = c.dossier.complet(g.Répertoire_info);
   const bool pour_info = g.Mode_sélection == choix_dossier_information && est_dossier(info);
-  ouvrir(pour_info ? info : c.dossier.chemin());
+  listes_.changement = [this] { contrôle(*this, "Nom_fichier").texte = avec_séparateur(listes_.dossier()); };
+  listes_.ouvrir(pour_info ? info : c.dossier.chemin());
 
-  Contrôle &liste = contrôle(*this, "Répertoire");
-  liste.double_clic = liste.entrée = [this] { ouvrir_choix(); };
   contrôle(*this, "Command1").clic = [this] { montrer_saisie(); };
   Contrôle &saisie = contrôle(*this, "Sous_répertoire");
   saisie.entrée = [this] { créer_puis_ouvrir(); };
@@ -153,27 +108,6 @@ void Paramétrage_répertoires::poser_textes() {
   Contrôle &nouveau = contrôle(*this, "Command1");
   nouveau.infobulle = "Créer un dossier";
   nouveau.image = c_.ressources.images.chercher("Paramétrage_répertoires.Command1");
-}
-
-void Paramétrage_répertoires::ouvrir(const std::string &dossier) {
-  dossier_ = dossier.empty() ? std::string(racine) : sans_séparateur(dossier);
-  contrôle(*this, "Nom_fichier").texte = avec_séparateur(dossier_);
-  Contrôle &liste = contrôle(*this, "Répertoire");
-  liste.éléments = sous_dossiers(dossier_);
-  if (dossier_ != racine) liste.éléments.insert(liste.éléments.begin(), std::string(dossier_parent));
-  liste.choix = 0;
-  Contrôle &vus = contrôle(*this, "Fichier");
-  vus.éléments = fichiers(dossier_, usage(c_.état).extension);
-  vus.choix = 0;
-}
-
-void Paramétrage_répertoires::ouvrir_choix() {
-  const Contrôle &liste = contrôle(*this, "Répertoire");
-  if (liste.choix == 0) return;
-  const std::string &nom_choisi = élément_choisi(liste);
-  const std::string dossier =
-      nom_choisi == dossier_parent ? dossier_au_dessus(dossier_) : Joindre_chemin(dossier_, nom_choisi);
-  ouvrir(dossier);
 }
 
 void Paramétrage_répertoires::montrer_saisie() {
@@ -202,7 +136,7 @@ bool Paramétrage_répertoires::Créer_sous_répertoire() {
 void Paramétrage_répertoires::créer_puis_ouvrir() {
   if (!Créer_sous_répertoire()) return;
   Contrôle &saisie = contrôle(*this, "Sous_répertoire");
-  ouvrir(Joindre_chemin(dossier_, saisie.texte));
+  listes_.ouvrir(Joindre_chemin(listes_.dossier(), saisie.texte));
   saisie.texte.clear();
   saisie.visible = false;
   focus = &contrôle(*this, "Répertoire");
@@ -210,7 +144,7 @@ void Paramétrage_répertoires::créer_puis_ouvrir() {
 
 void Paramétrage_répertoires::accepter() {
   créer_puis_ouvrir();
-  if (!Tester_ecriture(dossier_)) return refuser(Message::répertoire_non_inscriptible);
+  if (!Tester_ecriture(listes_.dossier())) return refuser(Message::répertoire_non_inscriptible);
   if (c_.état.Mode_sélection == choix_dossier_information)
     retenir_dossier_info();
   else
@@ -220,19 +154,21 @@ void Paramétrage_répertoires::accepter() {
 
 void Paramétrage_répertoires::retenir_dossier_info() {
   GameState &g = c_.état;
-  Ecrire_registre(c_.plateforme.registre, clé_du_jeu, réglage_répertoire_info, dossier_);
-  g.Répertoire_info = dossier_;
+  const std::string &dossier = listes_.dossier();
+  Ecrire_registre(c_.plateforme.registre, clé_du_jeu, réglage_répertoire_info, dossier);
+  g.Répertoire_info = dossier;
   g.Fichiers_info(g.Langue) = Joindre_chemin(g.Répertoire_info, g.Fichiers_info_noms(g.Langue));
 }
 
 void Paramétrage_répertoires::retenir_dossier_sauvegarde() {
   GameState &g = c_.état;
+  const std::string &dossier = listes_.dossier();
   Registre &registre = c_.plateforme.registre;
-  Ecrire_registre(registre, clé_du_jeu, réglage_répertoire, dossier_);
-  g.Répertoire_sauvegarde = dossier_;
-  c_.dossier.changer(dossier_);
+  Ecrire_registre(registre, clé_du_jeu, réglage_répertoire, dossier);
+  g.Répertoire_sauvegarde = dossier;
+  c_.dossier.changer(dossier);
   Ecrire_registre(registre, clé_du_jeu, réglage_fichier_lancement,
-                  Joindre_chemin(dossier_, nom_fichier_scores));
+                  Joindre_chemin(dossier, nom_fichier_scores));
   // The bare name means the file in the folder just made current.
   g.Fichier_lancement = nom_fichier_scores;
 }

@@ -2,8 +2,7 @@
 // can be written and has no other way out.
 #pragma once
 
-#include <string>
-
+#include "configuration/folder_lists.h"
 #include "core/context.h"
 #include "core/messages.h"
 #include "platform/controls.h"
@@ -24,8 +23,6 @@ class Paramétrage_répertoires : public Fenêtre {
 
  private:
   void poser_textes();
-  void ouvrir(const std::string &dossier);
-  void ouvrir_choix();
   void montrer_saisie();
   void créer_puis_ouvrir();
   void accepter();
@@ -34,7 +31,7 @@ class Paramétrage_répertoires : public Fenêtre {
   void refuser(Message pourquoi);
 
   Contexte &c_;
-  std::string dossier_;  ///< the open folder, without a separator at its end unless it is the root
+  Listes_de_dossier listes_;
 };
 
 }  // namespace ardane

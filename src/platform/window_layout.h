@@ -19,10 +19,11 @@ struct Place {
 /// Adds a control at its designed place.
 Contrôle &placer(Fenêtre &fenêtre, const Place &place);
 
-/// Adds a control for every row; a row's container must stand above it.
+/// Adds a control for every row; a row's container must stand above it. Gives the window back.
 template <class Places>
-void placer_tout(Fenêtre &fenêtre, const Places &places) {
+Fenêtre &placer_tout(Fenêtre &fenêtre, const Places &places) {
   for (const Place &place : places) placer(fenêtre, place);
+  return fenêtre;
 }
 
 /// The control of that name, which the window has.

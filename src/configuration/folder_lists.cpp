@@ -1,0 +1,102 @@
+#include "configuration/folder_lists.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "core/paths.h"
+#include "platform/text.h"
+#include "platform/window_layout.h"
+
+namespace ardane {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view dossier_parent = "..";
+constexpr std::string_view racine = "/";
+
+std::string sans_séparateur(std::string dossier) {
+  while (dossier.size() > racine.size() && dossier.back() == séparateur_de_chemin) dossier.pop_back();
+  return dossier;
+}
+
+std::string dossier_au_dessus(std::string_view dossier) {
+  const std::string dessus = Dossier_de(dossier);
+  return dessus.empty() ? std::string(racine) : dessus;
+}
+
+/// A name in capitals, then as it is: what names are sorted by.
+using Nom_trié = std::pair<std::string, std::string>;
+
+std::vector<std::string> triés(std::vector<Nom_trié> noms) {
+  std::sort(noms.begin(), noms.end());
+  std::vector<std::string> résultat;
+  résultat.reserve(noms.size());
+  for (Nom_trié &nom : noms) résultat.push_back(std::move(nom.second));
+  return résultat;
+}
+
+struct Contenu_de_dossier {
+  std::vector<std::string> dossiers, fichiers;
+};
+
+Contenu_de_dossier lister(const std::string &dossier, std::string_view extension) {
+  std::vector<Nom_trié> dossiers, fichiers;
+  std::error_code erreur;
+  for (fs::directory_iterator i(chemin_natif(dossier), erreur), fin; !erreur && i != fin;
+       i.increment(erreur)) {
+    std::string nom = texte_du_chemin(i->path().filename());
+    if (nom.starts_with('.')) continue;
+    std::string grand = en_majuscules(nom);
+    std::error_code inconnu;
+    if (i->is_directory(inconnu))
+      dossiers.emplace_back(std::move(grand), std::move(nom));
+    else if (grand.ends_with(extension))
+      fichiers.emplace_back(std::move(grand), std::move(nom));
+  }
+  return {triés(std::move(dossiers)), triés(std::move(fichiers))};
+}
+
+std::string nom_choisi(const Contrôle &liste) {
+  return liste.choix == 0 ? std::string{} : élément_choisi(liste);
+}
+
+void remplir(Contrôle &liste, std::vector<std::string> éléments, const std::string &choix) {
+  const auto place = std::find(éléments.begin(), éléments.end(), choix);
+  liste.choix = place == éléments.end() ? 0 : static_cast<int>(place - éléments.begin()) + 1;
+  liste.éléments = std::move(éléments);
+}
+
+}  // namespace
+
+Listes_de_dossier::Listes_de_dossier(Fenêtre &fenêtre, std::string_view extension)
+    : dossiers_(contrôle(fenêtre, "Répertoire")),
+      fichiers_(contrôle(fenêtre, "Fichier")),
+      extension_(extension) {
+  dossiers_.double_clic = dossiers_.entrée = [this] { ouvrir_choix(); };
+}
+
+void Listes_de_dossier::ouvrir(const std::string &dossier) {
+  dossier_ = dossier.empty() ? std::string(racine) : sans_séparateur(dossier);
+  dossiers_.choix = fichiers_.choix = 0;
+  actualiser();
+  déclencher(changement);
+}
+
+void Listes_de_dossier::actualiser() {
+  Contenu_de_dossier contenu = lister(dossier_, extension_);
+  if (dossier_ != racine) contenu.dossiers.insert(contenu.dossiers.begin(), std::string(dossier_parent));
+  remplir(dossiers_, std::move(contenu.dossiers), nom_choisi(dossiers_));
+  remplir(fichiers_, std::move(contenu.fichiers), nom_choisi(fichiers_));
+}
+
+void Listes_de_dossier::ouvrir_choix() {
+  const std::string choix = nom_choisi(dossiers_);
+  if (choix.empty()) return;
+  ouvrir(choix == dossier_parent ? dossier_au_dessus(dossier_) : Joindre_chemin(dossier_, choix));
+}
+
+}  // namespace ardane

@@ -1,0 +1,39 @@
+// The two coupled lists of a chooser: the folders of the one that is open, and its files of one kind.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/controls.h"
+
+namespace ardane {
+
+/// Lists ".." first, unless the root is open, then the folders, and the files whose names end in the
+/// extension; sorted as in capitals, without those whose names begin with a point. A folder that cannot be
+/// read has nothing. A double click or the Enter key opens the selected folder.
+class Listes_de_dossier {
+ public:
+  /// Takes the lists `Répertoire` and `Fichier` of a window that outlives this. `extension` with its point,
+  /// in capitals; a file's may be in any letters.
+  Listes_de_dossier(Fenêtre &fenêtre, std::string_view extension);
+
+  /// Opens a folder by its complete path; the root for an empty one.
+  void ouvrir(const std::string &dossier);
+  /// Lists the folder as it is now; what is selected stays so where it is still there.
+  void actualiser();
+  /// The open folder, without a separator at its end unless it is the root.
+  const std::string &dossier() const { return dossier_; }
+
+  std::function<void()> changement;  ///< another folder has been opened
+
+ private:
+  void ouvrir_choix();
+
+  Contrôle &dossiers_;
+  Contrôle &fichiers_;
+  std::string_view extension_;
+  std::string dossier_;
+};
+
+}  // namespace ardane

@@ -12,7 +12,7 @@ constexpr Couleur jaune{255, 255, 0};
 constexpr Couleur noir{0, 0, 0};
 constexpr Police titre_panneau{Famille_police::times, 12, true};
 constexpr Police chiffre{Famille_police::times, 18, true};
-constexpr Police consigne{Famille_police::sans_serif, 9.75, true};
+constexpr Police titre_grille{Famille_police::sans_serif, 9.75, true};
 
 // Designed places, in pixels; the layout moves the panel and the grid from here. In the order of the Tab key
 // the sixteen boxes of the grid come after BoutonPasse. The height of `barre_h` and the width of `barre_v`
@@ -255,11 +255,11 @@ void Ecran_principal::créer_panneau() {
 void Ecran_principal::créer_grille() {
   for (int i = 1; i <= 13; ++i) {
     Contrôle &label = placer(indexé("LBL_param", i));
-    label.police = consigne;
-    label.alignement = Alignement::centre;
     label.multiligne = true;
     LBL_param.placer(i, label);
   }
+  LBL_param(1).police = titre_grille;
+  LBL_param(1).alignement = Alignement::centre;
   for (int i = 1; i <= 16; ++i) {
     const int colonne = (i - 1) / 4;
     const int rang = (i - 1) % 4;
@@ -270,6 +270,8 @@ void Ecran_principal::créer_grille() {
   }
   for (int i = 1; i <= 2; ++i) BTN.placer(i, placer(indexé("BTN", i)));
   BTN(1).texte = "OK";
+  BTN_Sauvegarde.étiquette = &LBL_param(10);
+  BTN_Démarrage.étiquette = &LBL_param(11);
 }
 
 }  // namespace ardane

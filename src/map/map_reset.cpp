@@ -95,4 +95,8 @@ void RemiseAZéroCarte(Contexte &c) {
   g.AprèsPartie = false;
 }
 
+void Retenir_exclusions(GameState &g) {
+  for (int p = 1; p <= nombre_provinces; ++p) g.TableProvinces(p).inhibée = g.TableProvinces(p).trouvée;
+}
+
 }  // namespace ardane

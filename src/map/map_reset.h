@@ -8,4 +8,7 @@ namespace ardane {
 /// configuration leaves out, the map scrolled to 0, nothing asked.
 void RemiseAZéroCarte(Contexte &c);
 
+/// What is switched off on the map, while the configuration is edited, is what it leaves out from now on.
+void Retenir_exclusions(GameState &g);
+
 }  // namespace ardane

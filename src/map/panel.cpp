@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <string_view>
 
 #include "core/game_state.h"
 #include "map/main_window.h"
@@ -83,23 +82,13 @@ void MasquerPanneau(Contexte &c) {
   for (int i = 1; i <= 3; ++i) e.Reste(i).visible = false;
 }
 
-void MasquerParamétrage(Contexte &c) {
-  Ecran_principal &e = c.principale;
-  for (int i = 1; i <= 13; ++i) e.LBL_param(i).visible = false;
-  for (int i = 1; i <= 16; ++i) e.Bouton(i).visible = false;
-  for (int i = 1; i <= 2; ++i) e.BTN(i).visible = false;
-  e.BTN_Sauvegarde.visible = e.BTN_Démarrage.visible = false;
-  for (const std::string_view nom : {"menu_fichier", "menu_scores", "Menu_réviser", "menu_paramétrer"})
-    e.menu(nom).actif = true;
-}
-
 void AfficherScore(Contexte &c) {
   const long score = c.état.Score;
   afficher_chiffres(c.principale.Digit, 6, std::labs(score));
   c.principale.Digit(0).texte = score < 0 ? "-" : "";
 }
 
-void AfficherReste(Contexte &c, int nombre) {
+void Légender_reste(Contexte &c) {
   const GameState &g = c.état;
   std::string &légende = c.principale.Boîte_restants.texte;
   switch (g.Etape) {
@@ -109,6 +98,10 @@ void AfficherReste(Contexte &c, int nombre) {
     case étape_régions: légende = message(g, Message::régions_à_placer); break;
     default: break;
   }
+}
+
+void AfficherReste(Contexte &c, int nombre) {
+  Légender_reste(c);
   afficher_chiffres(c.principale.Reste, 3, nombre);
 }
 

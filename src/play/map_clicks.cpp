@@ -47,7 +47,9 @@ void juger(Contexte &c, int p) {
   }
 }
 
+/// A town's marker may have been meant, which is no province.
 void basculer_province(Contexte &c, int p) {
+  if (p > nombre_provinces) return;
   Jouer_son(c, c.état.SonJuste);
   bool &écartée = c.état.TableProvinces(p).trouvée;
   écartée = !écartée;

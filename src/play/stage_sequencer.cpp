@@ -2,6 +2,7 @@
 
 #include "core/game_state.h"
 #include "core/sound.h"
+#include "map/configuration_panel.h"
 #include "map/layers.h"
 #include "map/layout.h"
 #include "map/main_window.h"
@@ -28,15 +29,11 @@ Annonces annonces(int jeu) {
   }
 }
 
-int rang_dans_l_ordre(const GameState &g, int jeu) {
-  int rang = 1;
-  while (g.Ordre_jeux(rang) != jeu) ++rang;
-  return rang;
-}
-
+/// A game taken up may stand in a stage that its configuration no longer has: none follows then.
 std::int16_t jeu_suivant(const GameState &g) {
-  const int rang = rang_dans_l_ordre(g, g.Etape);
-  return rang == nombre_jeux ? aucun_jeu : g.Ordre_jeux(rang + 1);
+  for (int rang = 1; rang < nombre_jeux; ++rang)
+    if (g.Ordre_jeux(rang) == g.Etape) return g.Ordre_jeux(rang + 1);
+  return aucun_jeu;
 }
 
 void effacer_statistiques(GameState &g) {
@@ -105,6 +102,15 @@ void EtapeSuivante(Contexte &c) {
   AfficherPanneau(c);
   AfficherReste(c, reste_de_l_étape(g));
   QuestionSuivante(c);
+}
+
+void RevenirAuRepos(Contexte &c) {
+  c.état.Etape = étape_repos;
+  RemiseAZéroCarte(c);
+  c.état.PartieVierge = true;
+  MasquerCarte(c);
+  MasquerPanneau(c);
+  MasquerParamétrage(c);
 }
 
 bool ConfirmerAbandon(Contexte &c) {

@@ -9,6 +9,8 @@ namespace ardane {
 void NouvellePartie(Contexte &c);
 /// The stage's last object has been placed: the next stage, or the end of the game.
 void EtapeSuivante(Contexte &c);
+/// No game: the map blank, the panels away, the menus open. The layout stays.
+void RevenirAuRepos(Contexte &c);
 /// Asks before a running game is dropped, and scores it as abandoned. False if the player keeps it; nothing
 /// has changed then.
 bool ConfirmerAbandon(Contexte &c);

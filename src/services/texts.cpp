@@ -6,6 +6,7 @@
 #include "core/captions.h"
 #include "core/game_state.h"
 #include "core/paths.h"
+#include "map/configuration_panel.h"
 #include "map/main_window.h"
 #include "map/panel.h"
 #include "persistence/registry.h"
@@ -69,6 +70,7 @@ void Changer_langue(Contexte &c) {
   Poser_textes(c);
   AfficherPanneau(c);
   AfficherReste(c, reste_de_l_étape(g));
+  if (paramétrage_visible(g)) Légender_paramétrage(c);
   Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_langue, std::to_string(g.Langue));
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/game_state.h"
 #include "core/paths.h"
+#include "map/configuration_panel.h"
 #include "map/layers.h"
 #include "map/layout.h"
 #include "map/main_window.h"

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "map/configuration_panel.h"
 #include "support/fake_world.h"
 
 namespace ardane {

@@ -1,5 +1,7 @@
 #include "startup/program.h"
 
+#include "configuration/configuration_mode.h"
+#include "configuration/file_chooser.h"
 #include "configuration/folder_chooser.h"
 #include "core/chooser_modes.h"
 #include "core/hit_test_table.h"
@@ -13,6 +15,7 @@
 #include "persistence/score_file.h"
 #include "play/assistance.h"
 #include "play/map_clicks.h"
+#include "play/saved_game.h"
 #include "play/stage_sequencer.h"
 #include "screens/new_game.h"
 #include "screens/top_ten.h"
@@ -40,7 +43,8 @@ Programme::Programme(const Monde &monde, const Ressources &ressources, std::stri
       contexte_{état_, principale_, plateforme_, ressources_, dossier_},
       fabriques_{{"nouvelle_partie", fabriquer<Nouvelle_partie>},
                  {"Affichage_scores", fabriquer<Affichage_scores>},
-                 {"Paramétrage_répertoires", fabriquer<Paramétrage_répertoires>}} {}
+                 {"Paramétrage_répertoires", fabriquer<Paramétrage_répertoires>},
+                 {"Sélection_partie", fabriquer<Sélection_partie>}} {}
 
 bool Programme::Démarrage(const std::string &répertoire) {
   état_.Scores_non_sauvés = false;
@@ -92,6 +96,12 @@ void Programme::brancher() {
     e.menu(nom).clic = [&c, action] { action(c); };
   };
   entrée("fichier_nouveau", NouvellePartie);
+  entrée("Fichier_enregistrer", Demander_enregistrement);
+  entrée("Fichier_lire", Demander_reprise);
+  entrée("Menu_affiche_paramètres", AfficherParamétrage);
+  entrée("Menu_défaut", Utiliser_défaut);
+  entrée("menu_recharger", Recharger);
+  entrée("menu_définir", DéfinirParamétrage);
   entrée("score_en_cours", [](Contexte &k) { AfficherScores(k, k.état.Niveau); });
   entrée("score_facile", [](Contexte &k) { AfficherScores(k, niveau_facile); });
   entrée("score_moyen", [](Contexte &k) { AfficherScores(k, niveau_moyen); });
@@ -117,6 +127,9 @@ void Programme::brancher() {
   e.barre_v.changement = [&c] { Défiler_vertical(c); };
   e.Bouton_gruge.clic = [&c] { AideClignotante(c); };
   e.BoutonPasse.clic = [&c] { JePasse(c); };
+  for (int i = 1; i <= 16; ++i) e.Bouton(i).clic = [&c, i] { Clic_bouton(c, i); };
+  e.BTN(1).clic = [&c] { Valider_paramétrage(c); };
+  e.BTN(2).clic = [&c] { FinParamétrage(c); };
 
   e.image_région.clic = [&c] { Clic_carte(c, 0); };
   for (int i = 1; i <= nombre_provinces; ++i)

@@ -65,8 +65,8 @@ TEST_F(Player, GivesUpOverAControlOfAnotherWindow) {
 }
 
 TEST_F(Player, GivesUpOverAMenuEntryThatIsDisabledAndClosesTheMenu) {
-  script.player.choose("menu_fichier", "Fichier_lire");
-  expect_given_up("rien à choisir sous le nom Fichier_lire");
+  script.player.choose("menu_paramétrer", "MenuFicheur");
+  expect_given_up("rien à choisir sous le nom MenuFicheur");
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 

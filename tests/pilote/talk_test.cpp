@@ -113,12 +113,9 @@ TEST_F(Parole, a_program_that_ends_at_its_start_ends_the_pilot) {
 
 TEST_F(Parole, an_unguarded_failure_ends_the_program_with_code_1) {
   jouer("niveau_facile");
-  dire("fixer Etape 1");
   dire("fixer Niveau 7");
-  dire("fixer Ordre_jeux [null,0,0,0,0]");
-  dire("fixer ProvincesRestantes 1");
-  const Réplique fin = dire("clic_carte " + point(état("ProvinceCourante").get<int>()));
-  EXPECT_THAT(fin.valeur("fatale").get<std::string>(), StartsWith("Indice 5 hors des bornes 1 à 4"));
+  const Réplique fin = dire("menu score_en_cours");
+  EXPECT_THAT(fin.valeur("fatale").get<std::string>(), StartsWith("Indice 7 hors des bornes 1 à 4"));
   EXPECT_EQ(fin.lignes.back().dump(), R"({"attend":"fin","code":1})");
   EXPECT_TRUE(pilote().finie());
   EXPECT_EQ(pilote().code(), 1);

@@ -24,15 +24,23 @@ const std::map<std::string_view, Noms> &ordres() {
       {"Affichage_scores", {"Command1", "BoutonStatistiques"}},
       {"Paramétrage_répertoires",
        {"Répertoire", "Command1", "Sous_répertoire", "Bouton_OK", "Nom_fichier", "Fichier", "Lecteur"}},
+      {"Sélection_partie",
+       {"Nom_fichier", "Répertoire", "Fichier", "Bouton_OK", "Bouton_annuler", "Lecteur"}},
   };
   return table;
 }
 
-TEST(KeyboardOrder, OfEveryWindowThatRulesOpen) {
-  MondeFactice m;
+/// Started, with the variables set that windows read when they are made.
+void préparer(MondeFactice &m) {
   m.démarrer();
   m.g().Mode_sélection = choix_dossier_information;
+  m.g().Type_fichier = fichier_partie;
   m.g().Niveau_affiché = 1;
+}
+
+TEST(KeyboardOrder, OfEveryWindowThatRulesOpen) {
+  MondeFactice m;
+  préparer(m);
   for (const std::string_view nom : m.programme.fenêtres()) {
     ASSERT_TRUE(ordres().contains(nom)) << nom << " has no order here";
     Noms trouvé;
@@ -53,9 +61,7 @@ TEST(KeyboardOrder, OfTheMainWindowGoesFromTheButtonsOverTheGridToTheBars) {
 
 TEST(KeyboardOrder, NoWindowHasAButtonThatEnterOrEscapePressesFromElsewhere) {
   MondeFactice m;
-  m.démarrer();
-  m.g().Mode_sélection = choix_dossier_information;
-  m.g().Niveau_affiché = 1;
+  préparer(m);
   m.façade.joueur = [](Fenêtre &fenêtre) {
     EXPECT_EQ(fenêtre.bouton_défaut, nullptr) << fenêtre.nom;
     EXPECT_EQ(fenêtre.bouton_annulation, nullptr) << fenêtre.nom;

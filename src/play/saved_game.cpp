@@ -1,0 +1,259 @@
+#include "play/saved_game.h"
+
+#include <fstream>
+#include <optional>
+#include <sstream>
+
+#include "core/announcement.h"
+#include "core/chooser_modes.h"
+#include "core/game_state.h"
+#include "core/paths.h"
+#include "map/configuration_panel.h"
+#include "map/layers.h"
+#include "map/layout.h"
+#include "map/map_reset.h"
+#include "map/panel.h"
+#include "map/visibility_rules.h"
+#include "persistence/folders.h"
+#include "persistence/saved_game_format.h"
+#include "persistence/score_file.h"
+#include "platform/file_replacement.h"
+#include "platform/log.h"
+#include "play/end_of_game.h"
+#include "play/penalty.h"
+#include "play/question_selection.h"
+#include "play/stage_sequencer.h"
+
+namespace ardane {
+namespace {
+
+void choisir_fichier_de_partie(Contexte &c, Modes_sélection mode) {
+  c.état.Mode_sélection = mode;
+  c.état.Type_fichier = fichier_partie;
+  c.plateforme.fenêtres.ouvrir_modale("Sélection_partie");
+}
+
+// --- From the game to the file
+
+template <class Fiches>
+std::vector<Paire> relever_trouvées(const Fiches &table, int nombre) {
+  std::vector<Paire> paires;
+  for (int i = 1; i <= nombre; ++i)
+    paires.push_back({static_cast<std::int16_t>(i), static_cast<std::int16_t>(table(i).trouvée ? -1 : 0)});
+  return paires;
+}
+
+template <class Fiche>
+Bilan bilan_de(const Fiche &fiche) {
+  return {fiche.points_perdus, fiche.trouvée_étape};
+}
+
+Contenu_partie contenu_à_enregistrer(const GameState &g) {
+  Contenu_partie contenu;
+  contenu.version = g.Version_programme;
+  contenu.langue = g.Langue;
+  contenu.fichier_lancement = g.Fichier_lancement;
+  contenu.en_ligne = {g.Ordre_jeux, Liste_des_scores(g)};
+  contenu.étape = g.Etape;
+  contenu.nom_joueur = g.Nom_joueur;
+  contenu.niveau = g.Niveau;
+  contenu.apprentissage = g.ModeApprentissage;
+  contenu.score = g.Score;
+  const int paires = nombre_de_paires(g.Etape);
+  contenu.trouvées = g.Etape == étape_villes ? relever_trouvées(g.TableVilles, paires)
+                                             : relever_trouvées(g.TableProvinces, paires);
+  for (int p = 1; p <= nombre_provinces; ++p) {
+    const Fiche_province &province = g.TableProvinces(p);
+    for (int k = 0; k <= nombre_jeux; ++k)
+      contenu.provinces(p, k) = {province.points_perdus(k), province.trouvée_étape(k)};
+  }
+  for (int r = 1; r <= nombre_régions; ++r) contenu.régions(r) = bilan_de(g.TableRégions(r));
+  for (int v = 1; v <= nombre_villes; ++v) contenu.villes(v) = bilan_de(g.TableVilles(v));
+  return contenu;
+}
+
+/// Nothing if the game is on the disk, otherwise why not.
+std::optional<std::string> écrire_fichier(const GameState &g, const std::string &chemin) {
+  if (!Tester_ecriture(Dossier_de(chemin))) return "son dossier refuse l'écriture";
+  std::ostringstream flux;
+  if (const auto défaut = écrire_partie(flux, contenu_à_enregistrer(g))) return décrire_défaut(*défaut);
+  const auto échec = remplacer_fichier(chemin_natif(chemin), flux.str());
+  return échec ? std::optional(std::string(*échec)) : std::nullopt;
+}
+
+// --- From the file to the game
+
+Lecture_partie lire_fichier(const std::string &chemin) {
+  // Opening a pipe could wait for ever; what is no plain file reads as an empty one.
+  std::ifstream flux;
+  if (est_fichier_ordinaire(chemin)) flux.open(chemin_natif(chemin), std::ios::binary);
+  return lire_partie(flux);
+}
+
+/// Configuration and scores: those of the file itself, or of the score file that it names.
+void prendre_paramétrage(Contexte &c, const Contenu_partie &contenu) {
+  GameState &g = c.état;
+  Vider_scores(c);
+  const bool connue = contenu.langue >= 1 && contenu.langue <= g.Nombre_langues;
+  g.Langue = connue ? contenu.langue : std::int16_t{1};
+  g.Fichier_lancement = contenu.fichier_lancement;
+  if (paramétrage_temporaire(g)) {
+    g.Ordre_jeux = contenu.en_ligne.ordre;
+    Ajouter_scores(g, contenu.en_ligne.scores);
+  } else {
+    Charger_scores(c);
+  }
+}
+
+template <class Fiches>
+void marquer_trouvées(Fiches &table, const std::vector<Paire> &paires) {
+  for (const Paire &paire : paires) table(paire.indice).trouvée = paire.valeur != 0;
+}
+
+template <class Fiches>
+std::int16_t compter_à_trouver(const Fiches &table) {
+  std::int16_t nombre = 0;
+  for (int i = 1; i <= Fiches::dernier; ++i)
+    if (!table(i).trouvée) ++nombre;
+  return nombre;
+}
+
+void reprendre_villes(GameState &g, const std::vector<Paire> &paires) {
+  marquer_trouvées(g.TableVilles, paires);
+  g.VillesRestantes = compter_à_trouver(g.TableVilles);
+  for (int v = 1; v <= nombre_villes; ++v) {
+    Fiche_province &province = g.TableProvinces(g.TableVilles(v).province);
+    if (!g.TableVilles(v).trouvée || province.inhibée) continue;
+    if (--province.villes_restantes == 0) province.trouvée = true;
+  }
+}
+
+void reprendre_provinces(GameState &g, const std::vector<Paire> &paires) {
+  marquer_trouvées(g.TableProvinces, paires);
+  g.ProvincesRestantes = compter_à_trouver(g.TableProvinces);
+}
+
+void reprendre_régions(GameState &g) {
+  for (int p = 1; p <= nombre_provinces; ++p) {
+    const Fiche_province &province = g.TableProvinces(p);
+    if (province.trouvée && !province.inhibée) --g.TableRégions(province.région).provinces_restantes;
+  }
+  for (int r = 1; r <= nombre_régions; ++r) {
+    Fiche_région &région = g.TableRégions(r);
+    if (région.provinces_restantes != 0 || région.trouvée) continue;
+    région.trouvée = true;
+    --g.RégionsRestantes;
+  }
+}
+
+void reprendre_étape(GameState &g, const std::vector<Paire> &paires) {
+  g.VillesRestantes = nombre_villes;
+  // A stage of flags begins anew; the reset has counted what it has to find.
+  if (g.Etape == étape_drapeaux) return;
+  g.ProvincesRestantes = nombre_provinces;
+  if (g.Etape == étape_villes) return reprendre_villes(g, paires);
+  reprendre_provinces(g, paires);
+  if (g.Etape == étape_régions) reprendre_régions(g);
+}
+
+template <class Fiche>
+void prendre_bilan(Fiche &fiche, const Bilan &bilan) {
+  fiche.points_perdus = bilan.points_perdus;
+  fiche.trouvée_étape = bilan.trouvée_étape;
+}
+
+void prendre_statistiques(GameState &g, const Contenu_partie &contenu) {
+  for (int p = 1; p <= nombre_provinces; ++p) {
+    for (int k = 0; k <= nombre_jeux; ++k) {
+      g.TableProvinces(p).points_perdus(k) = contenu.provinces(p, k).points_perdus;
+      g.TableProvinces(p).trouvée_étape(k) = contenu.provinces(p, k).trouvée_étape;
+    }
+  }
+  for (int r = 1; r <= nombre_régions; ++r) prendre_bilan(g.TableRégions(r), contenu.régions(r));
+  for (int v = 1; v <= nombre_villes; ++v) prendre_bilan(g.TableVilles(v), contenu.villes(v));
+}
+
+void refuser_version(Contexte &c) {
+  const GameState &g = c.état;
+  c.plateforme.boîtes.montrer({Icône::stop, message(g, Message::pas_possible),
+                               message(g, Message::reprise_impossible_avec_le_jeu) + g.Version_programme +
+                                   message(g, Message::partie_de_version_antérieure)});
+}
+
+}  // namespace
+
+void Demander_enregistrement(Contexte &c) {
+  const GameState &g = c.état;
+  if (g.PartieVierge || g.PartieClose || g.Etape == étape_paramétrage_affiché) return;
+  if (SoldeQuestion(c) > 0)
+    choisir_fichier_de_partie(c, choix_nouveau_nom);
+  else
+    PartiePerdue(c);
+}
+
+void Demander_reprise(Contexte &c) {
+  GameState &g = c.état;
+  if (!ConfirmerAbandon(c)) return;
+  g.PartieVierge = true;
+  choisir_fichier_de_partie(c, choix_fichier);
+  // What ran before has been dropped; a game taken up is no longer untouched.
+  if (g.PartieVierge) RevenirAuRepos(c);
+  g.ConseilFicheVu = false;
+}
+
+bool Enregistrer_partie(Contexte &c, const std::string &chemin) {
+  const auto échec = écrire_fichier(c.état, chemin);
+  if (!échec) return true;
+  consigner("La partie « " + chemin + " » n'est pas écrite : " + *échec);
+  annoncer(c, Message::erreur, Message::répertoire_non_inscriptible);
+  return false;
+}
+
+bool Charger_partie(Contexte &c, const std::string &chemin) {
+  GameState &g = c.état;
+  const Lecture_partie lecture = lire_fichier(chemin);
+  const Contenu_partie &contenu = lecture.contenu;
+  const bool version_lue = !lecture.défaut || lecture.défaut->numéro > 1;
+  if (version_lue && contenu.version != g.Version_programme) {
+    refuser_version(c);
+    return false;
+  }
+  if (lecture.défaut) {
+    consigner("La partie « " + chemin + " » est refusée : " + décrire_défaut(*lecture.défaut));
+    c.plateforme.boîtes.montrer({Icône::exclamation, message(g, Message::erreur_de_format),
+                                 chemin + " : " + message(g, Message::fichier_non_interprétable)});
+    return false;
+  }
+  prendre_paramétrage(c, contenu);
+  g.Etape = contenu.étape;
+  g.Nom_joueur = contenu.nom_joueur;
+  g.Niveau = contenu.niveau;
+  g.ModeApprentissage = g.ScoreNonRetenu = contenu.apprentissage;
+  RemiseAZéroCarte(c);
+  g.PartieVierge = true;
+  g.Score = contenu.score;
+  reprendre_étape(g, contenu.trouvées);
+  prendre_statistiques(g, contenu);
+  for (int p = 1; p <= nombre_provinces; ++p) Montrer_province(c, p, false);
+  return true;
+}
+
+void Reprendre_partie(Contexte &c) {
+  GameState &g = c.état;
+  g.Carte_pleine_largeur = false;
+  MasquerParamétrage(c);
+  AfficherPanneau(c);
+  DisposerCarte(c);
+  RedessinerCarte(c);
+  AfficherScore(c);
+  Légender_reste(c);
+  if (g.Etape != étape_drapeaux) AfficherReste(c, reste_de_l_étape(g));
+  g.PartieVierge = g.PartieClose = false;
+  // The configuration found today may have left out all that was still to be placed.
+  if (reste_de_l_étape(g) > 0)
+    QuestionSuivante(c);
+  else
+    EtapeSuivante(c);
+}
+
+}  // namespace ardane

@@ -258,6 +258,11 @@ void Ecran_principal::créer_grille() {
     label.multiligne = true;
     LBL_param.placer(i, label);
   }
+  // Places are numbered in more letters than a box is wide.
+  for (const int i : {7, 8, 9, 13}) {
+    LBL_param(i).multiligne = false;
+    LBL_param(i).déborde = true;
+  }
   LBL_param(1).police = titre_grille;
   LBL_param(1).alignement = Alignement::centre;
   for (int i = 1; i <= 16; ++i) {

@@ -128,6 +128,13 @@ void Programme::brancher() {
   e.Bouton_gruge.clic = [&c] { AideClignotante(c); };
   e.BoutonPasse.clic = [&c] { JePasse(c); };
   for (int i = 1; i <= 16; ++i) e.Bouton(i).clic = [&c, i] { Clic_bouton(c, i); };
+  const auto mener_à = [&e](Contrôle &boîte) {
+    return [&e, &boîte] {
+      if (est_utilisable(boîte)) cliquer(e, boîte);
+    };
+  };
+  e.LBL_param(10).clic = mener_à(e.BTN_Sauvegarde);
+  e.LBL_param(11).clic = mener_à(e.BTN_Démarrage);
   e.BTN(1).clic = [&c] { Valider_paramétrage(c); };
   e.BTN(2).clic = [&c] { FinParamétrage(c); };
 

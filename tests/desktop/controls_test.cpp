@@ -69,6 +69,22 @@ TEST_F(Controls, ATextTooLongForItsLabelIsSetSmaller) {
   EXPECT_EQ(shown->font().pixelSize(), 16);
 }
 
+TEST_F(Controls, ALabelMayRunOnBeyondItsRightEdge) {
+  Contrôle &label = add("tête", Genre::étiquette);
+  label.largeur = 17;
+  label.hauteur = 17;
+  label.déborde = true;
+  label.texte = "4ème";
+  show();
+  auto *shown = stage.widget<QLabel>(window, "tête");
+  EXPECT_EQ(shown->x(), static_cast<int>(label.gauche));
+  EXPECT_EQ(shown->font().pixelSize(), 11);
+  EXPECT_GE(shown->width(), shown->fontMetrics().horizontalAdvance(shown->text()));
+  label.texte = "1";
+  stage.renderer.sync();
+  EXPECT_EQ(shown->width(), 17);
+}
+
 TEST_F(Controls, AHighLabelWrapsItsText) {
   Contrôle &label = add("haute", Genre::étiquette);
   Contrôle &low = add("basse", Genre::étiquette);

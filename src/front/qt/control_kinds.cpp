@@ -43,6 +43,15 @@ LabelView::LabelView(Contrôle &control, const ViewContext &context, QWidget *pa
   if (control.fond && control.alignement != Alignement::centre) label().setMargin(coloured_margin);
 }
 
+QRect LabelView::place() const {
+  QRect designed = ControlView::place();
+  if (!control().déborde) return designed;
+  const QFontMetrics metrics(to_qt(control().police));
+  const int text = metrics.boundingRect(QRect{}, 0, to_qt(control().texte)).width();
+  designed.setWidth(std::max(designed.width(), text));
+  return designed;
+}
+
 void LabelView::sync() {
   ControlView::sync();
   sync_border(label(), control());

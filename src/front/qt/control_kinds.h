@@ -24,6 +24,7 @@ class LabelView : public ControlView {
 
  private:
   bool is_clicked_by_press() const override { return true; }
+  QRect place() const override;
   QLabel &label() { return static_cast<QLabel &>(widget()); }
   void fit_text(bool several_lines);
 

@@ -84,7 +84,7 @@ Sélection_partie::Sélection_partie(Contexte &c)
   Centrer_fenêtre(c.état, *this);
   poser_textes();
   contrôle(*this, "Lecteur").visible = false;
-  contrôle(*this, "Nom_fichier").visible = !choisit_un_fichier();
+  if (choisit_un_fichier()) cacher_nom();
   listes_.changement = [this] { montrer_dossier(); };
   listes_.ouvrir(c.dossier.chemin());
 
@@ -104,6 +104,20 @@ Sélection_partie::Sélection_partie(Contexte &c)
 
 bool Sélection_partie::choisit_un_fichier() const {
   return c_.état.Mode_sélection == choix_fichier;
+}
+
+/// The lists take the place of the name.
+void Sélection_partie::cacher_nom() {
+  Contrôle &nom_fichier = contrôle(*this, "Nom_fichier");
+  nom_fichier.visible = false;
+  Contrôle &dossier = contrôle(*this, "Dossier_ouvert");
+  const double gagné = dossier.haut - nom_fichier.haut;
+  dossier.haut -= gagné;
+  for (const char *nom_liste : {"Répertoire", "Fichier"}) {
+    Contrôle &liste = contrôle(*this, nom_liste);
+    liste.haut -= gagné;
+    liste.hauteur += gagné;
+  }
 }
 
 void Sélection_partie::poser_textes() {

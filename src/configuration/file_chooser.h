@@ -22,6 +22,7 @@ class Sélection_partie : public Fenêtre {
 
  private:
   bool choisit_un_fichier() const;
+  void cacher_nom();
   void poser_textes();
   void montrer_dossier();
   void prendre_nom_de_la_liste();

@@ -69,7 +69,7 @@ struct Contrôle {
   bool actif = true;
   bool retiré = false;  ///< taken off its window: only those who still hold it can tell
   Bord bord = Bord::selon_genre;
-  bool étirée = false;  ///< the picture takes the control's size; otherwise the control takes the picture's
+  bool étirée = false;   ///< the picture takes the control's size; otherwise the control takes the picture's
   bool déborde = false;  ///< a label of one line that runs on beyond its right edge rather than shrink
   bool multiligne = false;
   bool lignes_crlf = false;    ///< lines of the text end in CR LF, as in a file; otherwise in LF

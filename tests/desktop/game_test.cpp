@@ -5,18 +5,15 @@
 #include <QTest>
 #include <QToolTip>
 
-#include "core/game_state.h"
-#include "front/demonstration/scratch_folder.h"
-#include "script.h"
+#include "program_test.h"
 
 namespace ardane {
 namespace {
 
-class Game : public testing::Test {
+class Game : public ProgramTest {
  protected:
-  /// Starts the program as at a first run, its boxes accepted.
   void start() {
-    ASSERT_TRUE(script().player.start());
+    ProgramTest::start();
     state().Ordre_jeux.remplir(0);
     state().Ordre_jeux(1) = étape_provinces;
   }
@@ -36,24 +33,6 @@ class Game : public testing::Test {
     QApplication::processEvents();
     frame()->repaint();
   }
-  Desktop &desktop() {
-    if (desktop_ == nullptr) desktop_ = std::make_unique<Desktop>(folder.places(), ressources_du_programme());
-    return *desktop_;
-  }
-  Script &script() {
-    if (script_ == nullptr) script_ = std::make_unique<Script>(desktop());
-    return *script_;
-  }
-  AutomaticPlayer &order() { return script().player; }
-  GameState &state() { return desktop().programme().état(); }
-  Ecran_principal &screen() { return desktop().programme().principale(); }
-  QWidget *frame() { return desktop().renderer().frame(screen()); }
-
-  const ScratchFolder folder{ARDANE_RESOURCES};
-
- private:
-  std::unique_ptr<Desktop> desktop_;
-  std::unique_ptr<Script> script_;
 };
 
 TEST_F(Game, TheMapIsOnTheScreenAtTheStart) {
@@ -168,8 +147,7 @@ TEST_F(Game, MissingPicturesAreToldOnceAndTheGameGoesOn) {
   std::filesystem::remove(folder.path() / "images");
   std::filesystem::create_directory(folder.path() / "images");
   start();
-  std::vector<std::string> &told = script().told;
-  told.clear();
+  const std::vector<std::string> &told = script().told;
   ASSERT_EQ(script().run([&] { return !told.empty(); }), "");
   const std::size_t pictures = ressources_du_programme().images.toutes().size();
   EXPECT_TRUE(told[0].starts_with(std::to_string(pictures) + " images manquent ou ne peuvent être lues : "))

@@ -39,14 +39,14 @@ void WholeGamePlan::at_window(AutomaticPlayer &player, const std::string &name) 
 }
 
 void WholeGamePlan::at_map(AutomaticPlayer &player) {
-  if (g_.Etape == étape_repos) {
+  if (g().Etape == étape_repos) {
     if (started_ && !ended_) return player.give_up("the game stopped before the top ten");
     player.choose("menu_fichier", started_ ? "fichier_quitter" : "fichier_nouveau");
     started_ = true;
-  } else if (g_.Score != expected_score) {
-    player.give_up("the score is " + std::to_string(g_.Score) + " and not " + std::to_string(expected_score) +
-                   " at question " + std::to_string(questions));
-  } else if (g_.Etape == étape_régions) {
+  } else if (g().Score != expected_score) {
+    player.give_up("the score is " + std::to_string(g().Score) + " and not " +
+                   std::to_string(expected_score) + " at question " + std::to_string(questions));
+  } else if (g().Etape == étape_régions) {
     answer_region(player);
   } else {
     answer_object(player);
@@ -54,7 +54,12 @@ void WholeGamePlan::at_map(AutomaticPlayer &player) {
 }
 
 void WholeGamePlan::pay(int cost) {
-  if (!g_.ModeApprentissage) expected_score -= cost;
+  if (!g().ModeApprentissage) expected_score -= cost;
+}
+
+void WholeGamePlan::settle_question() {
+  if (errors_ > 0) pay(rest_of_question(errors_));
+  end_question();
 }
 
 void WholeGamePlan::end_question() {
@@ -72,7 +77,7 @@ bool WholeGamePlan::wants_to_err() const {
 void WholeGamePlan::answer_object(AutomaticPlayer &player) {
   if (wants_to_err() && other_province() != 0) return err(player, another());
   if (errors_ > 0 && questions % 11 == 5 && seek_help(player)) return;
-  if (g_.AssistanceActive) ++helps;
+  if (g().AssistanceActive) ++helps;
   player.click(asked());
   end_question();
 }
@@ -88,40 +93,39 @@ void WholeGamePlan::err(AutomaticPlayer &player, MapTarget wrong) {
 
 /// Presses the button that the level offers; false if it offers none, or its help is there already.
 bool WholeGamePlan::seek_help(AutomaticPlayer &player) {
-  if (main_.BoutonPasse.visible) {
-    player.click(main_.BoutonPasse.nom);
-    pay(rest_of_question(errors_));
+  if (screen().BoutonPasse.visible) {
+    player.click(screen().BoutonPasse.nom);
+    settle_question();
     ++passes;
-    end_question();
     return true;
   }
-  if (!main_.Bouton_gruge.visible || g_.AssistanceActive) return false;
-  player.click(main_.Bouton_gruge.nom);
+  if (!screen().Bouton_gruge.visible || g().AssistanceActive) return false;
+  player.click(screen().Bouton_gruge.nom);
   return true;
 }
 
 /// Selects the members in order, takes one out again on the way, and submits a foreign province in place of
 /// the last at every third question.
 void WholeGamePlan::answer_region(AutomaticPlayer &player) {
-  const Fiche_région &region = g_.TableRégions(g_.RégionCourante);
-  const int to_select = g_.TailleRégion;
-  const int selected = to_select - g_.ResteRégion;
+  const Fiche_région &region = g().TableRégions(g().RégionCourante);
+  const int to_select = g().TailleRégion;
+  const int selected = to_select - g().ResteRégion;
   if (selected == 1 && to_select > 1 && !hesitated_) {
     hesitated_ = true;
-    return player.click(province(g_.SélectionRégion(to_select)));
+    return player.click(province(g().SélectionRégion(to_select)));
   }
-  const bool last = g_.ResteRégion == 1;
+  const bool last = g().ResteRégion == 1;
   if (const int foreign = other_province(); last && questions % 3 == 1 && foreign != 0) {
     player.click(province(foreign));
     // Up to Moyen the right ones stay, and one is missing; above, all of them are.
-    const int missing = bas_niveau(g_) ? 1 : to_select;
+    const int missing = bas_niveau(g()) ? 1 : to_select;
     pay(1 << ((9 / region.nombre_provinces + 1) * missing));
     ++wrong_selections;
     return end_question();
   }
   for (int k = 1; k <= region.nombre_provinces; ++k) {
     const int p = region.membres(k);
-    if (g_.TableProvinces(p).trouvée || est_sélectionnée(g_, p)) continue;
+    if (g().TableProvinces(p).trouvée || est_sélectionnée(g(), p)) continue;
     player.click(province(p));
     if (last) end_question();
     return;
@@ -130,27 +134,27 @@ void WholeGamePlan::answer_region(AutomaticPlayer &player) {
 }
 
 MapTarget WholeGamePlan::asked() const {
-  return dots_asked(g_) ? town(g_.VilleCourante) : province(g_.ProvinceCourante);
+  return dots_asked(g()) ? town(g().VilleCourante) : province(g().ProvinceCourante);
 }
 
 MapTarget WholeGamePlan::another() const {
-  return dots_asked(g_) ? town(other_town()) : province(other_province());
+  return dots_asked(g()) ? town(other_town()) : province(other_province());
 }
 
 /// A province still to be found that is no answer to the question; 0 for none.
 int WholeGamePlan::other_province() const {
   for (int p = nombre_provinces; p >= 1; --p) {
-    const Fiche_province &other = g_.TableProvinces(p);
+    const Fiche_province &other = g().TableProvinces(p);
     const bool answer =
-        g_.Etape == étape_régions ? other.région == g_.RégionCourante : p == g_.ProvinceCourante;
-    if (!answer && !other.trouvée && !est_sélectionnée(g_, p)) return p;
+        g().Etape == étape_régions ? other.région == g().RégionCourante : p == g().ProvinceCourante;
+    if (!answer && !other.trouvée && !est_sélectionnée(g(), p)) return p;
   }
   return 0;
 }
 
 int WholeGamePlan::other_town() const {
   for (int v = nombre_villes; v >= 1; --v)
-    if (v != g_.VilleCourante && !g_.TableVilles(v).trouvée) return v;
+    if (v != g().VilleCourante && !g().TableVilles(v).trouvée) return v;
   return 0;
 }
 

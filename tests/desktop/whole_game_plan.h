@@ -15,18 +15,27 @@ class WholeGamePlan : public Plan {
  public:
   /// `level`: name of the option in the new game dialog.
   WholeGamePlan(Programme &programme, QString name, std::string level)
-      : main_(programme.principale()),
-        g_(programme.état()),
-        name_(std::move(name)),
-        level_(std::move(level)) {}
+      : programme_(&programme), name_(std::move(name)), level_(std::move(level)) {}
 
   void at_box(AutomaticPlayer &player, const QMessageBox &box) override;
   void at_window(AutomaticPlayer &player, const std::string &name) override;
   void at_map(AutomaticPlayer &player) override;
 
+  /// From now on plays in another run of the program.
+  void go_on_in(Programme &programme) { programme_ = &programme; }
+  bool has_ended() const { return ended_; }
+
   int expected_score = 999999;
   int questions = 0;  ///< ended so far: each has its own plan
   int mistakes = 0, helps = 0, passes = 0, given_up = 0, wrong_selections = 0;
+
+ protected:
+  Ecran_principal &screen() const { return programme_->principale(); }
+  const GameState &g() const { return programme_->état(); }
+  /// Pays what the errors on the present question have left of its price, and goes on to the next.
+  void settle_question();
+
+  int errors_ = 0;  ///< on the present question
 
  private:
   void answer_object(AutomaticPlayer &player);
@@ -41,11 +50,9 @@ class WholeGamePlan : public Plan {
   int other_province() const;
   int other_town() const;
 
-  Ecran_principal &main_;
-  const GameState &g_;
+  Programme *programme_;
   const QString name_;
   const std::string level_;
-  int errors_ = 0;  ///< on the present question
   bool started_ = false, ended_ = false, hesitated_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <algorithm>
@@ -135,9 +136,33 @@ void AutomaticPlayer::fill_in(const std::string &control, const QString &text) {
     QWidget *found = usable(control);
     if (found == nullptr) return;
     ardane::click(*found);
-    press(*found, Qt::Key_A, Qt::ControlModifier);
-    press(*found, Qt::Key_Delete);
+    ardane::press(*found, Qt::Key_A, Qt::ControlModifier);
+    ardane::press(*found, Qt::Key_Delete);
     type(*found, text);
+  });
+}
+
+void AutomaticPlayer::pick(const std::string &list, const QString &item) {
+  work_item(list, item, ardane::click);
+}
+
+void AutomaticPlayer::open(const std::string &list, const QString &item) {
+  work_item(list, item, ardane::double_click);
+}
+
+void AutomaticPlayer::work_item(const std::string &list, const QString &item, OnItem deed) {
+  then([this, list, item, deed] {
+    auto *found = qobject_cast<QListWidget *>(usable(list));
+    if (found == nullptr) return give_up(list + " n'est pas une liste");
+    const QList<QListWidgetItem *> items = found->findItems(item, Qt::MatchExactly);
+    if (items.isEmpty()) return give_up("pas d'élément " + to_utf8(item) + " dans " + list);
+    deed(*found, *items.front());
+  });
+}
+
+void AutomaticPlayer::press(Qt::Key key) {
+  then([this, key] {
+    if (front() != nullptr) ardane::press(*front(), key);
   });
 }
 

@@ -12,6 +12,9 @@
 #include "front/qt/desktop.h"
 #include "platform/services.h"
 
+class QListWidget;
+class QListWidgetItem;
+
 namespace ardane {
 
 /// Carries out orders, one each turn of the event loop, in whatever window, menu or box is then in front;
@@ -41,6 +44,11 @@ class AutomaticPlayer : public QObject {
   void click(const std::string &control);
   /// Replaces what stands in a text box of the window in front.
   void fill_in(const std::string &control, const QString &text);
+  /// Clicks, or double clicks, on an item of a list of the window in front.
+  void pick(const std::string &list, const QString &item);
+  void open(const std::string &list, const QString &item);
+  /// Presses a key in what has the focus of the window in front.
+  void press(Qt::Key key);
   /// Answers the message box in front by that button.
   void answer(Réponse button);
   /// Presses the default button of the message box in front.
@@ -59,6 +67,8 @@ class AutomaticPlayer : public QObject {
   QWidget *usable(const std::string &control);
   void click_entry(QWidget *menu, const std::string &entry);
   void click_button(QWidget *button);
+  using OnItem = void (*)(QListWidget &list, QListWidgetItem &item);
+  void work_item(const std::string &list, const QString &item, OnItem deed);
   void reach(MapTarget target);
   /// A click in a scroll bar's trough that brings a place nearer; false if there is none.
   bool scroll_towards(QPoint place);

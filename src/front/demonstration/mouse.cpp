@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
@@ -14,6 +15,20 @@ void send_button(QWindow &window, QEvent::Type type, QPointF place, QPointF on_s
                  Qt::MouseButtons held) {
   QMouseEvent event(type, place, place, on_screen, Qt::LeftButton, held, Qt::NoModifier);
   QCoreApplication::sendEvent(&window, &event);
+}
+
+/// A press, which may be the second one of a double click, and the release.
+void press_and_release(QWidget &widget, QPoint place, QEvent::Type press) {
+  const QPointer<QWindow> window(widget.window()->windowHandle());
+  const QPointF in_window = widget.mapTo(widget.window(), QPointF(place));
+  const QPointF on_screen = widget.mapToGlobal(QPointF(place));
+  if (window) send_button(*window, press, in_window, on_screen, Qt::LeftButton);
+  if (window) send_button(*window, QEvent::MouseButtonRelease, in_window, on_screen, Qt::NoButton);
+}
+
+QPoint place_of_item(QListWidget &list, QListWidgetItem &item) {
+  list.scrollToItem(&item);
+  return list.visualItemRect(&item).center();
 }
 
 /// To the widget that has the focus in the widget's window.
@@ -36,13 +51,7 @@ QRect place_of_entry(const QWidget &menu, const QAction &entry) {
 }  // namespace
 
 void click(QWidget &widget, QPoint place) {
-  QWindow *window = widget.window()->windowHandle();
-  if (window == nullptr) return;
-  const QPointF in_window = widget.mapTo(widget.window(), QPointF(place));
-  const QPointF on_screen = widget.mapToGlobal(QPointF(place));
-  const QPointer<QWindow> alive(window);
-  send_button(*window, QEvent::MouseButtonPress, in_window, on_screen, Qt::LeftButton);
-  if (alive) send_button(*window, QEvent::MouseButtonRelease, in_window, on_screen, Qt::NoButton);
+  press_and_release(widget, place, QEvent::MouseButtonPress);
 }
 
 void click(QWidget &widget) {
@@ -51,6 +60,17 @@ void click(QWidget &widget) {
 
 void click(QWidget &menu, const QAction &entry) {
   click(menu, place_of_entry(menu, entry).center());
+}
+
+void click(QListWidget &list, QListWidgetItem &item) {
+  click(*list.viewport(), place_of_item(list, item));
+}
+
+void double_click(QListWidget &list, QListWidgetItem &item) {
+  const QPointer<QListWidget> alive(&list);
+  const QPoint place = place_of_item(list, item);
+  click(*list.viewport(), place);
+  if (alive && alive->isVisible()) press_and_release(*alive->viewport(), place, QEvent::MouseButtonDblClick);
 }
 
 void type(QWidget &widget, const QString &text) {

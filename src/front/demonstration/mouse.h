@@ -6,6 +6,8 @@
 #include <QWidget>
 
 class QAction;
+class QListWidget;
+class QListWidgetItem;
 
 namespace ardane {
 
@@ -16,6 +18,10 @@ void click(QWidget &widget, QPoint place);
 void click(QWidget &widget);
 /// The same on an entry of a menu or a menu bar, which must be on the screen.
 void click(QWidget &menu, const QAction &entry);
+/// The same on an item of a list, which is scrolled until it is in sight.
+void click(QListWidget &list, QListWidgetItem &item);
+/// A click and, before the hand has rested, a second one.
+void double_click(QListWidget &list, QListWidgetItem &item);
 /// Types a text into the widget that has the focus in the widget's window.
 void type(QWidget &widget, const QString &text);
 /// Presses and releases a key there.

@@ -1,0 +1,53 @@
+// The whole program in its real windows, over a folder and settings of the test's own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "core/game_state.h"
+#include "front/demonstration/scratch_folder.h"
+#include "script.h"
+
+namespace ardane {
+
+/// A program that the test starts, and that it may end and start again over the same files.
+class ProgramTest : public testing::Test {
+ protected:
+  /// Starts the program; the boxes of a first start are accepted and forgotten.
+  void start() {
+    ASSERT_TRUE(script().player.start());
+    script().told.clear();
+  }
+  /// Leaves the program by its menu; the next start is another run of it.
+  void end() {
+    order().choose("menu_fichier", "fichier_quitter");
+    ASSERT_EQ(script().run(), "");
+    ASSERT_FALSE(desktop().programme().en_cours());
+    script_.reset();
+    desktop_.reset();
+  }
+  /// Has the orders carried out.
+  void play() { ASSERT_EQ(script().run(), ""); }
+
+  Desktop &desktop() {
+    if (desktop_ == nullptr) desktop_ = std::make_unique<Desktop>(folder.places(), ressources_du_programme());
+    return *desktop_;
+  }
+  Script &script() {
+    if (script_ == nullptr) script_ = std::make_unique<Script>(desktop());
+    return *script_;
+  }
+  AutomaticPlayer &order() { return script().player; }
+  GameState &state() { return desktop().programme().état(); }
+  Ecran_principal &screen() { return desktop().programme().principale(); }
+  QWidget *frame() { return desktop().renderer().frame(screen()); }
+
+  const ScratchFolder folder{ARDANE_RESOURCES};
+
+ private:
+  std::unique_ptr<Desktop> desktop_;
+  std::unique_ptr<Script> script_;
+};
+
+}  // namespace ardane

@@ -361,6 +361,28 @@ TEST_F(Controls, FocusAloneChoosesNothingInAList) {
   EXPECT_TRUE(shown->selectedItems().isEmpty());
 }
 
+TEST_F(Controls, TheFirstKeyThatMovesTheCursorOfAListChooses) {
+  Contrôle &list = add("liste", Genre::liste);
+  window.focus = &list;
+  show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(stage.renderer.frame(window)));
+  auto *shown = stage.widget<QListWidget>(window, "liste");
+  QTest::keyClick(shown, Qt::Key_Down);
+  EXPECT_EQ(list.choix, 0) << "there is nothing to choose";
+  for (const auto &[key, choice] : {std::pair(Qt::Key_Down, 1), std::pair(Qt::Key_Up, 1),
+                                    std::pair(Qt::Key_Home, 1), std::pair(Qt::Key_End, 2)}) {
+    list.éléments = {"un"};
+    stage.renderer.sync();
+    list.éléments = {"un", "deux"};
+    list.choix = 0;
+    stage.renderer.sync();
+    QTest::keyClick(shown, key);
+    EXPECT_EQ(list.choix, choice) << key;
+  }
+  QTest::keyClick(shown, Qt::Key_Up);
+  EXPECT_EQ(list.choix, 1) << "from then on keys move the choice";
+}
+
 TEST_F(Controls, ABarMovesByItsStepsAndFollowsItsRange) {
   Contrôle &bar = add("barre", Genre::barre);
   bar.hauteur = 15;

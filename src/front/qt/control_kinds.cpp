@@ -1,5 +1,6 @@
 #include "front/qt/control_kinds.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTextDocument>
@@ -196,6 +197,31 @@ void ListView::sync() {
   if (marked_row() == control().choix - 1) return;
   list().setCurrentRow(control().choix - 1);
   if (control().choix == 0) list().clearSelection();
+}
+
+bool ListView::eventFilter(QObject *watched, QEvent *event) {
+  if (event->type() == QEvent::KeyPress && marked_row() < 0) {
+    const int row = first_choice(static_cast<QKeyEvent *>(event)->key());
+    if (row >= 0) {
+      list().setCurrentRow(row);
+      return true;
+    }
+  }
+  return ControlView::eventFilter(watched, event);
+}
+
+/// The toolkit would move on from the row that has the cursor, which nobody has chosen, and where that is the
+/// only one no key would choose it. -1 for a key that moves no cursor.
+int ListView::first_choice(int key) const {
+  switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown: return std::min(std::max(0, list().currentRow()), list().count() - 1);
+    case Qt::Key_End: return list().count() - 1;
+    default: return -1;
+  }
 }
 
 int ListView::marked_row() const {

@@ -92,7 +92,10 @@ class ListView : public ControlView {
   void sync() override;
 
  private:
+  /// Where nothing is chosen yet, the first key that moves the cursor chooses.
+  bool eventFilter(QObject *watched, QEvent *event) override;
   QListWidget &list() const { return static_cast<QListWidget &>(widget()); }
+  int first_choice(int key) const;
   int marked_row() const;
 
   std::vector<std::string> items_;

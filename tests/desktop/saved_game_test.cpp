@@ -5,9 +5,11 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <array>
+#include <fstream>
 #include <set>
 #include <tuple>
 
+#include "front/demonstration/mouse.h"
 #include "map/panel.h"
 #include "persistence/score_file.h"
 #include "program_test.h"
@@ -311,6 +313,187 @@ TEST_P(StoppedGame, GoesOnInAnotherRunOfTheProgramAsItStoodAndCanBePlayedToItsEn
     EXPECT_EQ(g.Meilleurs_scores(g.Niveau, 1).nom, "Élodie");
     EXPECT_EQ(g.Meilleurs_scores(g.Niveau, 1).score, plan.expected_score);
   }
+}
+
+// --- The window that names and picks the files
+
+class GameChooser : public ProgramTest {
+ protected:
+  /// A game with one answer missed, worth one point.
+  void begin_game() {
+    start();
+    order().choose("menu_fichier", "fichier_nouveau");
+    order().fill_in("boîte_nom_joueur", "Zoé");
+    order().click("niveau_moyen");
+    order().click("bouton_sortie");
+    order().then([this] { order().click(province(state().ProvinceCourante % nombre_provinces + 1)); });
+    play();
+    ASSERT_EQ(state().Score, score_de_départ - 1);
+  }
+  void save_as(const QString &name) {
+    order().choose("menu_fichier", "Fichier_enregistrer");
+    order().fill_in("Nom_fichier", name);
+    order().click("Bouton_OK");
+    play();
+  }
+  static QString focus() {
+    const QWidget *holder = QApplication::activeModalWidget()->focusWidget();
+    return holder == nullptr ? QString() : holder->objectName();
+  }
+  static QString chosen(const char *list) {
+    const auto *items = QApplication::activeModalWidget()->findChild<QListWidget *>(QString::fromUtf8(list));
+    return items->selectedItems().isEmpty() ? QString() : items->selectedItems().front()->text();
+  }
+  void write(const QString &text) {
+    order().then([text] { type(*QApplication::activeModalWidget(), text); });
+  }
+  bool kept(const char *name) const { return std::filesystem::exists(folder.path() / name); }
+
+  const int owed = 1022;  ///< what a question costs that is given up after its first error
+};
+
+TEST_F(GameChooser, TakesANameAndTheEnterKeyAtOnce) {
+  begin_game();
+  order().choose("menu_fichier", "Fichier_enregistrer");
+  order().then([] { EXPECT_EQ(focus(), "Nom_fichier"); });
+  write("Souper");
+  order().press(Qt::Key_Return);
+  play();
+  EXPECT_TRUE(kept("Souper.CAI"));
+  EXPECT_EQ(state().Etape, étape_repos);
+}
+
+TEST_F(GameChooser, TheTabKeyGoesFromTheNameOverTheListsToTheButtons) {
+  begin_game();
+  order().choose("menu_fichier", "Fichier_enregistrer");
+  QStringList met;
+  for (int i = 0; i < 6; ++i) {
+    order().then([&met] { met += focus(); });
+    order().press(Qt::Key_Tab);
+  }
+  order().click("Bouton_annuler");
+  play();
+  EXPECT_EQ(met, (QStringList{"Nom_fichier", "Répertoire", "Fichier", "Bouton_OK", "Bouton_annuler",
+                              "Nom_fichier"}));
+  EXPECT_EQ(state().Etape, étape_provinces) << "the game goes on where nothing was saved";
+}
+
+TEST_F(GameChooser, KeysAloneGoIntoAFolderAndTakeUpTheGameThatLiesThere) {
+  std::filesystem::create_directory(folder.path() / "parties");
+  begin_game();
+  order().choose("menu_fichier", "Fichier_enregistrer");
+  order().press(Qt::Key_Tab);
+  write("p");
+  order().then([] { EXPECT_EQ(chosen("Répertoire"), "parties"); });
+  order().press(Qt::Key_Return);
+  for (int back = 0; back < 4; ++back) order().press(Qt::Key_Tab);
+  write("Souper");
+  order().press(Qt::Key_Return);
+  order().answer(Réponse::non);  // saved games stay where they were
+  play();
+  ASSERT_TRUE(kept("parties/Souper.CAI"));
+  end();
+  start();
+  order().choose("menu_fichier", "Fichier_lire");
+  order().then([] { EXPECT_EQ(focus(), "Répertoire"); });
+  order().press(Qt::Key_End);
+  order().then([] { EXPECT_EQ(chosen("Répertoire"), "parties"); });
+  order().press(Qt::Key_Return);
+  order().press(Qt::Key_Tab);
+  write("so");
+  order().then([] { EXPECT_EQ(chosen("Fichier"), "Souper.CAI"); });
+  order().press(Qt::Key_Return);
+  order().answer(Réponse::non);
+  play();
+  EXPECT_EQ(state().Etape, étape_provinces);
+  EXPECT_EQ(state().Score, score_de_départ - 1 - owed);
+  EXPECT_FALSE(kept("parties/Souper.CAI"));
+}
+
+TEST_F(GameChooser, AnArrowChoosesTheOnlyFileThereIs) {
+  begin_game();
+  save_as("Souper");
+  order().choose("menu_fichier", "Fichier_lire");
+  order().press(Qt::Key_Tab);
+  order().then([] { EXPECT_EQ(chosen("Fichier"), ""); });
+  order().press(Qt::Key_Down);
+  order().then([] { EXPECT_EQ(chosen("Fichier"), "Souper.CAI"); });
+  order().press(Qt::Key_Return);
+  play();
+  EXPECT_EQ(state().Etape, étape_provinces);
+}
+
+TEST_F(GameChooser, TheFirstArrowChoosesTheFirstRow) {
+  begin_game();
+  for (const char *name : {"a.CAI", "b.CAI", "c.CAI"}) std::ofstream(folder.path() / name) << '\n';
+  order().choose("menu_fichier", "Fichier_enregistrer");
+  order().press(Qt::Key_Tab);
+  order().press(Qt::Key_Tab);
+  const std::vector<std::pair<Qt::Key, QString>> steps{{Qt::Key_Down, "a.CAI"}, {Qt::Key_Down, "b.CAI"},
+                                                       {Qt::Key_Up, "a.CAI"},   {Qt::Key_Up, "a.CAI"},
+                                                       {Qt::Key_End, "c.CAI"},  {Qt::Key_Home, "a.CAI"}};
+  for (const auto &[key, row] : steps) {
+    order().press(key);
+    order().then([expected = row] { EXPECT_EQ(chosen("Fichier"), expected); });
+  }
+  order().click("Bouton_annuler");
+  play();
+}
+
+TEST_F(GameChooser, ADoubleClickTakesUpTheGame) {
+  begin_game();
+  save_as("Souper");
+  order().choose("menu_fichier", "Fichier_lire");
+  order().open("Fichier", "Souper.CAI");
+  play();
+  EXPECT_EQ(state().Nom_joueur, "Zoé");
+  EXPECT_EQ(state().Score, score_de_départ - 1 - owed);
+  EXPECT_FALSE(kept("Souper.CAI"));
+}
+
+TEST_F(GameChooser, DoubleClicksOpenFoldersAndTakeANameThatThereIs) {
+  std::filesystem::create_directory(folder.path() / "parties");
+  std::ofstream(folder.path() / "Dîner.CAI") << "autre chose";
+  begin_game();
+  order().choose("menu_fichier", "Fichier_enregistrer");
+  order().open("Répertoire", "parties");
+  order().open("Répertoire", "..");
+  order().open("Fichier", "Dîner.CAI");
+  order().then([] {
+    EXPECT_EQ(QApplication::activeModalWidget()->findChild<QLineEdit *>("Nom_fichier")->text(), "Dîner.CAI");
+  });
+  order().click("Bouton_OK");
+  order().answer(Réponse::ok);  // what is there is not written over
+  order().click("Bouton_annuler");
+  play();
+  EXPECT_EQ(state().Etape, étape_provinces);
+  EXPECT_EQ(std::filesystem::file_size(folder.path() / "Dîner.CAI"), 11U);
+}
+
+TEST_F(GameChooser, WithoutAChoiceABoxSaysSoAndTheWindowStays) {
+  begin_game();
+  save_as("Souper");
+  order().choose("menu_fichier", "Fichier_lire");
+  order().click("Bouton_OK");
+  order().answer(Réponse::ok);
+  order().pick("Fichier", "Souper.CAI");
+  order().click("Bouton_OK");
+  play();
+  EXPECT_EQ(state().Etape, étape_provinces);
+}
+
+TEST_F(GameChooser, TheCloseControlAndTheCancelButtonLeaveTheFileAlone) {
+  begin_game();
+  save_as("Souper");
+  order().choose("menu_fichier", "Fichier_lire");
+  order().pick("Fichier", "Souper.CAI");
+  order().then([] { QApplication::activeModalWidget()->close(); });
+  order().choose("menu_fichier", "Fichier_lire");
+  order().pick("Fichier", "Souper.CAI");
+  order().click("Bouton_annuler");
+  play();
+  EXPECT_EQ(state().Etape, étape_repos);
+  EXPECT_TRUE(kept("Souper.CAI"));
 }
 
 }  // namespace

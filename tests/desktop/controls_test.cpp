@@ -85,6 +85,26 @@ TEST_F(Controls, ALabelMayRunOnBeyondItsRightEdge) {
   EXPECT_EQ(shown->width(), 17);
 }
 
+TEST_F(Controls, ATextTooLongForAnySizeLosesItsMiddleAndNotItsSize) {
+  Contrôle &label = add("chemin", Genre::étiquette);
+  label.multiligne = true;
+  label.texte = "Fichier :\n/" + std::string(150, 'm') + "/fin";
+  label.infobulle = label.texte;
+  show();
+  auto *shown = stage.widget<QLabel>(window, "chemin");
+  EXPECT_EQ(shown->font().pixelSize(), 11);
+  const QStringList lines = shown->text().split('\n');
+  ASSERT_EQ(lines.size(), 2);
+  EXPECT_EQ(lines[0], "Fichier :");
+  EXPECT_TRUE(lines[1].startsWith("/m"));
+  EXPECT_TRUE(lines[1].endsWith("/fin"));
+  EXPECT_LE(shown->fontMetrics().horizontalAdvance(lines[1]), 120);
+  EXPECT_EQ(shown->accessibleName(), to_qt(label.texte)) << "spoken whole";
+  label.texte = "Court";
+  stage.renderer.sync();
+  EXPECT_EQ(shown->text(), "Court");
+}
+
 TEST_F(Controls, AHighLabelWrapsItsText) {
   Contrôle &label = add("haute", Genre::étiquette);
   Contrôle &low = add("basse", Genre::étiquette);

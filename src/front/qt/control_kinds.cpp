@@ -12,7 +12,8 @@
 namespace ardane {
 namespace {
 
-/// A text that is too long for its label is set smaller, down to this many hundredths of its size.
+/// A text that is too long for its label is set smaller, down to this many hundredths of its size. One that
+/// is too long even then keeps its size and loses its middle.
 constexpr int smallest_fitted_font = 60;
 /// Keeps words off the edge of their coloured ground.
 constexpr int coloured_margin = 3;
@@ -29,6 +30,13 @@ Qt::Alignment across(Alignement alignement) {
 /// The text of a page with line ends of LF, no-break spaces and all.
 QString text_of(const QPlainTextEdit &page) {
   return page.document()->toRawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
+}
+
+/// Each line's middle left out where the line is too long.
+QString shortened(const QString &text, const QFontMetrics &font, int width) {
+  QStringList lines = text.split(QLatin1Char('\n'));
+  for (QString &line : lines) line = font.elidedText(line, Qt::ElideMiddle, width);
+  return lines.join(QLatin1Char('\n'));
 }
 
 }  // namespace
@@ -59,30 +67,33 @@ void LabelView::sync() {
   // Only a label that leads somewhere takes "&" for a mark.
   const bool marked = label().buddy() != nullptr && control().mnémonique != 0;
   const QString text = marked ? caption(control().texte, control().mnémonique) : to_qt(control().texte);
-  if (label().text() != text) label().setText(text);
   const bool several_lines =
       control().multiligne || control().hauteur >= 2 * label().fontMetrics().lineSpacing();
   if (label().wordWrap() != several_lines) label().setWordWrap(several_lines);
   const Qt::Alignment down = several_lines && !est_bordé(control()) ? Qt::AlignTop : Qt::AlignVCenter;
   const Qt::Alignment alignment = across(control().alignement) | down;
   if (label().alignment() != alignment) label().setAlignment(alignment);
-  fit_text(several_lines);
+  fit_text(text, several_lines);
 }
 
-void LabelView::fit_text(bool several_lines) {
-  const Fitted wanted{label().text(), control().police, label().contentsRect().size()};
+void LabelView::fit_text(const QString &text, bool several_lines) {
+  const Fitted wanted{text, control().police, label().contentsRect().size()};
   if (wanted == fitted_) return;
   fitted_ = wanted;
-  QFont font = to_qt(control().police);
+  const QFont designed = to_qt(control().police);
+  QFont font = designed;
   const int flags = several_lines ? Qt::TextWordWrap : 0;
   const int smallest = font.pixelSize() * smallest_fitted_font / 100;
   const auto fits = [&] {
-    const QRect text = QFontMetrics(font).boundingRect({{}, wanted.size}, flags, wanted.text);
-    return text.width() <= wanted.size.width() &&
-           text.height() <= std::max(wanted.size.height(), font.pixelSize());
+    const QRect area = QFontMetrics(font).boundingRect({{}, wanted.size}, flags, text);
+    return area.width() <= wanted.size.width() &&
+           area.height() <= std::max(wanted.size.height(), font.pixelSize());
   };
   while (font.pixelSize() > smallest && !fits()) font.setPixelSize(font.pixelSize() - 1);
+  const bool fitted = fits();
+  if (!fitted) font = designed;
   if (label().font() != font) label().setFont(font);
+  label().setText(fitted ? text : shortened(text, QFontMetrics(font), wanted.size.width()));
 }
 
 FrameView::FrameView(Contrôle &control, const ViewContext &context, QWidget *parent)

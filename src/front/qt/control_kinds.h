@@ -26,7 +26,7 @@ class LabelView : public ControlView {
   bool is_clicked_by_press() const override { return true; }
   QRect place() const override;
   QLabel &label() { return static_cast<QLabel &>(widget()); }
-  void fit_text(bool several_lines);
+  void fit_text(const QString &text, bool several_lines);
 
   struct Fitted {
     QString text;

@@ -31,11 +31,11 @@ QPoint place_of_item(QListWidget &list, QListWidgetItem &item) {
   return list.visualItemRect(&item).center();
 }
 
-/// To the widget that has the focus in the widget's window.
-void send_key(const QWidget &widget, int key, Qt::KeyboardModifiers held, const QString &letter) {
+/// To the widget that has the focus in the widget's window; to the window itself where none has.
+void send_key(QWidget &widget, int key, Qt::KeyboardModifiers held, const QString &letter) {
   for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
     QWidget *target = widget.window()->focusWidget();
-    if (target == nullptr) return;
+    if (target == nullptr) target = widget.window();
     QKeyEvent event(type, key, held, letter);
     QCoreApplication::sendEvent(target, &event);
   }

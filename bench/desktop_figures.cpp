@@ -1,8 +1,10 @@
 // Figures of the running desktop program, on whatever display it is given: clicks, scrolling, painting, rest.
 #include <QAbstractSlider>
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QListWidget>
 #include <QPainter>
 #include <QTimer>
 #include <algorithm>
@@ -55,8 +57,9 @@ long voluntary_switches() {
 
 class Figures {
  public:
-  Figures(Desktop &desktop, Script &script)
-      : desktop_(desktop),
+  Figures(Desktop &desktop, Script &script, std::filesystem::path folder)
+      : folder_(std::move(folder)),
+        desktop_(desktop),
         script_(script),
         g_(desktop.programme().état()),
         main_(desktop.programme().principale()),
@@ -68,6 +71,8 @@ class Figures {
     clicks(étape_villes, "Click to last damage, stage Villes");
     clicks(étape_drapeaux, "Click to last damage, stage Drapeaux");
     clicks(étape_provinces, "Click to last damage, stage Provinces");
+    boxes();
+    chooser();
     scrolling();
     painting();
   }
@@ -103,8 +108,48 @@ class Figures {
     print_row(what, right, "ms");
   }
 
+  /// The stage of the first position, changed again and again.
+  void boxes() {
+    g_.PartieVierge = true;
+    script_.player.choose("menu_paramétrer", "menu_définir");
+    script_.run();
+    std::vector<double> clicks;
+    for (int i = 0; i < 90; ++i) {
+      QWidget &box = *control("Bouton(" + std::to_string((i + 1) % nombre_jeux + 1) + ")");
+      clicks.push_back(timed([&] { click(box); }));
+    }
+    script_.player.click("BTN(2)");
+    script_.run();
+    print_row("Click on a box of the panel to last damage", clicks, "ms");
+  }
+
+  void chooser() {
+    for (int i = 0; i < files; ++i) std::ofstream(folder_ / ("Partie du soir " + std::to_string(i) + ".CAI"));
+    std::vector<double> openings, choices;
+    for (int i = 0; i < 20; ++i) open_chooser(openings, choices);
+    print_row("Chooser over 10,000 files, opening to last damage", openings, "ms");
+    print_row("Click on a row of its list to last damage", choices, "ms");
+  }
+
+  void open_chooser(std::vector<double> &openings, std::vector<double> &choices) {
+    auto *entry = desktop_.renderer().frame(main_)->findChild<QAction *>("Fichier_lire");
+    QElapsedTimer timer;
+    settle();
+    QTimer::singleShot(0, qApp, [&] {
+      QWidget *window = QApplication::activeModalWidget();
+      while (!window->isActiveWindow()) QApplication::processEvents();
+      settle();
+      openings.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+      auto &list = *window->findChild<QListWidget *>("Fichier");
+      for (int row = 0; row < 5; ++row) choices.push_back(timed([&] { click(list, *list.item(row)); }));
+      click(*window->findChild<QWidget *>("Bouton_annuler"));
+    });
+    timer.start();
+    entry->trigger();
+  }
+
   void scrolling() {
-    QWidget *bar = desktop_.renderer().frame(main_)->findChild<QWidget *>("barre_v");
+    QWidget *bar = control("barre_v");
     if (bar == nullptr) return;
     auto *slider = static_cast<QAbstractSlider *>(bar);
     std::vector<double> steps;
@@ -144,6 +189,13 @@ class Figures {
     print_row(what, {static_cast<double>(voluntary_switches() - before) / seconds}, "a second");
   }
 
+  QWidget *control(const std::string &name) const {
+    return desktop_.renderer().frame(main_)->findChild<QWidget *>(QString::fromStdString(name));
+  }
+
+  static constexpr int files = 10'000;
+
+  const std::filesystem::path folder_;
   Desktop &desktop_;
   Script &script_;
   GameState &g_;
@@ -159,7 +211,7 @@ int main(int argc, char **argv) {
   Desktop desktop(scratch.places(), ressources_du_programme());
   Script script(desktop);
   if (!script.player.start()) return 1;
-  Figures figures(desktop, script);
+  Figures figures(desktop, script, scratch.path());
   std::printf("| %-52s | %8s | %8s |\n", "What", "median", "p95");
   figures.measure();
   return 0;

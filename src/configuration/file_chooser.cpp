@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "core/announcement.h"
 #include "core/chooser_modes.h"
@@ -89,7 +90,8 @@ Sélection_partie::Sélection_partie(Contexte &c)
   listes_.ouvrir(c.dossier.chemin());
 
   activation = [this] {
-    listes_.actualiser();
+    // The lists have just been made when the window comes up.
+    if (std::exchange(montrée_, true)) listes_.actualiser();
     if (c_.état.Mode_sélection == choix_nouveau_nom) focus = &contrôle(*this, "Nom_fichier");
   };
   demande_de_fermeture = [this] { annuler(); };

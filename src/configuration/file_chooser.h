@@ -39,6 +39,7 @@ class Sélection_partie : public Fenêtre {
 
   Contexte &c_;
   Listes_de_dossier listes_;
+  bool montrée_ = false;  ///< has been the active window
 };
 
 }  // namespace ardane

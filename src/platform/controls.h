@@ -11,6 +11,7 @@
 #include <variant>
 #include <vector>
 
+#include "platform/items.h"
 #include "platform/picture.h"
 
 namespace ardane {
@@ -89,7 +90,7 @@ struct Contrôle {
   Alignement alignement = Alignement::gauche;
   int ordre_tabulation = -1;  ///< place in the order of the Tab key; -1 for after those that have one
   int valeur = 0, min = 0, max = 0, petit_pas = 1, grand_pas = 1;
-  std::vector<std::string> éléments;
+  Eléments éléments;
   int choix = 0;  ///< selected item of a list, from 1; 0 for none
 
   std::function<void()> clic;  ///< not of a text box or a bar, which only take the focus

@@ -368,6 +368,38 @@ TEST_F(Controls, AListShowsItemsAndReportsTheChoice) {
   EXPECT_EQ(changes, 1) << "what the program selects is no choice of the player's";
 }
 
+TEST_F(Controls, AListIsFilledAnewOnlyWithOtherItems) {
+  Contrôle &list = add("liste", Genre::liste);
+  const std::vector<std::string> rows(10'000, "une longue liste");
+  list.éléments = rows;
+  show();
+  auto *shown = stage.widget<QListWidget>(window, "liste");
+  int insertions = 0;
+  QObject::connect(shown->model(), &QAbstractItemModel::rowsInserted, shown, [&] { ++insertions; });
+  stage.renderer.sync();
+  list.éléments = rows;
+  stage.renderer.sync();
+  EXPECT_EQ(insertions, 0);
+  list.éléments = {"un", "deux"};
+  stage.renderer.sync();
+  EXPECT_EQ(insertions, 1) << "all rows at once";
+}
+
+TEST_F(Controls, TheWidestRowOfAListCanBeScrolledIntoSight) {
+  Contrôle &list = add("liste", Genre::liste);
+  list.éléments = {"iiiiiiiiiiiiiiiiiiiii", "court", "WWWWWWWWWWWWWWWWWWWW", "Éé"};
+  show();
+  auto *shown = stage.widget<QListWidget>(window, "liste");
+  QApplication::processEvents();
+  const int widest = shown->fontMetrics().horizontalAdvance("WWWWWWWWWWWWWWWWWWWW");
+  EXPECT_GE(shown->visualItemRect(shown->item(0)).width(), widest);
+  EXPECT_GE(shown->horizontalScrollBar()->maximum(), widest - 120);
+  list.éléments = {"court", "Éé"};
+  stage.renderer.sync();
+  QApplication::processEvents();
+  EXPECT_EQ(shown->horizontalScrollBar()->maximum(), 0);
+}
+
 TEST_F(Controls, FocusAloneChoosesNothingInAList) {
   Contrôle &list = add("liste", Genre::liste);
   list.éléments = {"un", "deux"};

@@ -101,7 +101,7 @@ Json fiche(const Fenêtre &fenêtre, const Contrôle &c, std::ptrdiff_t plan, co
     json["grand_pas"] = c.grand_pas;
   }
   if (p.liste) {
-    json["éléments"] = c.éléments;
+    json["éléments"] = Eléments::Textes(c.éléments);
     json["choix"] = c.choix;
   }
   if (p.focus) json["focus"] = fenêtre.focus == &c;

@@ -1,10 +1,13 @@
 #include "front/qt/control_kinds.h"
 
+#include <QHash>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTextDocument>
 #include <algorithm>
+#include <numeric>
 
 #include "front/qt/appearance.h"
 #include "front/qt/child.h"
@@ -37,6 +40,41 @@ QString shortened(const QString &text, const QFontMetrics &font, int width) {
   QStringList lines = text.split(QLatin1Char('\n'));
   for (QString &line : lines) line = font.elidedText(line, Qt::ElideMiddle, width);
   return lines.join(QLatin1Char('\n'));
+}
+
+/// Gives every row the size of the widest one: to measure thousands of rows takes longer than all else that
+/// a list needs to come up.
+class EvenRows : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void set_widest(int row) { widest_ = row; }
+  QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override {
+    return QStyledItemDelegate::sizeHint(option, index.siblingAtRow(widest_));
+  }
+
+ private:
+  int widest_ = 0;
+};
+
+/// The text that takes most room, letters measured one by one; 0 where there is none.
+int widest(const QStringList &texts, const QFontMetrics &font) {
+  QHash<QChar, int> widths;
+  const auto width = [&](QChar letter) {
+    const auto known = widths.constFind(letter);
+    return known != widths.cend() ? *known : *widths.insert(letter, font.horizontalAdvance(letter));
+  };
+  const auto sum = [&](const QString &text) {
+    return std::accumulate(text.begin(), text.end(), 0,
+                           [&](int before, QChar letter) { return before + width(letter); });
+  };
+  int row = 0, most = 0;
+  for (int i = 0; i < static_cast<int>(texts.size()); ++i)
+    if (const int room = sum(texts[i]); room > most) {
+      most = room;
+      row = i;
+    }
+  return row;
 }
 
 }  // namespace
@@ -189,6 +227,8 @@ void ButtonView::sync_mark() {
 
 ListView::ListView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, make_child<QListWidget>(parent)) {
+  list().setItemDelegate(make_child<EvenRows>(&list()));
+  list().setUniformItemSizes(true);
   // Of the row that has the cursor the toolkit takes the first for want of another; the choice is the one
   // that is marked.
   connect(&list(), &QListWidget::itemSelectionChanged, this,
@@ -200,14 +240,20 @@ ListView::ListView(Contrôle &control, const ViewContext &context, QWidget *pare
 void ListView::sync() {
   ControlView::sync();
   const QSignalBlocker quiet(list());
-  if (items_ != control().éléments) {
-    items_ = control().éléments;
-    list().clear();
-    for (const std::string &item : items_) list().addItem(to_qt(item));
-  }
+  if (items_ != control().éléments) fill();
+  items_ = control().éléments;  // from now on the same ones, which takes no time to see
   if (marked_row() == control().choix - 1) return;
   list().setCurrentRow(control().choix - 1);
   if (control().choix == 0) list().clearSelection();
+}
+
+void ListView::fill() {
+  QStringList texts;
+  texts.reserve(static_cast<qsizetype>(control().éléments.size()));
+  for (const std::string &item : control().éléments) texts += to_qt(item);
+  list().clear();
+  static_cast<EvenRows *>(list().itemDelegate())->set_widest(widest(texts, list().fontMetrics()));
+  list().addItems(texts);
 }
 
 bool ListView::eventFilter(QObject *watched, QEvent *event) {

@@ -95,10 +95,11 @@ class ListView : public ControlView {
   /// Where nothing is chosen yet, the first key that moves the cursor chooses.
   bool eventFilter(QObject *watched, QEvent *event) override;
   QListWidget &list() const { return static_cast<QListWidget &>(widget()); }
+  void fill();
   int first_choice(int key) const;
   int marked_row() const;
 
-  std::vector<std::string> items_;
+  Eléments items_;
 };
 
 class BarView : public ControlView {

@@ -174,6 +174,46 @@ TEST_F(ConfigurationTest, NotKeptItLastsUntilTheEndOfTheProgram) {
   EXPECT_EQ(switched_off(), 0);
 }
 
+TEST_F(ConfigurationTest, NotKeptAtFirstItCanBecomeAFileLater) {
+  start();
+  edit();
+  order().click(province(5));
+  order().click("BTN_Sauvegarde");
+  order().click("BTN(1)");
+  order().answer(Réponse::oui);
+  edit();
+  order().click("BTN_Sauvegarde");
+  order().click("BTN_Démarrage");
+  order().click("BTN(1)");
+  order().then(
+      [] { EXPECT_EQ(QApplication::activeModalWidget()->focusWidget()->objectName(), "Nom_fichier"); });
+  name_file("Sans la cinq");
+  play();
+  end();
+  start();
+  EXPECT_EQ(state().Fichier_lancement, path("Sans la cinq.SCI"));
+  EXPECT_EQ(switched_off(), 1);
+  EXPECT_TRUE(state().TableProvinces(5).inhibée);
+}
+
+TEST_F(ConfigurationTest, UnchangedItBecomesTheDefaultByATickAlone) {
+  start();
+  edit();
+  order().click("BTN_Démarrage");
+  order().click(box(2, regions));
+  order().click("BTN(1)");
+  name_file("Seules");
+  look();
+  edit();
+  order().click("BTN_Démarrage");
+  order().click("BTN(1)");
+  play();
+  EXPECT_EQ(state().Etape, étape_repos);
+  end();
+  start();
+  EXPECT_EQ(state().Fichier_lancement, path("Seules.SCI"));
+}
+
 TEST_F(ConfigurationTest, ACancelledNameLeavesTheEditingAsItIs) {
   start();
   edit();

@@ -3,21 +3,30 @@
 #include <QApplication>
 #include <cstdio>
 
+#include "core/chooser_modes.h"
 #include "core/game_state.h"
 #include "front/demonstration/album.h"
 #include "front/demonstration/automatic_player.h"
 #include "front/demonstration/offscreen.h"
 #include "front/demonstration/scratch_folder.h"
 #include "front/qt/appearance.h"
+#include "persistence/score_file.h"
 
 namespace ardane {
 namespace {
 
 constexpr int half_way = nombre_provinces / 2;
+/// Pixels of the map: the towns below lie in the south.
+constexpr int middle_of_the_map = 330;
 /// A wrong click before each so many-th answer.
 constexpr int mistake_every = 9;
 
-/// A game of the stage Provinces by somebody who knows the country, and slips now and then.
+/// What the stopped game is kept as.
+const QString saved_game = QStringLiteral("Souper");
+
+/// A game of the stage Provinces by somebody who knows the country, and slips now and then. Half way it is
+/// stopped and taken up again; at the end the northern provinces are tried out as a configuration of their
+/// own.
 class Demonstration : public Plan {
  public:
   Demonstration(const GameState &state, Album &album) : g_(state), album_(album) {}
@@ -31,13 +40,17 @@ class Demonstration : public Plan {
   int score() const { return score_; }
 
  private:
+  void new_game(AutomaticPlayer &player);
+  void choose_file(AutomaticPlayer &player);
+  void between_games(AutomaticPlayer &player);
+  void configure(AutomaticPlayer &player);
   void answer(AutomaticPlayer &player);
   int other_province() const;
   void tell_progress() const;
 
   const GameState &g_;
   Album &album_;
-  bool started_ = false, ended_ = false, erred_ = false;
+  bool started_ = false, stopped_ = false, ended_ = false, configured_ = false, erred_ = false;
   int answers_ = 0, mistakes_ = 0, score_ = 0;
 };
 
@@ -47,30 +60,63 @@ void Demonstration::at_box(AutomaticPlayer &player, const QMessageBox &box) {
 }
 
 void Demonstration::at_window(AutomaticPlayer &player, const std::string &name) {
-  if (name == "nouvelle_partie") {
-    player.fill_in("boîte_nom_joueur", QStringLiteral("Ardan"));
-    player.click("niveau_facile");
-    player.then([this, name] { album_.add(name); });
-    player.click("bouton_sortie");
-  } else if (name == "Affichage_scores") {
-    album_.add(name);
-    ended_ = true;
-    player.click("Command1");
-  } else {
-    player.give_up("fenêtre inattendue : " + name);
-  }
+  if (name == "nouvelle_partie") return new_game(player);
+  if (name == "Sélection_partie") return choose_file(player);
+  if (name != "Affichage_scores") return player.give_up("fenêtre inattendue : " + name);
+  album_.add(name);
+  ended_ = true;
+  player.click("Command1");
+}
+
+void Demonstration::new_game(AutomaticPlayer &player) {
+  player.fill_in("boîte_nom_joueur", QStringLiteral("Ardan"));
+  player.click("niveau_facile");
+  player.then([this] { album_.add("nouvelle_partie"); });
+  player.click("bouton_sortie");
+}
+
+void Demonstration::choose_file(AutomaticPlayer &player) {
+  const bool keeps = g_.Mode_sélection == choix_nouveau_nom;
+  if (keeps)
+    player.fill_in("Nom_fichier", saved_game);
+  else
+    player.pick("Fichier", saved_game + QStringLiteral(".CAI"));
+  player.then([this, keeps] { album_.add(keeps ? "enregistrer" : "reprendre"); });
+  player.click("Bouton_OK");
 }
 
 void Demonstration::at_map(AutomaticPlayer &player) {
-  if (g_.Etape == étape_provinces) return answer(player);
-  if (ended_) return player.choose("menu_fichier", "fichier_quitter");
-  if (started_) return player.give_up("la partie s'est arrêtée à l'étape " + std::to_string(g_.Etape));
+  switch (g_.Etape) {
+    case étape_provinces: return answer(player);
+    case étape_paramétrage_défini: return configure(player);
+    case étape_repos: return between_games(player);
+    default: player.give_up("la partie s'est arrêtée à l'étape " + std::to_string(g_.Etape));
+  }
+}
+
+void Demonstration::between_games(AutomaticPlayer &player) {
+  if (configured_) return player.choose("menu_fichier", "fichier_quitter");
+  if (ended_) return player.choose("menu_paramétrer", "menu_définir");
+  if (stopped_) return player.choose("menu_fichier", "Fichier_lire");
+  if (started_) return player.give_up("la partie s'est arrêtée avant sa fin");
   started_ = true;
   album_.add("carte");
   player.choose("menu_fichier", "fichier_nouveau");
 }
 
+void Demonstration::configure(AutomaticPlayer &player) {
+  configured_ = true;
+  for (int p = 1; p <= nombre_provinces; ++p)
+    if (g_.TableVilles(p).y > middle_of_the_map) player.click(province(p));
+  player.then([this] { album_.add("paramétrage"); });
+  player.click("BTN(2)");
+}
+
 void Demonstration::answer(AutomaticPlayer &player) {
+  if (answers_ == half_way && !stopped_) {
+    stopped_ = true;
+    return player.choose("menu_fichier", "Fichier_enregistrer");
+  }
   const int wrong = (answers_ + 1) % mistake_every == 0 && !erred_ ? other_province() : 0;
   erred_ = wrong != 0;
   if (erred_) {
@@ -111,6 +157,8 @@ int play(const QDir &folder) {
   if (!player.start()) return 1;
   g.Ordre_jeux.remplir(0);
   g.Ordre_jeux(1) = étape_provinces;
+  // A game taken up finds its stages in the score file.
+  Ecrire_scores(desktop.programme().contexte(), false);
   player.begin();
   desktop.play();
   if (!player.trouble().empty()) {

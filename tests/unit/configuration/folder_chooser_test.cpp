@@ -211,11 +211,7 @@ TEST_F(FolderChooser, ANameThatTheFileSystemForbidsIsTold) {
 
 TEST_F(FolderChooser, AFolderThatCannotBeMadeIsTold) {
   f();
-  fs::permissions(chemin_natif(m.dossier.chemin()), fs::perms::all);
-  fs::permissions(chemin_natif(jeux), fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read |
-                                          fs::perms::group_exec | fs::perms::others_read |
-                                          fs::perms::others_exec);
-  const SansPrivilège ordinaire;
+  const Protégé sans_écriture(chemin_natif(jeux), Protégé::Contre::écriture);
   nommer("neuf");
   k("Sous_répertoire").entrée();
   attendre_boîte("Impossible de créer le dossier spécifié !");

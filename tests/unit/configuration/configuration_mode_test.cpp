@@ -20,14 +20,14 @@ using ConfigurationMode = AvecPanneau;
 TEST_F(ConfigurationMode, BothModesShowThePanelOverTheMapAtOnceWhereNothingIsPlayed) {
   for (const auto &[entrée, mode] : {std::pair("Menu_affiche_paramètres", étape_paramétrage_affiché),
                                      std::pair("menu_définir", étape_paramétrage_défini)}) {
-    g().Carte_pleine_largeur = true;
+    élargir_carte();
     menu(entrée);
     EXPECT_THAT(boîtes(), IsEmpty());
     attendre_mode(mode);
+    attendre_carte_et_panneau();
     EXPECT_EQ(e().contexte_aide, 65);
     EXPECT_TRUE(g().PartieVierge);
     EXPECT_TRUE(g().PartieClose);
-    EXPECT_FALSE(g().Carte_pleine_largeur);
     EXPECT_TRUE(e().Pays(1).visible);
     EXPECT_FALSE(e().Inv(1).visible);
     EXPECT_EQ(e().Région(1).visible, mode == étape_paramétrage_défini);
@@ -145,9 +145,11 @@ TEST_F(ConfigurationMode, TheTemporaryConfigurationIsNotNamed) {
 
 TEST_F(ConfigurationMode, ABoxOfTheGridIsSpokenOfByItsPlaceAndItsStage) {
   définir();
-  EXPECT_EQ(nom_à_dire(e().Bouton(1)), "1er, Provinces");
-  EXPECT_EQ(nom_à_dire(e().Bouton(2)), "1er, Régions");
-  EXPECT_EQ(nom_à_dire(e().Bouton(15)), "4ème, Villes");
+  int i = 0;
+  for (const std::string place : {"1er", "2ème", "3ème", "4ème"})
+    for (const char *jeu : {"Provinces", "Régions", "Villes", "Drapeaux"})
+      EXPECT_EQ(nom_à_dire(e().Bouton(++i)), place + ", " + jeu);
+  EXPECT_EQ(nom_à_dire(e().BTN_Sauvegarde), e().LBL_param(10).texte);
   EXPECT_EQ(nom_à_dire(e().BTN_Démarrage), e().LBL_param(11).texte);
 }
 

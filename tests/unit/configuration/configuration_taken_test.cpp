@@ -131,6 +131,18 @@ TEST_F(ConfigurationTaken, AProvinceSwitchedOffAndOnAgainIsNoChange) {
   EXPECT_EQ(scores(), scores_donnés);
 }
 
+TEST_F(ConfigurationTaken, WhatWasLeftOutBeforeIsNoChangeUntilItIsTakenInAgain) {
+  g().TableProvinces(57).inhibée = true;
+  définir();
+  ok();
+  EXPECT_THAT(choix, IsEmpty());
+  attendre_repos();
+  définir();
+  cliquer_province(57);
+  ok();
+  EXPECT_THAT(choix, ElementsAre(choix_nouveau_nom, fichier_paramétrage, 1));
+}
+
 TEST_F(ConfigurationTaken, WhereTheTemporaryFileCannotBeWrittenTheModeIsLeftAndTheNextPassAsksForAFile) {
   donner_scores();
   fs::create_directory(chemin_natif(m.dossier.fichier("~tmp.~ci")));
@@ -341,6 +353,13 @@ TEST_F(ConfigurationTaken, CancelBringsBackWhatWas) {
   EXPECT_THAT(boîtes(), IsEmpty());
 }
 
+TEST_F(ConfigurationTaken, CancelLeavesRoomForThePanel) {
+  définir();
+  élargir_carte();
+  annuler();
+  attendre_carte_et_panneau();
+}
+
 TEST_F(ConfigurationTaken, ThePlayerMayCloseTheProgramInTheMiddleOfEditing) {
   définir();
   cliquer_province(57);
@@ -384,10 +403,10 @@ TEST_F(ConfigurationTaken, AfterACancelledChoiceTheOldConfigurationStandsAndNoth
       commencer_une_partie();
     else
       afficher();
-    g().Carte_pleine_largeur = true;
+    élargir_carte();
     menu("menu_recharger");
     attendre_repos();
-    EXPECT_FALSE(g().Carte_pleine_largeur);
+    attendre_carte_et_panneau();
     EXPECT_THAT(exclues(), ElementsAre(3));
     EXPECT_EQ(g().Fichier_lancement, défaut);
     EXPECT_EQ(g().ProvincesEnJeu, nombre_provinces - 1);

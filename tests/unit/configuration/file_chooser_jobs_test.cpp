@@ -150,7 +150,7 @@ TEST_F(SavedGameChooser, AChosenGameGoesOnAndItsFileIsGone) {
   g().ConseilFicheVu = true;
   g().Score = 0;
   ouvrir(choix_fichier, fichier_partie);
-  g().Carte_pleine_largeur = true;
+  élargir_carte();
   charger("souper.CAI");
   EXPECT_THAT(boîtes(), IsEmpty());
   EXPECT_FALSE(fenêtre->ouverte);
@@ -160,7 +160,7 @@ TEST_F(SavedGameChooser, AChosenGameGoesOnAndItsFileIsGone) {
   EXPECT_EQ(g().Score, score);
   EXPECT_FALSE(g().PartieVierge);
   EXPECT_FALSE(g().PartieClose);
-  EXPECT_FALSE(g().Carte_pleine_largeur);
+  attendre_carte_et_panneau();
   EXPECT_NE(g().ProvinceCourante, 0);
   EXPECT_FALSE(e().LBL_param(1).visible);
   EXPECT_TRUE(e().menu("menu_fichier").actif);
@@ -449,7 +449,6 @@ class ConfigurationChooser : public AvecChoixDeFichier {
   void attendre_repos() {
     EXPECT_EQ(g().Etape, étape_repos);
     EXPECT_TRUE(g().PartieVierge);
-    EXPECT_FALSE(g().Carte_pleine_largeur);
     EXPECT_FALSE(e().que_faire.visible);
     EXPECT_FALSE(e().LBL_param(1).visible);
     EXPECT_FALSE(e().Pays(1).visible);
@@ -466,13 +465,14 @@ class ConfigurationChooser : public AvecChoixDeFichier {
 TEST_F(ConfigurationChooser, AConfigurationIsTakenForNow) {
   menu("Menu_affiche_paramètres");
   ouvrir(choix_fichier, fichier_paramétrage);
-  g().Carte_pleine_largeur = true;
+  élargir_carte();
   m.boîtes.réponses = {Réponse::non};
   charger("nord.SCI");
   EXPECT_THAT(boîtes(), ElementsAre(question_du_défaut));
   EXPECT_EQ(réglage("fichier de lancement"), défaut);
   EXPECT_EQ(g().Répertoire_sauvegarde, m.dossier.chemin());
   attendre_nord();
+  attendre_carte_et_panneau();
 }
 
 TEST_F(ConfigurationChooser, OrForTheNextStartsToo) {

@@ -88,6 +88,19 @@ TEST_F(FileChooser, WhatIsSeenStandsWithinTheWindowAndNotOverAnotherControl) {
   }
 }
 
+TEST_F(FileChooser, WithoutANameTheListsReachUpToItsPlaceAndDownAsFarAsEver) {
+  std::map<Modes_sélection, std::vector<double>> hauts, bas;
+  for (const Modes_sélection mode : {choix_nouveau_nom, choix_fichier}) {
+    ouvrir(mode, fichier_partie);
+    for (const char *nom : {"Répertoire", "Fichier"}) {
+      hauts[mode].push_back(k(nom).haut);
+      bas[mode].push_back(k(nom).haut + k(nom).hauteur);
+    }
+  }
+  EXPECT_LT(hauts[choix_fichier], hauts[choix_nouveau_nom]);
+  EXPECT_EQ(bas[choix_fichier], bas[choix_nouveau_nom]);
+}
+
 TEST_F(FileChooser, ItStandsInTheMiddleOfTheScreenToTheWholePixel) {
   g().Largeur_écran = 1281;
   g().Hauteur_écran = 1023;
@@ -105,19 +118,18 @@ TEST_F(FileChooser, ItOpensOnTheCurrentFolderAndNamesIt) {
   EXPECT_EQ(k("Dossier_ouvert").texte, m.dossier.chemin());
 }
 
-TEST_F(FileChooser, OfALongPathTheEndIsReadAndTheToolTipHasTheWhole) {
-  const std::string long_nom(47, 'n');
-  const std::string profond = jeux + "/" + long_nom + "/été";
-  fs::create_directories(chemin_natif(profond));
-  m.c().dossier.changer(profond);
-  ouvrir(choix_fichier, fichier_partie);
-  EXPECT_EQ(k("Dossier_ouvert").texte, "…/" + long_nom + "/été");
-  EXPECT_EQ(k("Dossier_ouvert").infobulle, profond);
-  const std::string un_seul = m.dossier.fichier(std::string(80, 'x'));
-  fs::create_directory(chemin_natif(un_seul));
-  m.c().dossier.changer(un_seul);
-  ouvrir(choix_fichier, fichier_partie);
-  EXPECT_EQ(k("Dossier_ouvert").texte, un_seul) << "there is nowhere to cut";
+TEST_F(FileChooser, OfALongPathTheLastFiftySixBytesAreReadAndTheToolTipHasTheWhole) {
+  const std::string juste_assez(55 - std::string("/été").size(), 'n');
+  const std::string un_de_trop(56, 'x');
+  for (const auto &[nom, montré] : {std::pair(juste_assez + "/été", "…/" + juste_assez + "/été"),
+                                    std::pair(un_de_trop, m.dossier.fichier(un_de_trop))}) {
+    const std::string profond = m.dossier.fichier(nom);
+    fs::create_directories(chemin_natif(profond));
+    m.c().dossier.changer(profond);
+    ouvrir(choix_fichier, fichier_partie);
+    EXPECT_EQ(k("Dossier_ouvert").texte, montré) << "it is cut at a separator, or nowhere";
+    EXPECT_EQ(k("Dossier_ouvert").infobulle, profond);
+  }
 }
 
 TEST_F(FileChooser, WhereTheCurrentFolderIsGoneItOpensOnTheRoot) {

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "core/hit_test_table.h"
+#include "map/layout.h"
 #include "persistence/registry.h"
 #include "persistence/score_file.h"
 #include "persistence/score_format.h"
@@ -67,6 +68,17 @@ class AvecParamétrage : public testing::Test {
     m.oublier();
   }
 
+  /// The map takes the panel's place, on a screen where that makes a difference.
+  void élargir_carte() {
+    g().Largeur_écran = 800;
+    g().Carte_pleine_largeur = false;
+    DisposerCarte(m.c());
+    largeur_habituelle = e().Carte.largeur;
+    g().Carte_pleine_largeur = true;
+    DisposerCarte(m.c());
+    ASSERT_NE(e().Carte.largeur, largeur_habituelle);
+  }
+
   // --- What he is told
 
   /// The boxes since this was asked last.
@@ -74,6 +86,11 @@ class AvecParamétrage : public testing::Test {
     std::vector<std::string> lignes;
     for (const Boîte &boîte : std::exchange(m.boîtes.montrées, {})) lignes.push_back(décrire_boîte(boîte));
     return lignes;
+  }
+
+  void attendre_carte_et_panneau() {
+    EXPECT_FALSE(g().Carte_pleine_largeur);
+    EXPECT_EQ(e().Carte.largeur, largeur_habituelle);
   }
 
   // --- What is in force
@@ -117,6 +134,8 @@ class AvecParamétrage : public testing::Test {
   MondeFactice m;
 
  private:
+  double largeur_habituelle = 0;  ///< of the map beside the panel
+
   /// A place on the screen where the map shows that province.
   Point pixel_de(int p) {
     for (int y = 0; y < e().image_région.hauteur; ++y)

@@ -33,7 +33,7 @@ std::string première_province(Conversation &pilote, const Condition &convient) 
     if (province["trouvée"] == false && province["inhibée"] == false && convient(i, province))
       return point_de(pilote, i);
   }
-  throw std::runtime_error("no province is left for this answer");
+  throw std::runtime_error("no such province is left");
 }
 
 }  // namespace
@@ -61,6 +61,15 @@ std::string mauvaise_réponse(Conversation &pilote) {
   return première_province(pilote, [&](int i, const Json &province) {
     return étape == étape_régions ? province["région"] != région && !est_choisie(pilote, i) : i != question;
   });
+}
+
+std::string province_de(Conversation &pilote, std::string_view région) {
+  const Json régions = pilote.état("TableRégions");
+  for (int r = 1; r <= nombre_régions; ++r) {
+    if (régions[static_cast<std::size_t>(r)]["nom"] != région) continue;
+    return première_province(pilote, [r](int, const Json &province) { return province["région"] == r; });
+  }
+  throw std::runtime_error("no region bears the name " + std::string(région));
 }
 
 }  // namespace ardane

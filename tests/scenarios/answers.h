@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "conversation.h"
 
@@ -14,5 +15,8 @@ std::string bonne_réponse(Conversation &pilote);
 /// The same for an answer that is wrong, on something still to be found; the first in the order of the
 /// tables.
 std::string mauvaise_réponse(Conversation &pilote);
+/// The same for a province of the region of that name: the first that is neither found nor left out. Throws
+/// std::runtime_error where there is none.
+std::string province_de(Conversation &pilote, std::string_view région);
 
 }  // namespace ardane

@@ -24,10 +24,12 @@ std::vector<std::string> écrites(const Réplique &réplique) {
   return lignes;
 }
 
+constexpr std::string_view province_de_région = "province de ";
+
 /// True for what stands for something else between braces; JSON has braces of its own.
 bool est_un_nom(std::string_view texte) {
   return texte == "dossier" || texte == "bonne réponse" || texte == "mauvaise réponse" ||
-         texte.starts_with("état ");
+         texte.starts_with(province_de_région) || texte.starts_with("état ");
 }
 
 }  // namespace
@@ -94,6 +96,8 @@ std::string Joueur::valeur(std::string_view nom) {
   if (nom == "dossier") return dossier_.chemin();
   if (nom == "bonne réponse") return bonne_réponse(pilote());
   if (nom == "mauvaise réponse") return mauvaise_réponse(pilote());
+  if (nom.starts_with(province_de_région))
+    return province_de(pilote(), nom.substr(province_de_région.size()));
   const Json état = pilote().état(std::string(nom.substr(nom.find(' ') + 1)));
   return état.is_string() ? état.get<std::string>() : état.dump();
 }

@@ -242,6 +242,74 @@ TEST_P(Controls, AListTellsOfTheChoiceAndOfADoubleClick) {
   EXPECT_EQ(told.size(), 3U) << "what the program selects is no choice of the player's";
 }
 
+TEST_P(Controls, WhatADoubleClickOrEnterOpensMayFillTheListAnew) {
+  Contrôle &list = add("liste", Genre::liste);
+  list.hauteur = 80;
+  add("autre", Genre::texte);
+  list.double_clic = list.entrée = [&] {
+    told.push_back(list.choix == 0 ? "rien" : élément_choisi(list));
+    list.éléments = {"..", "dedans", "encore"};
+    list.choix = 0;
+  };
+  list.changement = tell("choix");
+  show();
+  for (const bool by_mouse : {true, false}) {
+    const auto open = [&] { by_mouse ? player->double_click("liste") : player->press_enter("liste"); };
+    list.éléments = {"..", "zoo"};
+    list.choix = 0;
+    player->windows().repeindre(window);
+    told.clear();
+    player->select("liste", 2);
+    open();
+    EXPECT_THAT(told, ElementsAre("choix", "zoo"));
+    EXPECT_THAT(player->items("liste"), ElementsAre("..", "dedans", "encore"));
+    EXPECT_EQ(player->choice("liste"), 0);
+    EXPECT_EQ(list.choix, 0);
+    EXPECT_EQ(player->focus(), "liste");
+    player->select("liste", 3);
+    open();
+    EXPECT_THAT(told, ElementsAre("choix", "zoo", "choix", "encore"));
+  }
+}
+
+TEST_P(Controls, ABoxFromAListLeavesItsChoiceAndTheFocus) {
+  Contrôle &list = add("liste", Genre::liste);
+  list.hauteur = 80;
+  list.éléments = {"un", "deux"};
+  list.double_clic = list.entrée = [&] {
+    player->boxes().montrer({Icône::exclamation, "Titre", "Texte"});
+    told.push_back(élément_choisi(list));
+  };
+  add("autre", Genre::texte);
+  show();
+  player->select("liste", 2);
+  for (int i = 0; i < 2; ++i) player->then([&] { player->answer("ok"); });
+  player->double_click("liste");
+  player->press_enter("liste");
+  EXPECT_THAT(told, ElementsAre("deux", "deux"));
+  EXPECT_EQ(player->choice("liste"), 2);
+  EXPECT_EQ(player->focus(), "liste");
+}
+
+TEST_P(Controls, AfterABoxACheckBoxStandsAsTheProgramPutsItAndSoDoItsNeighbours) {
+  Contrôle &box = add("case", Genre::case_à_cocher);
+  Contrôle &other = add("voisine", Genre::case_à_cocher);
+  box.clic = [&] {
+    player->boxes().montrer({Icône::information, "Titre", "Texte"});
+    box.coché = false;
+    other.coché = !other.coché;
+  };
+  other.clic = tell("voisine");
+  show();
+  for (const bool marked : {true, false}) {
+    player->then([&] { player->answer("ok"); });
+    player->click("case");
+    EXPECT_FALSE(player->marked("case"));
+    EXPECT_EQ(player->marked("voisine"), marked);
+  }
+  EXPECT_THAT(told, IsEmpty()) << "what the program ticks is no click of the player's";
+}
+
 TEST_P(Controls, ABarMovesWithinItsRangeAndTellsOnlyOfAChange) {
   Contrôle &bar = add("barre", Genre::barre);
   bar.max = 60;

@@ -294,6 +294,56 @@ TEST_P(Windows, ActivationMayMoveTheFocus) {
   EXPECT_EQ(player->focus(), "second");
 }
 
+TEST_P(Windows, ActivationMayFillAListThatKeepsItsChoice) {
+  Contrôle &list = add("liste", Genre::liste);
+  list.hauteur = 80;
+  list.éléments = {"b"};
+  list.choix = 1;
+  list.changement = tell("choix");
+  Contrôle &line = add("ligne", Genre::texte);
+  window.activation = [&] {
+    list.éléments = {"a", "b", "c"};
+    list.choix = 2;
+    window.focus = &line;
+  };
+  show();
+  EXPECT_THAT(player->items("liste"), ElementsAre("a", "b", "c"));
+  EXPECT_EQ(player->choice("liste"), 2);
+  EXPECT_EQ(player->focus(), "ligne");
+  EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_P(Windows, AModalWindowMayCloseUnderTheKeyOrTheMouse) {
+  add("ouvrir", Genre::bouton).clic = [&] { show_modal(dialog); };
+  const auto close = [&] {
+    told.emplace_back("fermée");
+    dialog.fermer();
+  };
+  Contrôle &list = add(dialog, "liste", Genre::liste);
+  list.hauteur = 80;
+  list.éléments = {"un", "deux"};
+  list.double_clic = list.entrée = close;
+  add(dialog, "nom", Genre::texte).entrée = close;
+  dialog.demande_de_fermeture = close;
+  show();
+  const std::vector<std::function<void()>> ways = {
+      [&] {
+        player->select("liste", 2);
+        player->double_click("liste");
+      },
+      [&] { player->press_enter("liste"); },
+      [&] { player->press_enter("nom"); },
+      [&] { player->close(); },
+  };
+  for (const auto &way : ways) {
+    told.clear();
+    player->then(way);
+    player->click("ouvrir");
+    EXPECT_THAT(told, ElementsAre("fermée"));
+    EXPECT_EQ(player->top(), "fenêtre");
+  }
+}
+
 TEST_P(Windows, TheCloseControlAsksTheWindowsHandlerOrCloses) {
   bool granted = false;
   window.demande_de_fermeture = [&] {

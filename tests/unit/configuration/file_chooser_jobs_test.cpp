@@ -382,6 +382,26 @@ TEST_F(FileChooserJobs, AConfigurationThatCannotBeWrittenIsToldAndWhatWasSetStay
   EXPECT_THAT(lire(jeux + "/classe.SCI").exclues, ElementsAre(57));
 }
 
+TEST_F(FileChooserJobs, OnAFullDiskAConfigurationIsNotWrittenAndAnotherNameMayFollow) {
+  donner_scores();
+  g().Répertoire_sauvegarde = jeux;
+  ouvrir(choix_nouveau_nom, fichier_paramétrage);
+  nommer("classe");
+  {
+    const DisquePlein disque(1000);
+    ok();
+  }
+  EXPECT_THAT(boîtes(), SizeIs(1));
+  EXPECT_TRUE(fenêtre->ouverte);
+  EXPECT_TRUE(g().Scores_non_sauvés);
+  EXPECT_EQ(scores(), scores_donnés);
+  nommer("la classe");
+  ok();
+  EXPECT_THAT(boîtes(), IsEmpty());
+  EXPECT_FALSE(fenêtre->ouverte);
+  EXPECT_EQ(lire(jeux + "/la classe.SCI").scores, scores_donnés);
+}
+
 TEST_F(FileChooserJobs, InAFolderThatTakesNoFilesAConfigurationIsNotWritten) {
   ouvrir(choix_nouveau_nom, fichier_paramétrage);
   nommer("classe");

@@ -14,33 +14,29 @@ namespace ardane {
 /// Each variable's value as text, by its name.
 using Photo = std::map<std::string, std::string>;
 
-namespace détail {
-
 template <class T>
-void photographier(std::ostream &sortie, const T &valeur) {
+void mettre_en_texte(std::ostream &sortie, const T &valeur) {
   if constexpr (std::is_arithmetic_v<T>) {
     sortie << +valeur << ' ';
   } else if constexpr (std::is_same_v<T, std::string>) {
     sortie << valeur.size() << ':' << valeur << ' ';
   } else if constexpr (requires { valeur.ligne(0); }) {
-    for (int i = T::premier; i <= T::dernier; ++i) photographier(sortie, valeur.ligne(i));
+    for (int i = T::premier; i <= T::dernier; ++i) mettre_en_texte(sortie, valeur.ligne(i));
   } else if constexpr (requires { valeur.begin(); }) {
-    for (const auto &élément : valeur) photographier(sortie, élément);
+    for (const auto &élément : valeur) mettre_en_texte(sortie, élément);
   } else if constexpr (requires { valeur.dernier(); }) {
     sortie << valeur.dernier() << ": ";
-    for (int i = T::premier; i <= valeur.dernier(); ++i) photographier(sortie, valeur(i));
+    for (int i = T::premier; i <= valeur.dernier(); ++i) mettre_en_texte(sortie, valeur(i));
   } else {
-    décrire(valeur, [&](const char *, const auto &champ) { photographier(sortie, champ); });
+    décrire(valeur, [&](const char *, const auto &champ) { mettre_en_texte(sortie, champ); });
   }
 }
-
-}  // namespace détail
 
 inline Photo photographier(const GameState &g) {
   Photo photo;
   décrire(g, [&](const char *nom, const auto &variable) {
     std::ostringstream texte;
-    détail::photographier(texte, variable);
+    mettre_en_texte(texte, variable);
     photo.emplace(nom, texte.str());
   });
   return photo;

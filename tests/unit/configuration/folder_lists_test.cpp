@@ -79,8 +79,8 @@ TEST_F(FolderLists, ManyFilesComeInOrder) {
   for (int i = nombre; i >= 1; --i) fichier("partie " + std::to_string(1000 + i) + ".SCI");
   ouvrir();
   ASSERT_THAT(fichiers().éléments, SizeIs(nombre));
-  EXPECT_EQ(fichiers().éléments.front(), "partie 1001.SCI");
-  EXPECT_EQ(fichiers().éléments.back(), "partie 1200.SCI");
+  EXPECT_EQ(fichiers().éléments.at(0), "partie 1001.SCI");
+  EXPECT_EQ(fichiers().éléments.at(nombre - 1), "partie 1200.SCI");
   EXPECT_TRUE(std::is_sorted(fichiers().éléments.begin(), fichiers().éléments.end()));
 }
 
@@ -115,7 +115,7 @@ TEST_F(FolderLists, NothingLiesAboveTheRoot) {
     listes->ouvrir(racine);
     EXPECT_EQ(listes->dossier(), "/");
     ASSERT_THAT(dossiers().éléments, testing::Not(IsEmpty()));
-    EXPECT_NE(dossiers().éléments.front(), "..");
+    EXPECT_NE(dossiers().éléments.at(0), "..");
   }
 }
 

@@ -94,6 +94,7 @@ Sélection_partie::Sélection_partie(Contexte &c)
     if (std::exchange(montrée_, true)) listes_.actualiser();
     if (c_.état.Mode_sélection == choix_nouveau_nom) focus = &contrôle(*this, "Nom_fichier");
   };
+  tic = [this] { listes_.suivre(); };
   demande_de_fermeture = [this] { annuler(); };
   contrôle(*this, "Bouton_annuler").clic = [this] { annuler(); };
   const auto accepter = [this] { choisit_un_fichier() ? charger() : enregistrer(); };

@@ -85,6 +85,7 @@ Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c)
 
   const std::string info = c.dossier.complet(g.Répertoire_info);
   const bool pour_info = g.Mode_sélection == choix_dossier_information && est_dossier(info);
+  tic = [this] { listes_.suivre(); };
   listes_.changement = [this] { contrôle(*this, "Nom_fichier").texte = avec_séparateur(listes_.dossier()); };
   listes_.ouvrir(pour_info ? info : c.dossier.chemin());
 

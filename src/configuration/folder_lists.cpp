@@ -1,6 +1,7 @@
 #include "configuration/folder_lists.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -60,6 +61,18 @@ Contenu_de_dossier lister(const std::string &dossier, std::string_view extension
   return {triés(std::move(dossiers)), triés(std::move(fichiers))};
 }
 
+/// How fine the dates of folders are at worst.
+constexpr std::chrono::seconds grain_des_dates{2};
+
+/// When a name last came or went in a folder. Nothing if that was just now, when another name may come at the
+/// same date, or if the folder is gone.
+std::optional<fs::file_time_type> date_du_dossier(const std::string &dossier) {
+  std::error_code erreur;
+  const fs::file_time_type date = fs::last_write_time(chemin_natif(dossier), erreur);
+  if (erreur || fs::file_time_type::clock::now() - date < grain_des_dates) return std::nullopt;
+  return date;
+}
+
 std::string nom_choisi(const Contrôle &liste) {
   return liste.choix == 0 ? std::string{} : élément_choisi(liste);
 }
@@ -86,7 +99,13 @@ void Listes_de_dossier::ouvrir(const std::string &dossier) {
   déclencher(changement);
 }
 
+void Listes_de_dossier::suivre() {
+  if (!date_ || date_du_dossier(dossier_) != date_) actualiser();
+}
+
 void Listes_de_dossier::actualiser() {
+  // First: what changes while the folder is read is listed the next time.
+  date_ = date_du_dossier(dossier_);
   Contenu_de_dossier contenu = lister(dossier_, extension_);
   if (dossier_ != racine) contenu.dossiers.insert(contenu.dossiers.begin(), std::string(dossier_parent));
   remplir(dossiers_, std::move(contenu.dossiers), nom_choisi(dossiers_));

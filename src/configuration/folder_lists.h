@@ -1,7 +1,9 @@
 // The two coupled lists of a chooser: the folders of the one that is open, and its files of one kind.
 #pragma once
 
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,6 +24,8 @@ class Listes_de_dossier {
   void ouvrir(const std::string &dossier);
   /// Lists the folder as it is now; what is selected stays so where it is still there.
   void actualiser();
+  /// The same if the folder's list of names has changed since.
+  void suivre();
   /// The open folder, without a separator at its end unless it is the root.
   const std::string &dossier() const { return dossier_; }
 
@@ -34,6 +38,7 @@ class Listes_de_dossier {
   Contrôle &fichiers_;
   std::string_view extension_;
   std::string dossier_;
+  std::optional<std::filesystem::file_time_type> date_;  ///< of the folder when it was listed, if it tells
 };
 
 }  // namespace ardane

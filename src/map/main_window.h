@@ -61,8 +61,6 @@ class Ecran_principal : public Fenêtre {
 
   /// The window manager moved the window: its places on the screen must be read again.
   std::function<void()> déplacement;
-  /// The 500 ms timer.
-  std::function<void()> tic;
 
  private:
   Contrôle &placer(std::string_view nom_contrôle, Contrôle *conteneur = nullptr);

@@ -123,6 +123,7 @@ class Fenêtre {
   Contrôle *bouton_annulation = nullptr;  ///< what Escape presses; mostly none
 
   std::function<void()> activation;            ///< the window has just become the active one
+  std::function<void()> tic;                   ///< twice a second, in the main window and in the one in front
   std::function<void()> demande_de_fermeture;  ///< the close control; without it the window just closes
 
   /// Adds a control on top of the stack. References stay valid until it is taken off.

@@ -33,6 +33,18 @@ std::unique_ptr<Fenêtre> fabriquer(Contexte &c) {
   return std::make_unique<F>(c);
 }
 
+/// Notes a modal window as the one in front, as long as it is shown.
+class DevantLesAutres {
+ public:
+  DevantLesAutres(std::vector<Fenêtre *> &pile, Fenêtre &fenêtre) : pile_(pile) { pile_.push_back(&fenêtre); }
+  ~DevantLesAutres() { pile_.pop_back(); }
+  DevantLesAutres(const DevantLesAutres &) = delete;
+  DevantLesAutres &operator=(const DevantLesAutres &) = delete;
+
+ private:
+  std::vector<Fenêtre *> &pile_;
+};
+
 }  // namespace
 
 Programme::Programme(const Monde &monde, const Ressources &ressources, std::string dossier)
@@ -74,7 +86,13 @@ void Programme::ouvrir_modale(std::string_view nom) {
   const auto fabrique = fabriques_.find(nom);
   if (fabrique == fabriques_.end()) throw ErreurFatale("Fenêtre inconnue : " + std::string(nom), Lieu::ici());
   const std::unique_ptr<Fenêtre> fenêtre = fabrique->second(contexte_);
+  const DevantLesAutres devant(modales_, *fenêtre);
   plateforme_.façade.montrer_modale(*fenêtre);
+}
+
+void Programme::battre() {
+  déclencher(principale_.tic);
+  if (!modales_.empty()) déclencher(modales_.back()->tic);
 }
 
 void Programme::aide(const Fenêtre &fenêtre) {

@@ -31,6 +31,9 @@ class Programme : private Ouvreur {
   /// (`principale().demande_de_fermeture`) and the menu entry `fichier_quitter`.
   bool en_cours() const { return principale_.ouverte; }
 
+  /// The 500 ms timer: for the main window, and for the modal one in front.
+  void battre();
+
   /// The F1 key in a window: opens the help at the window's context.
   void aide(const Fenêtre &fenêtre);
 
@@ -56,6 +59,7 @@ class Programme : private Ouvreur {
   Dossier_courant dossier_;
   Contexte contexte_;
   std::map<std::string_view, Fabrique> fabriques_;
+  std::vector<Fenêtre *> modales_;  ///< that are open, the one in front last
 };
 
 }  // namespace ardane

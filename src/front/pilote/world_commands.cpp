@@ -43,9 +43,8 @@ std::string_view sans_blancs_à_droite(std::string_view texte) {
 void battre(Session &s, const Arguments &a) {
   const auto nombre = lire_nombre<int>(a[0]);
   if (!nombre || *nombre < 0) throw Refus("« " + a[0] + " » n'est pas un nombre de battements");
-  Ecran_principal &principale = s.programme.principale();
-  if (!principale.ouverte || !principale.tic) throw Refus("Le programme n'est pas démarré");
-  for (int i = 0; i < *nombre; ++i) principale.tic();
+  if (!s.programme.en_cours()) throw Refus("Le programme n'est pas démarré");
+  for (int i = 0; i < *nombre; ++i) s.programme.battre();
 }
 
 void prévoir_tirages(Session &s, const Arguments &a) {

@@ -33,7 +33,7 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
       programme_.principale().déplacement();
   };
   renderer_.last_closed = [this] { loop_.quit(); };
-  heartbeat_.beat = [this] { programme_.principale().tic(); };
+  heartbeat_.beat = [this] { programme_.battre(); };
   connect(
       qApp, &QGuiApplication::commitDataRequest, this,
       [this](QSessionManager &session) {

@@ -183,6 +183,32 @@ TEST_F(FolderLists, TheFolderAsItIsNowKeepsWhatIsSelected) {
   EXPECT_THAT(ouverts, SizeIs(1)) << "the folder is the same";
 }
 
+TEST_F(FolderLists, AFileThatComesOrGoesIsSeenAtTheNextTick) {
+  ouvrir();
+  fichier("a.SCI");
+  listes->suivre();
+  EXPECT_THAT(fichiers().éléments, ElementsAre("a.SCI"));
+  fs::remove(chemin_natif(ici.fichier("a.SCI")));
+  listes->suivre();
+  EXPECT_THAT(fichiers().éléments, IsEmpty());
+}
+
+TEST_F(FolderLists, AFolderInWhichNothingHasHappenedIsNotReadAgain) {
+  const auto dater = [&](std::chrono::hours depuis) {
+    fs::last_write_time(chemin_natif(ici.chemin()), fs::file_time_type::clock::now() - depuis);
+  };
+  dater(std::chrono::hours(2));
+  const auto date = fs::last_write_time(chemin_natif(ici.chemin()));
+  ouvrir();
+  fichier("a.SCI");
+  fs::last_write_time(chemin_natif(ici.chemin()), date);
+  listes->suivre();
+  EXPECT_THAT(fichiers().éléments, IsEmpty());
+  dater(std::chrono::hours(1));
+  listes->suivre();
+  EXPECT_THAT(fichiers().éléments, ElementsAre("a.SCI"));
+}
+
 TEST_F(FolderLists, WhatIsGoneIsNoLongerSelected) {
   fichier("a.SCI");
   fichier("m.SCI");

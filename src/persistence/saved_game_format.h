@@ -3,21 +3,21 @@
 //
 //     slot 1       text, the version line of the program that wrote it
 //     slot 2       16-bit, language
-//     slot 3       text, the score file in use, or "~tmp.~ci" for a configuration that the player did not
-//     save
-//                  only with "~tmp.~ci":
+//     slot 3       text, the score file in use, or "~tmp.~ci" for a configuration that has none
+//     only with "~tmp.~ci":
 //       4 slots    16-bit, the order of play
 //       1 slot     16-bit, number of the scores that follow
-//                  the scores, level by level
+//       so many    scores, level by level
 //     1 slot       16-bit, stage in play, 1 to 4
 //     1 slot       text, the player's name
 //     1 slot       16-bit, level, 1 to 4
 //     1 slot       16-bit boolean, learning mode
 //     1 slot       32-bit, score
-//                  pairs (index, found): 330 towns in the stage Villes, none in the stage Drapeaux, else 110
-//                  provinces
-//     1100 slots   for each province, for its total and the four stages: 32-bit points lost, 16-bit boolean
-//     found 40 slots     the same for each region, once 660 slots    the same for each town, once
+//     330 slots    in the stage Villes: pairs (town, found); none in the stage Drapeaux;
+//     or 110       in the others: pairs (province, found)
+//     1100 slots   each province's total and its four stages: 32-bit points lost, 16-bit boolean found
+//     40 slots     each region: the same two
+//     660 slots    each town: the same two
 #pragma once
 
 #include <cstdint>

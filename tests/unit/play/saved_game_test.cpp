@@ -6,6 +6,8 @@
 
 #include "configuration/configuration_mode.h"
 #include "core/chooser_modes.h"
+#include "map/layers.h"
+#include "map/layout.h"
 #include "persistence/folders.h"
 #include "persistence/score_file.h"
 #include "play/map_clicks.h"
@@ -85,10 +87,25 @@ int en_jeu_dans_la_région(const GameState &g, int r, bool à_placer) {
   return nombre;
 }
 
+/// What the main window shows, control by control.
+std::vector<std::string> contrôles_affichés(Fenêtre &fenêtre) {
+  std::vector<std::string> lignes;
+  for (const Contrôle &c : fenêtre.contrôles())
+    lignes.push_back(c.nom + (c.visible ? " visible " : " hidden ") + (c.actif ? "enabled " : "disabled ") +
+                     c.texte);
+  return lignes;
+}
+
 /// What the boxes of the counter show.
 int compteur(MondeFactice &m) {
   std::string chiffres;
   for (int i = 3; i >= 1; --i) chiffres += m.e().Reste(i).texte;
+  return std::stoi(chiffres);
+}
+
+int score_affiché(MondeFactice &m) {
+  std::string chiffres;
+  for (int i = 6; i >= 1; --i) chiffres += m.e().Digit(i).texte;
   return std::stoi(chiffres);
 }
 
@@ -304,6 +321,15 @@ TEST_F(SavedGame, LearningModeIsSavedWithoutARefusalWhateverHelpHasBeenUsed) {
   EXPECT_TRUE(g().ModeApprentissage);
   EXPECT_EQ(g().Score, 999'999);
   EXPECT_EQ(g().TableProvinces(p).points_perdus(0), 1023);
+}
+
+TEST_F(SavedGame, ANameOutsideWindows1252IsSavedAsWellAsCanBe) {
+  ordonner(g(), {étape_provinces});
+  m.nouvelle_partie(2, "Ωlga Œuf");
+  m.répondre_juste();
+  EXPECT_TRUE(enregistrer_la_partie(m, "souper"));
+  EXPECT_TRUE(reprendre_la_partie(m, "souper.CAI"));
+  EXPECT_EQ(g().Nom_joueur, "?lga Œuf");
 }
 
 // --- Saving that fails
@@ -528,7 +554,6 @@ TEST_P(SavedGameTakenUp, TheGameIsUnderWayAndAsksAQuestion) {
   EXPECT_FALSE(g2.PartieClose);
   EXPECT_FALSE(g2.AprèsPartie);
   EXPECT_FALSE(g2.ConseilFicheVu);
-  EXPECT_FALSE(g2.Carte_pleine_largeur);
   EXPECT_EQ(g2.ScoreNonRetenu, GetParam().niveau == 0);
   EXPECT_EQ(g2.NbErreurs, 0);
   switch (GetParam().étape) {
@@ -539,6 +564,22 @@ TEST_P(SavedGameTakenUp, TheGameIsUnderWayAndAsksAQuestion) {
   EXPECT_TRUE(lendemain.e().que_faire.visible);
   EXPECT_EQ(lendemain.e().Boîte_score.visible, GetParam().niveau != 0);
   EXPECT_EQ(lendemain.e().Boîte_restants.texte, m.e().Boîte_restants.texte);
+}
+
+TEST_P(SavedGameTakenUp, TheMapIsLaidOutAndDrawnForTheGame) {
+  // A screen on which the map without a panel is wider.
+  lendemain.écran.taille = {800, 600};
+  lendemain.g().Largeur_écran = 800;
+  lendemain.g().Carte_pleine_largeur = true;
+  DisposerCarte(lendemain.c());
+  const double pleine_largeur = lendemain.e().Carte.largeur;
+  ASSERT_TRUE(reprendre_la_partie(lendemain, "souper.CAI"));
+  EXPECT_FALSE(lendemain.g().Carte_pleine_largeur);
+  EXPECT_LT(lendemain.e().Carte.largeur, pleine_largeur);
+  const auto contrôles = contrôles_affichés(lendemain.e());
+  RedessinerCarte(lendemain.c());
+  EXPECT_EQ(contrôles_affichés(lendemain.e()), contrôles);
+  EXPECT_EQ(score_affiché(lendemain), lendemain.g().Score);
 }
 
 TEST_P(SavedGameTakenUp, TheCountersAreRebuiltAndShownButForFlags) {
@@ -811,7 +852,7 @@ TEST_F(SavedGameWithAConfiguration, ThatLeavesOutMoreThanAtSavingHasFlagsAndRegi
   for (const int étape : {étape_drapeaux, étape_régions}) {
     ASSERT_TRUE(reprendre(OctetsPartie(étape, {étape, 0, 0, 0}, {})));
     EXPECT_THAT(écartées(), SizeIs(36));
-    if (étape == étape_drapeaux) EXPECT_EQ(g().ProvincesRestantes, 110 - 36);
+    EXPECT_EQ(g().ProvincesEnJeu, 110 - 36);
     EXPECT_EQ(g().ProvincesRestantes, à_trouver(g().TableProvinces));
     EXPECT_EQ(g().RégionsRestantes, à_trouver(g().TableRégions));
     for (int r = 1; r <= nombre_régions; ++r) {
@@ -852,15 +893,6 @@ TEST_F(SavedGameWithAConfiguration, ThatPutsProvincesBackInPlayLeavesThemFoundAs
 
 // --- Files that are refused
 
-/// What the main window shows, control by control.
-std::vector<std::string> contrôles_affichés(Fenêtre &fenêtre) {
-  std::vector<std::string> lignes;
-  for (const Contrôle &c : fenêtre.contrôles())
-    lignes.push_back(c.nom + (c.visible ? " visible " : " hidden ") + (c.actif ? "enabled " : "disabled ") +
-                     c.texte);
-  return lignes;
-}
-
 class SavedGameRefused : public SavedGame {
  protected:
   void SetUp() override {
@@ -884,7 +916,7 @@ class SavedGameRefused : public SavedGame {
     EXPECT_THAT(différences(état, relever_état(g())), IsEmpty());
     EXPECT_EQ(contrôles_affichés(m.e()), contrôles);
     EXPECT_TRUE(fs::exists(chemin_natif(chemin)));
-    if (lisible) EXPECT_EQ(lire_fichier(chemin), octets);
+    EXPECT_EQ(lisible ? lire_fichier(chemin) : "", octets);
     EXPECT_THAT(m.façade.ouvertes, IsEmpty());
   }
   void attendre_abîmé(const std::string &nom = "souper.CAI") {

@@ -78,6 +78,7 @@ Lecture_partie lire_partie(std::istream &flux) {
   contenu.nom_joueur = cases.texte(longueur_de_nom).value_or("");
   contenu.niveau = entier16_entre(cases, niveau_facile, niveau_expert);
   contenu.apprentissage = cases.booléen().value_or(false);
+  if (contenu.apprentissage && contenu.niveau != niveau_facile) cases.refuser();
   contenu.score = entier32_entre(cases, 1, score_de_départ);
   lire_trouvées(cases, contenu);
   for (int p = 1; p <= nombre_provinces; ++p)

@@ -78,7 +78,8 @@ int nombre_de_paires(int étape);
 /// A fault is an item that is not there whole; what `lire_ordre` and `lire_liste` refuse; a stage or a level
 /// outside 1..4; a stage that the order of play in the file does not have; a name of more than 120 bytes,
 /// which no score file takes; an index outside 0..110 (provinces) or 0..330 (towns). A fault is also what no
-/// game can have been left with: a score outside 1..999999, points lost below 0 or beyond a thousand million.
+/// game can have been left with: learning mode at another level than Facile, a score outside 1..999999,
+/// points lost below 0 or beyond a thousand million.
 Lecture_partie lire_partie(std::istream &flux);
 
 /// Writes a saved game. Nothing if it is whole, otherwise what failed; what was written then stays.

@@ -108,6 +108,7 @@ TEST_P(SavedGameOfAStage, IsWrittenByteByByte) {
   OctetsPartie attendu(étape, "/jeux/Été.SCI");
   attendu.changer_texte(OctetsPartie::case_fichier, "/jeux/\xC9t\xE9.SCI");
   attendu.changer(OctetsPartie::case_langue, 2);
+  attendu.changer(attendu.case_niveau, 1);
   attendu.changer(attendu.case_apprentissage, -1);
   Contenu_partie partie;
   partie.version = "Version 1.00 du 24/02/2007";
@@ -116,7 +117,7 @@ TEST_P(SavedGameOfAStage, IsWrittenByteByByte) {
   partie.en_ligne.scores = {{"unheeded", 1, 1}};
   partie.étape = static_cast<std::int16_t>(étape);
   partie.nom_joueur = "Ann";
-  partie.niveau = 2;
+  partie.niveau = 1;
   partie.apprentissage = true;
   partie.score = 987'654;
   for (int i = 1; i <= paires; ++i)
@@ -333,6 +334,17 @@ TEST(SavedGameFormat, ALevelThatCannotBePlayedIsAFault) {
   }
 }
 
+TEST(SavedGameFormat, LearningModeAtAnotherLevelThanFacileIsAFault) {
+  OctetsPartie fichier;
+  fichier.changer(fichier.case_apprentissage, -1);
+  for (const int niveau : {2, 3, 4}) {
+    fichier.changer(fichier.case_niveau, niveau);
+    EXPECT_EQ(défaut(fichier), (Défaut_de_case{7, Cause::valeur})) << niveau;
+  }
+  fichier.changer(fichier.case_niveau, 1);
+  EXPECT_EQ(défaut(fichier), std::nullopt);
+}
+
 TEST(SavedGameFormat, AScoreThatNoGameUnderWayHasIsAFault) {
   OctetsPartie fichier;
   for (const int score : {0, -1, -999'999, 1'000'000, dernier_entier}) {
@@ -405,6 +417,7 @@ TEST(SavedGameFormat, TheSameObjectMayComeTwice) {
 TEST(SavedGameFormat, AnyNumberButZeroIsTrue) {
   for (const int vrai : {1, 2, -7, 256, 32767, -32768}) {
     OctetsPartie fichier;
+    fichier.changer(fichier.case_niveau, 1);
     fichier.changer(fichier.case_apprentissage, vrai);
     fichier.changer_paire(fichier.case_paires, 1, vrai);
     fichier.changer(fichier.case_bilans + 1, vrai);

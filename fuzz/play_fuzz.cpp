@@ -1,12 +1,21 @@
-// The whole game played by bytes: clicks anywhere, dots, buttons, menus, answers to boxes, ticks. After every
-// event what must always hold is checked.
+// The whole game played by bytes: clicks anywhere, dots, buttons, menus, answers to boxes, ticks, games
+// stopped and taken up, configurations made, kept and loaded, saved games damaged on the disk. After every
+// event what must always hold is checked. The files of a run lie in a folder of its own, which the player
+// never leaves.
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "core/chooser_modes.h"
+#include "persistence/folders.h"
+#include "persistence/slot_file.h"
 #include "platform/window_layout.h"
 #include "support/fake_world.h"
 
@@ -28,8 +37,8 @@ class Octets {
   std::size_t place_ = 0;
 };
 
-/// Events played by all runs, told at the end.
-long événements = 0;
+/// Played by all runs, told at the end.
+long événements = 0, enregistrées = 0, reprises = 0, abîmées = 0, paramétrages = 0;
 
 [[noreturn]] void faute(const char *règle) {
   std::fprintf(stderr, "broken: %s\n", règle);
@@ -58,10 +67,99 @@ int compter_régions(const GameState &g) {
   return restantes;
 }
 
+bool en_jeu(const GameState &g) {
+  return g.Etape >= étape_provinces && g.Etape <= étape_régions;
+}
+
+bool paramétrage_affiché(const GameState &g) {
+  return g.Etape == étape_paramétrage_affiché || g.Etape == étape_paramétrage_défini;
+}
+
+// --- A game taken up is the one that was saved
+
+bool mêmes_statistiques(const GameState &a, const GameState &b) {
+  for (int p = 1; p <= nombre_provinces; ++p)
+    for (int k = 0; k <= nombre_jeux; ++k)
+      if (a.TableProvinces(p).points_perdus(k) != b.TableProvinces(p).points_perdus(k) ||
+          a.TableProvinces(p).trouvée_étape(k) != b.TableProvinces(p).trouvée_étape(k))
+        return false;
+  const auto mêmes = [](const auto &une, const auto &autre) {
+    for (int i = 1; i <= une.dernier; ++i)
+      if (une(i).points_perdus != autre(i).points_perdus || une(i).trouvée_étape != autre(i).trouvée_étape)
+        return false;
+    return true;
+  };
+  return mêmes(a.TableRégions, b.TableRégions) && mêmes(a.TableVilles, b.TableVilles);
+}
+
+bool mêmes_scores(const GameState &a, const GameState &b) {
+  for (int niveau = 1; niveau <= plus_haut_niveau; ++niveau) {
+    if (a.Nombre_scores(niveau) != b.Nombre_scores(niveau)) return false;
+    for (int rang = 1; rang <= nombre_rangs; ++rang)
+      if (a.Meilleurs_scores(niveau, rang).nom != b.Meilleurs_scores(niveau, rang).nom ||
+          a.Meilleurs_scores(niveau, rang).score != b.Meilleurs_scores(niveau, rang).score)
+        return false;
+  }
+  return true;
+}
+
+bool mêmes_trouvées(const auto &a, const auto &b) {
+  for (int i = 1; i <= a.dernier; ++i)
+    if (a(i).trouvée != b(i).trouvée) return false;
+  return true;
+}
+
+bool mêmes_exclusions(const GameState &a, const GameState &b) {
+  for (int p = 1; p <= nombre_provinces; ++p)
+    if (a.TableProvinces(p).inhibée != b.TableProvinces(p).inhibée) return false;
+  return true;
+}
+
+/// `nommé_est_là`: the score file that the game was played under is on the disk.
+void vérifier_reprise(const GameState &avant, const GameState &après, bool nommé_est_là) {
+  exiger(après.Nom_joueur == avant.Nom_joueur && après.Niveau == avant.Niveau &&
+             après.ModeApprentissage == avant.ModeApprentissage && après.Langue == avant.Langue &&
+             après.ScoreNonRetenu == avant.ModeApprentissage,
+         "a game taken up has its player, level, mode and language");
+  exiger(mêmes_statistiques(avant, après), "a game taken up has its statistics");
+  const bool mêmes = mêmes_exclusions(avant, après);
+  if (après.Etape != avant.Etape) {
+    exiger(!mêmes && avant.Etape == étape_régions, "a game taken up stands in its stage");
+    return;
+  }
+  exiger(après.Score == avant.Score, "a game taken up has its score");
+  exiger(!après.PartieVierge && !après.PartieClose && !après.AprèsPartie && !après.ConseilFicheVu,
+         "a game taken up is under way");
+  if (paramétrage_temporaire(avant)) {
+    exiger(paramétrage_temporaire(après) && mêmes_scores(avant, après) &&
+               std::equal(avant.Ordre_jeux.begin(), avant.Ordre_jeux.end(), après.Ordre_jeux.begin()),
+           "a game taken up has the configuration that no file keeps");
+  } else {
+    exiger(!nommé_est_là || après.Fichier_lancement == avant.Fichier_lancement,
+           "a game taken up has its score file");
+  }
+  switch (après.Etape) {
+    case étape_villes:
+      exiger(mêmes_trouvées(avant.TableVilles, après.TableVilles), "a game taken up has its towns");
+      exiger(!mêmes || mêmes_trouvées(avant.TableProvinces, après.TableProvinces),
+             "a province is complete when its towns are");
+      break;
+    case étape_régions:
+      exiger(!mêmes || mêmes_trouvées(avant.TableRégions, après.TableRégions),
+             "a game taken up has its regions");
+      [[fallthrough]];
+    case étape_provinces:
+      exiger(mêmes_trouvées(avant.TableProvinces, après.TableProvinces), "a game taken up has its provinces");
+      break;
+    default: break;
+  }
+}
+
 /// One run: the player's part is played by the bytes.
 class Joueur {
  public:
   explicit Joueur(Octets octets) : octets_(octets) {
+    std::filesystem::create_directory(chemin_natif(monde_.dossier.fichier("jeux")));
     monde_.façade.joueur = [this](Fenêtre &f) { dans_la_fenêtre(f); };
     monde_.démarrer();
   }
@@ -70,11 +168,11 @@ class Joueur {
     while (!octets_.épuisés() && monde_.programme.en_cours()) {
       préparer_réponses();
       const int score = monde_.g().Score;
-      const bool en_jeu = monde_.g().Etape != étape_repos;
+      const bool jouait = en_jeu(monde_.g());
       nouvelle_ = false;
       événement();
       ++événements;
-      if (monde_.programme.en_cours()) vérifier(score, en_jeu);
+      if (monde_.programme.en_cours()) vérifier(score, jouait);
       monde_.oublier();
     }
   }
@@ -93,7 +191,8 @@ class Joueur {
 
   void événement() {
     GameState &g = monde_.g();
-    switch (octets_.parmi(12)) {
+    if (paramétrage_affiché(g) && octets_.parmi(2) == 0) return toucher_au_paramétrage();
+    switch (octets_.parmi(18)) {
       case 0: menu(); break;
       case 1: monde_.e().tic(); break;
       case 2: bouton(monde_.e().Bouton_gruge); break;
@@ -105,7 +204,24 @@ class Joueur {
       case 8:
         if (g.Etape == étape_villes) repère_de(g.VilleCourante);
         break;
+      case 9: entrée_de_fichier(); break;
+      case 10:
+        if (octets_.parmi(8) == 0) abîmer_une_partie();
+        break;
       default: territoire(g.ProvinceCourante); break;
+    }
+  }
+
+  void toucher_au_paramétrage() {
+    Ecran_principal &e = monde_.e();
+    switch (octets_.parmi(12)) {
+      case 0: bouton(e.BTN(1)); break;
+      case 1: bouton(e.BTN(2)); break;
+      case 2: bouton(e.BTN_Sauvegarde); break;
+      case 3: bouton(e.BTN_Démarrage); break;
+      case 4:
+      case 5: territoire(octets_.parmi(nombre_provinces) + 1); break;
+      default: bouton(e.Bouton(octets_.parmi(16) + 1)); break;
     }
   }
 
@@ -113,7 +229,15 @@ class Joueur {
     std::vector<Contrôle *> entrées;
     for (Contrôle &c : monde_.e().contrôles())
       if (c.genre == Genre::menu && c.clic && est_utilisable(c) && c.nom != "menu_inf") entrées.push_back(&c);
-    cliquer(monde_.e(), *entrées[static_cast<std::size_t>(octets_.parmi(static_cast<int>(entrées.size())))]);
+    Contrôle &choisie = *entrées[static_cast<std::size_t>(octets_.parmi(static_cast<int>(entrées.size())))];
+    // To quit ends the run: not often.
+    if (choisie.nom != "fichier_quitter" || octets_.parmi(8) == 0) cliquer(monde_.e(), choisie);
+  }
+
+  void entrée_de_fichier() {
+    static constexpr std::array<std::string_view, 4> noms = {"fichier_nouveau", "Fichier_enregistrer",
+                                                             "Fichier_lire", "menu_définir"};
+    bouton(monde_.e().menu(noms[static_cast<std::size_t>(octets_.parmi(4))]));
   }
 
   void bouton(Contrôle &b) {
@@ -144,20 +268,119 @@ class Joueur {
     if (région.nombre_provinces > 0) territoire(région.membres(octets_.parmi(région.nombre_provinces) + 1));
   }
 
+  // --- Windows
+
   void dans_la_fenêtre(Fenêtre &f) {
-    exiger(++fenêtres_ == 1, "one modal window at a time");
-    if (f.nom == "nouvelle_partie") {
-      nouvelle_ = true;
-      static const char *const options[] = {"Niveau_apprentissage", "niveau_facile", "niveau_moyen",
-                                            "niveau_difficile", "niveau_expert"};
-      saisir(contrôle(f, "boîte_nom_joueur"), "Ann");
-      cliquer(f, contrôle(f, options[octets_.parmi(5)]));
-      cliquer(f, contrôle(f, octets_.parmi(8) == 0 ? "Bouton_annuler" : "bouton_sortie"));
-    }
-    --fenêtres_;
+    fenêtres_.push_back(f.nom);
+    const bool top_ten_au_dessus = fenêtres_.size() == 2 && fenêtres_.front() == "Sélection_partie" &&
+                                   fenêtres_.back() == "Affichage_scores";
+    exiger(fenêtres_.size() == 1 || top_ten_au_dessus, "one modal window at a time, or the top ten above it");
+    if (f.nom == "nouvelle_partie") préparer_une_partie(f);
+    if (f.nom == "Sélection_partie") choisir_un_fichier(f);
+    fenêtres_.pop_back();
   }
 
-  void vérifier(int score, bool en_jeu) {
+  void préparer_une_partie(Fenêtre &f) {
+    nouvelle_ = true;
+    static const char *const options[] = {"Niveau_apprentissage", "niveau_facile", "niveau_moyen",
+                                          "niveau_difficile", "niveau_expert"};
+    saisir(contrôle(f, "boîte_nom_joueur"), "Ann");
+    cliquer(f, contrôle(f, options[octets_.parmi(5)]));
+    cliquer(f, contrôle(f, octets_.parmi(8) == 0 ? "Bouton_annuler" : "bouton_sortie"));
+  }
+
+  void choisir_un_fichier(Fenêtre &f) {
+    const GameState avant = monde_.g();
+    for (int fois = octets_.parmi(6) + 1; fois > 0 && f.ouverte; --fois) {
+      switch (octets_.parmi(8)) {
+        case 0: changer_de_dossier(f); break;
+        case 1: cliquer(f, contrôle(f, "Bouton_annuler")); break;
+        case 2: demander_fermeture(f); break;
+        default: choisir_ou_nommer(f); break;
+      }
+    }
+    if (!f.ouverte && choix_fait_) suivre_le_choix(f, avant);
+    choix_fait_ = false;
+  }
+
+  std::string dossier_ouvert(Fenêtre &f) { return contrôle(f, "Dossier_ouvert").infobulle; }
+
+  /// Into the one folder there is, and out again, but no further.
+  void changer_de_dossier(Fenêtre &f) {
+    Contrôle &liste = contrôle(f, "Répertoire");
+    const bool en_haut = dossier_ouvert(f) == monde_.dossier.chemin();
+    const auto place = std::find(liste.éléments.begin(), liste.éléments.end(), en_haut ? "jeux" : "..");
+    exiger(place != liste.éléments.end(), "a folder is listed");
+    choisir(liste, static_cast<int>(place - liste.éléments.begin()) + 1);
+    déclencher(liste.double_clic);
+  }
+
+  void choisir_ou_nommer(Fenêtre &f) {
+    Contrôle &fichiers = contrôle(f, "Fichier"), &nom = contrôle(f, "Nom_fichier");
+    static const std::array<std::string, 10> noms = {"a", "b",  "c", "d.x",    "été",
+                                                     "",  "  ", ".", "x/../y", std::string(300, 'n')};
+    if (!fichiers.éléments.empty())
+      choisir(fichiers, octets_.parmi(static_cast<int>(fichiers.éléments.size())) + 1);
+    if (nom.visible && octets_.parmi(4) != 0)
+      saisir(nom, noms[static_cast<std::size_t>(octets_.parmi(static_cast<int>(noms.size())))]);
+    choix_fait_ = true;
+    switch (octets_.parmi(4)) {
+      case 0: déclencher(fichiers.double_clic); break;
+      case 1:
+        if (nom.visible) entrer(f, nom);
+        break;
+      default: cliquer(f, contrôle(f, "Bouton_OK")); break;
+    }
+    choix_fait_ = choix_fait_ && !f.ouverte;
+  }
+
+  /// The chooser has done what it was opened for.
+  void suivre_le_choix(Fenêtre &f, const GameState &avant) {
+    const GameState &g = monde_.g();
+    const bool lit = g.Mode_sélection == choix_fichier;
+    const std::string chemin = Joindre_chemin(
+        dossier_ouvert(f), lit ? élément_choisi(contrôle(f, "Fichier")) : contrôle(f, "Nom_fichier").texte);
+    if (g.Type_fichier == fichier_paramétrage) {
+      ++paramétrages;
+      exiger(g.Etape == étape_repos, "a configuration chosen leaves the program idle");
+    } else if (lit) {
+      ++reprises;
+      nouvelle_ = true;
+      exiger(!fichier_existe(chemin), "a game is taken up once");
+      const auto partie = parties_.find(chemin);
+      if (partie == parties_.end()) return;
+      vérifier_reprise(partie->second, g,
+                       fichier_existe(monde_.c().dossier.complet(partie->second.Fichier_lancement)));
+      parties_.erase(partie);
+    } else {
+      ++enregistrées;
+      exiger(est_fichier_ordinaire(chemin), "a game saved is on the disk");
+      exiger(g.Etape == étape_repos && g.PartieVierge && g.PartieClose, "a game saved is over on the screen");
+      parties_[chemin] = avant;
+    }
+  }
+
+  /// A byte of a saved game turned into another. Not of what names other files, and of no file that holds a
+  /// configuration of its own, which is trusted further than a game.
+  void abîmer_une_partie() {
+    if (parties_.empty()) return;
+    auto partie = parties_.begin();
+    std::advance(partie, octets_.parmi(static_cast<int>(parties_.size())));
+    if (paramétrage_temporaire(partie->second)) return;
+    std::string octets = lire_fichier(partie->first);
+    const int cases = static_cast<int>(octets.size() / taille_de_case);
+    const int numéro = octets_.parmi(3) == 0 ? octets_.parmi(cases) + 1 : octets_.parmi(10) + 1;
+    if (numéro == case_du_fichier_lancement) return;
+    const auto place = static_cast<std::size_t>(numéro - 1) * taille_de_case + octets_.octet() % 4;
+    octets[place] = static_cast<char>(octets_.octet());
+    écrire_fichier(partie->first, octets);
+    parties_.erase(partie);
+    ++abîmées;
+  }
+
+  // --- What must always hold
+
+  void vérifier(int score, bool jouait) {
     const GameState &g = monde_.g();
     switch (g.Etape) {
       case étape_provinces:
@@ -174,28 +397,77 @@ class Joueur {
         exiger(g.RégionsRestantes == 0 || g.RégionCourante > 0, "a region is asked");
         exiger(g.ResteRégion >= 1 && g.ResteRégion <= g.TailleRégion, "a selection under way is not full");
         break;
-      default: exiger(g.Etape == étape_repos, "the mode is one of play or idle"); break;
+      case étape_paramétrage_affiché:
+      case étape_paramétrage_défini: vérifier_grille(); break;
+      default: exiger(g.Etape == étape_repos, "the mode is one of those there are"); break;
     }
-    exiger(!en_jeu || g.Etape == étape_repos || nouvelle_ || g.Score <= score, "the score never rises");
+    exiger(!jouait || !en_jeu(g) || nouvelle_ || g.Score <= score, "the score never rises");
     exiger(g.NbErreurs >= 0 && g.NbErreurs < erreurs_permises, "errors of a question stay below ten");
-    exiger(g.Etape == étape_repos || g.Score > 0, "a game goes on with points only");
+    exiger(!en_jeu(g) || g.Score > 0, "a game goes on with points only");
+    vérifier_paramétrage();
     for (int niveau = 1; niveau <= plus_haut_niveau; ++niveau)
       for (int rang = 2; rang <= g.Nombre_scores(niveau); ++rang)
         exiger(g.Meilleurs_scores(niveau, rang - 1).score >= g.Meilleurs_scores(niveau, rang).score,
                "the top ten descends");
   }
 
+  /// One stage a position, one position a stage, positions without a hole.
+  void vérifier_grille() {
+    std::array<int, nombre_jeux> par_jeu{};
+    bool trou = false;
+    for (int position = 0; position < nombre_jeux; ++position) {
+      int jeux = 0;
+      for (int jeu = 0; jeu < nombre_jeux; ++jeu) {
+        if (!monde_.e().Bouton(position * nombre_jeux + jeu + 1).coché) continue;
+        ++jeux;
+        ++par_jeu[static_cast<std::size_t>(jeu)];
+      }
+      exiger(jeux <= 1, "one stage a position");
+      exiger(jeux == 0 || !trou, "positions are contiguous");
+      exiger(position > 0 || jeux == 1, "some stage comes first");
+      trou = jeux == 0;
+    }
+    for (const int positions : par_jeu) exiger(positions <= 1, "one position a stage");
+  }
+
+  void vérifier_paramétrage() {
+    const GameState &g = monde_.g();
+    Ecran_principal &e = monde_.e();
+    const bool défini = g.Etape == étape_paramétrage_défini;
+    exiger(e.Bouton(1).visible == paramétrage_affiché(g), "the panel is there in its two modes");
+    exiger(e.BTN(1).visible == défini && e.BTN(2).visible == défini, "its buttons are there to edit it");
+    exiger(e.menu("menu_fichier").actif != défini, "the menus are closed while it is edited");
+    exiger(g.Ordre_jeux(1) != aucun_jeu, "something is played");
+    bool fini = false;
+    for (const std::int16_t jeu : g.Ordre_jeux) {
+      exiger(jeu >= 0 && jeu <= nombre_jeux, "what is played are stages");
+      exiger(jeu == aucun_jeu || !fini, "the order of play has no hole");
+      exiger(jeu == aucun_jeu || std::count(g.Ordre_jeux.begin(), g.Ordre_jeux.end(), jeu) == 1,
+             "no stage is played twice");
+      fini = jeu == aucun_jeu;
+    }
+  }
+
+  static constexpr int case_du_fichier_lancement = 3;
+
   Octets octets_;
   MondeFactice monde_;
-  int fenêtres_ = 0;
-  bool nouvelle_ = false;
+  std::vector<std::string> fenêtres_;         ///< open modal windows, the lowest first
+  std::map<std::string, GameState> parties_;  ///< saved games, undamaged, by their files
+  bool nouvelle_ = false;                     ///< the event has put another game in the place of the last
+  bool choix_fait_ = false;                   ///< the chooser was left by a choice
 };
 
 }  // namespace
 }  // namespace ardane
 
 extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/) {
-  return std::atexit([] { std::fprintf(stderr, "%ld events played\n", ardane::événements); });
+  return std::atexit([] {
+    using namespace ardane;
+    std::fprintf(stderr,
+                 "%ld events played: %ld games saved, %ld taken up, %ld damaged; %ld configurations chosen\n",
+                 événements, enregistrées, reprises, abîmées, paramétrages);
+  });
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *données, std::size_t taille) {

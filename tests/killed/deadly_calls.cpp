@@ -30,7 +30,7 @@ Journal &journal() {
 bool compté = false;
 int fatal = 0;
 
-/// Counts a call; true if it is the one before which the process dies.
+/// Counts a call; true if it is the one that the process dies at.
 bool est_fatal(const char *nom) {
   if (!compté) return false;
   Journal &j = journal();
@@ -47,9 +47,15 @@ Fonction *de_la_bibliothèque(const char *nom) {
   return reinterpret_cast<Fonction *>(dlsym(RTLD_NEXT, nom));
 }
 
+template <class Fonction>
+auto appel(const char *nom, const auto &faire) {
+  if (est_fatal(nom)) mourir();
+  return faire(de_la_bibliothèque<Fonction>(nom));
+}
+
 }  // namespace
 
-Fin tuer_avant_l_appel(int n, const std::function<int()> &action) {
+Fin tuer_à_l_appel(int n, const std::function<int()> &action) {
   journal().nombre = 0;
   std::fflush(nullptr);
   const pid_t enfant = fork();
@@ -57,7 +63,8 @@ Fin tuer_avant_l_appel(int n, const std::function<int()> &action) {
   if (enfant == 0) {
     fatal = n;
     compté = true;
-    const int code = action();
+    // An exception must not lead it back into the tests.
+    const int code = [&]() noexcept { return action(); }();
     compté = false;
     _exit(code);
   }
@@ -75,20 +82,14 @@ std::vector<std::string> appels_du_dernier() {
 
 // --- The calls
 
-template <class Fonction>
-auto appel(const char *nom, const auto &faire) {
-  if (ardane::est_fatal(nom)) ardane::mourir();
-  return faire(ardane::de_la_bibliothèque<Fonction>(nom));
-}
-
 extern "C" {
 
 FILE *fopen64(const char *chemin, const char *mode) {
-  return appel<decltype(fopen64)>("fopen64", [&](auto *suivante) { return suivante(chemin, mode); });
+  return ardane::appel<decltype(fopen64)>("fopen64", [&](auto *suivante) { return suivante(chemin, mode); });
 }
 
 int fclose(FILE *fichier) {
-  return appel<decltype(fclose)>("fclose", [&](auto *suivante) { return suivante(fichier); });
+  return ardane::appel<decltype(fclose)>("fclose", [&](auto *suivante) { return suivante(fichier); });
 }
 
 /// What dies here has written half.
@@ -110,15 +111,15 @@ ssize_t writev(int fichier, const iovec *blocs, int nombre) {
 }
 
 int fchmodat(int dossier, const char *chemin, mode_t droits, int options) noexcept {
-  return appel<decltype(fchmodat)>(
+  return ardane::appel<decltype(fchmodat)>(
       "fchmodat", [&](auto *suivante) { return suivante(dossier, chemin, droits, options); });
 }
 
 int rename(const char *ancien, const char *nouveau) noexcept {
-  return appel<decltype(rename)>("rename", [&](auto *suivante) { return suivante(ancien, nouveau); });
+  return ardane::appel<decltype(rename)>("rename", [&](auto *suivante) { return suivante(ancien, nouveau); });
 }
 
 int remove(const char *chemin) noexcept {
-  return appel<decltype(remove)>("remove", [&](auto *suivante) { return suivante(chemin); });
+  return ardane::appel<decltype(remove)>("remove", [&](auto *suivante) { return suivante(chemin); });
 }
 }

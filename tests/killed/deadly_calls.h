@@ -16,7 +16,7 @@ struct Fin {
 
 /// Runs `action` in a child process, which dies before the n-th call, counted from 1, or half-way through it
 /// if it writes. With 0 it lives, and ends with what `action` returns.
-Fin tuer_avant_l_appel(int n, const std::function<int()> &action);
+Fin tuer_à_l_appel(int n, const std::function<int()> &action);
 
 /// The names of the calls that the last child has made, the one included that it died of.
 std::vector<std::string> appels_du_dernier();

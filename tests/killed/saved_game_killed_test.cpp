@@ -12,6 +12,7 @@ namespace ardane {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::AnyOf;
 using testing::Contains;
 
 using Fichiers = std::map<std::string, std::string>;
@@ -48,7 +49,7 @@ class KilledRun : public testing::Test {
     const Fichiers avant = fichiers();
     for (int n = 1; n < 1000; ++n) {
       poser(avant);
-      const Fin fin = tuer_avant_l_appel(n, action);
+      const Fin fin = tuer_à_l_appel(n, action);
       if (!fin.tué) {
         EXPECT_EQ(fin.code, 0);
         return n - 1;
@@ -64,10 +65,10 @@ class KilledRun : public testing::Test {
 TEST_F(KilledRun, SavingAGamePutsItOnTheDiskWholeAndNothingElseIsLost) {
   const auto enregistrer = [&] { return enregistrer_la_partie(m, "souper") ? 0 : 1; };
   const Fichiers avant = fichiers();
-  ASSERT_EQ(tuer_avant_l_appel(0, enregistrer).code, 0);
+  ASSERT_EQ(tuer_à_l_appel(0, enregistrer).code, 0);
   // The new name is the last that comes.
   EXPECT_EQ(appels_du_dernier().back(), "rename");
-  EXPECT_THAT(appels_du_dernier(), Contains("writev"));
+  EXPECT_THAT(appels_du_dernier(), Contains(AnyOf("write", "writev")));
   const Fichiers après = fichiers();
   ASSERT_EQ(après.at("souper.CAI").size(), 1918U * 128U);
   ASSERT_EQ(après.size(), avant.size() + 1);
@@ -77,7 +78,7 @@ TEST_F(KilledRun, SavingAGamePutsItOnTheDiskWholeAndNothingElseIsLost) {
     const std::string appel = appels_du_dernier().back();
     EXPECT_EQ(fichiers(), avant) << "call " << n << ", " << appel;
     // What is left half done is in nobody's way.
-    EXPECT_EQ(tuer_avant_l_appel(0, enregistrer).code, 0) << n << ", " << appel;
+    EXPECT_EQ(tuer_à_l_appel(0, enregistrer).code, 0) << n << ", " << appel;
     EXPECT_EQ(fichiers(), après) << n << ", " << appel;
   });
   EXPECT_GE(moments, 5);
@@ -90,7 +91,7 @@ TEST_F(KilledRun, TakingUpAGameLeavesItOnTheDiskUntilItStandsOnTheScreen) {
     return m.g().ProvincesRestantes == 105 && !m.g().PartieVierge ? 0 : 2;
   };
   const Fichiers avant = fichiers();
-  ASSERT_EQ(tuer_avant_l_appel(0, reprendre).code, 0);
+  ASSERT_EQ(tuer_à_l_appel(0, reprendre).code, 0);
   EXPECT_EQ(appels_du_dernier().back(), "remove");
   EXPECT_FALSE(fichier_existe(m.dossier.fichier("souper.CAI")));
 

@@ -55,6 +55,10 @@ struct Forme {
   int étape, paires;
 };
 
+void PrintTo(const Forme &forme, std::ostream *flux) {
+  *flux << "stage " << forme.étape;
+}
+
 class SavedGameOfAStage : public testing::TestWithParam<Forme> {};
 
 INSTANTIATE_TEST_SUITE_P(Stages, SavedGameOfAStage,

@@ -524,6 +524,10 @@ class SavedGameTakenUp : public SavedGame, public testing::WithParamInterface<Re
   MondeFactice lendemain;
 };
 
+void PrintTo(const Reprise &reprise, std::ostream *flux) {
+  *flux << "stage " << reprise.étape << ", level " << reprise.niveau;
+}
+
 std::vector<Reprise> toutes_les_reprises() {
   std::vector<Reprise> reprises;
   for (const int étape : {1, 2, 3, 4})

@@ -93,6 +93,8 @@ bool prend_le_clavier(const Contrôle &contrôle) {
     case Genre::option:
     case Genre::liste:
     case Genre::barre: return true;
+    // Most pictures are there to be looked at.
+    case Genre::image: return contrôle.ordre_tabulation >= 0;
     default: return false;
   }
 }
@@ -207,7 +209,7 @@ void entrer(Fenêtre &fenêtre, Contrôle &contrôle) {
     saisir(contrôle, contrôle.texte + '\n');
   else if (contrôle.entrée)
     déclencher(contrôle.entrée);
-  else if (contrôle.genre == Genre::bouton)
+  else if (contrôle.genre == Genre::bouton || contrôle.genre == Genre::image)
     cliquer(fenêtre, contrôle);
   else
     presser(fenêtre.bouton_défaut);

@@ -136,8 +136,6 @@ class Ouvreur {
   virtual ~Ouvreur() = default;
   /// Builds the window, shows it and returns when it has closed.
   virtual void ouvrir_modale(std::string_view nom) = 0;
-  /// True if there is a window of that name to open.
-  virtual bool existe(std::string_view nom) const = 0;
 };
 
 /// The world of one run, as its front end makes it.

@@ -1,6 +1,8 @@
 #include "front/qt/picture_views.h"
 
+#include <QAbstractButton>
 #include <QPainter>
+#include <QStyleOptionFocusRect>
 
 #include "front/qt/appearance.h"
 #include "front/qt/child.h"
@@ -11,25 +13,37 @@
 namespace ardane {
 namespace {
 
-/// Shows one picture over its whole surface.
-class PictureWidget : public QWidget {
+/// Around a picture that is clicked: room for the mark of the focus, and for a hand that is not that steady.
+constexpr int button_margin = 4;
+
+/// Shows one picture within a margin.
+template <class Widget, int margin>
+class PictureWidget : public Widget {
  public:
   PictureWidget(const Contrôle &control, PictureStore &pictures, QWidget *parent)
-      : QWidget(parent), control_(control), pictures_(pictures) {}
+      : Widget(parent), control_(control), pictures_(pictures) {}
 
  protected:
   void paintEvent(QPaintEvent *) override {
-    const QPixmap &pixmap = pictures_.pixmap(control_.image, devicePixelRatioF());
-    if (pixmap.isNull()) return;
+    const QPixmap &pixmap = pictures_.pixmap(control_.image, this->devicePixelRatioF());
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(rect(), pixmap);
+    if (!pixmap.isNull()) painter.drawPixmap(this->rect().adjusted(margin, margin, -margin, -margin), pixmap);
+    if (this->hasFocus()) draw_focus(painter);
+  }
+  void draw_focus(QPainter &painter) {
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    this->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
   }
 
  private:
   const Contrôle &control_;
   PictureStore &pictures_;
 };
+
+using PlainPicture = PictureWidget<QWidget, 0>;
+using PictureButton = PictureWidget<QAbstractButton, button_margin>;
 
 Pointing pointing_of(Fenêtre &window) {
   auto *main = dynamic_cast<Ecran_principal *>(&window);
@@ -41,9 +55,25 @@ Pointing pointing_of(Fenêtre &window) {
 }  // namespace
 
 PictureView::PictureView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, make_child<PictureWidget>(control, context.pictures, parent)) {}
+    : ControlView(control, context, make_child<PlainPicture>(control, context.pictures, parent)) {}
 
 void PictureView::sync() {
+  ControlView::sync();
+  if (control().image == shown_) return;
+  shown_ = control().image;
+  widget().update();
+}
+
+PictureButtonView::PictureButtonView(Contrôle &control, const ViewContext &context, QWidget *parent)
+    : ControlView(control, context, make_child<PictureButton>(control, context.pictures, parent)) {
+  connect(static_cast<QAbstractButton *>(&widget()), &QAbstractButton::clicked, this, [this] { click(); });
+}
+
+QRect PictureButtonView::place() const {
+  return ControlView::place().adjusted(-button_margin, -button_margin, button_margin, button_margin);
+}
+
+void PictureButtonView::sync() {
   ControlView::sync();
   if (control().image == shown_) return;
   shown_ = control().image;

@@ -20,6 +20,18 @@ class PictureView : public ControlView {
   Image shown_;
 };
 
+/// A picture that the keyboard reaches, and a screen reader takes for a button.
+class PictureButtonView : public ControlView {
+ public:
+  PictureButtonView(Contrôle &control, const ViewContext &context, QWidget *parent);
+  void sync() override;
+
+ private:
+  QRect place() const override;
+
+  Image shown_;
+};
+
 /// A box that holds pictures.
 class PictureBoxView : public ControlView {
  public:

@@ -23,7 +23,9 @@ class WholeArea : public Button {
 
 std::unique_ptr<ControlView> make_view(Contrôle &control, const ViewContext &context, QWidget *parent) {
   switch (control.genre) {
-    case Genre::image: return std::make_unique<PictureView>(control, context, parent);
+    case Genre::image:
+      if (prend_le_clavier(control)) return std::make_unique<PictureButtonView>(control, context, parent);
+      return std::make_unique<PictureView>(control, context, parent);
     case Genre::étiquette: return std::make_unique<LabelView>(control, context, parent);
     case Genre::cadre: return std::make_unique<FrameView>(control, context, parent);
     case Genre::texte:

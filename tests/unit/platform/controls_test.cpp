@@ -36,9 +36,10 @@ TEST_F(WindowsAsData, TheKeyboardVisitsRanksFirstThenTheOthersAsTheyWereMade) {
   ajouter("a", Genre::liste, 1);
   ajouter("compteur", Genre::texte).lecture_seule = true;
   ajouter("d", Genre::texte, 7).lecture_seule = true;
-  ajouter("image", Genre::image, 2);
+  ajouter("tableau", Genre::image);
+  ajouter("pastille", Genre::image, 2);
   ajouter("e", Genre::barre);
-  EXPECT_THAT(ordre(), ElementsAre("a", "c", "d", "b", "e"));
+  EXPECT_THAT(ordre(), ElementsAre("a", "pastille", "c", "d", "b", "e"));
 }
 
 TEST_F(WindowsAsData, AFocusThatCannotBeGoesToTheNextAndRoundToTheFirst) {

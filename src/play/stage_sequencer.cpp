@@ -1,5 +1,6 @@
 #include "play/stage_sequencer.h"
 
+#include "core/announcement.h"
 #include "core/game_state.h"
 #include "core/sound.h"
 #include "map/configuration_panel.h"
@@ -111,6 +112,21 @@ void RevenirAuRepos(Contexte &c) {
   MasquerCarte(c);
   MasquerPanneau(c);
   MasquerParamétrage(c);
+}
+
+void Révision(Contexte &c) {
+  if (!ConfirmerAbandon(c)) return;
+  GameState &g = c.état;
+  g.Etape = étape_révision;
+  g.Niveau = niveau_facile;
+  RemiseAZéroCarte(c);
+  g.PartieVierge = true;
+  MasquerPanneau(c);
+  MasquerParamétrage(c);
+  g.Carte_pleine_largeur = true;
+  DisposerCarte(c);
+  RedessinerCarte(c);
+  annoncer(c, Message::à_propos, Message::conseil_fiches_des_pays);
 }
 
 bool ConfirmerAbandon(Contexte &c) {

@@ -11,6 +11,8 @@ void NouvellePartie(Contexte &c);
 void EtapeSuivante(Contexte &c);
 /// No game: the map blank, the panels away, the menus open. The layout stays.
 void RevenirAuRepos(Contexte &c);
+/// The menu entry `Menu_révision`: the whole map with every name, every card a click away.
+void Révision(Contexte &c);
 /// Asks before a running game is dropped, and scores it as abandoned. False if the player keeps it; nothing
 /// has changed then.
 bool ConfirmerAbandon(Contexte &c);

@@ -59,7 +59,6 @@ Affichage_scores::Affichage_scores(Contexte &c) : Fenêtre("Affichage_scores") {
   Contrôle &statistiques = contrôle(*this, "BoutonStatistiques");
   statistiques.image = c.ressources.images.chercher("Affichage_scores.BoutonStatistiques");
   statistiques.visible = c.état.AprèsPartie;
-  statistiques.actif = c.plateforme.fenêtres.existe("Stats");
   statistiques.clic = [&c] { c.plateforme.fenêtres.ouvrir_modale("Stats"); };
   écrire_titre(c);
   écrire_liste(c);

@@ -7,6 +7,7 @@
 #include "map/layout.h"
 #include "map/main_window.h"
 #include "map/panel.h"
+#include "persistence/information_file.h"
 #include "persistence/score_file.h"
 #include "services/texts.h"
 
@@ -58,6 +59,7 @@ void Initialiser_écran(Contexte &c) {
   Placer_régions(c);
   for (int v = 1; v <= nombre_villes; ++v) Placer_repère(c, v);
   Empiler_au_départ(c);
+  Préparer_fichiers_info(c);
   g.Etape = étape_repos;
   MasquerPanneau(c);
   g.Carte_pleine_largeur = false;
@@ -66,13 +68,6 @@ void Initialiser_écran(Contexte &c) {
   g.PartieClose = false;
   g.ConseilFicheVu = false;
   c.plateforme.écran.sablier(false);
-}
-
-void désactiver_entrées_sans_effet(Ecran_principal &principale) {
-  for (Contrôle &entrée : principale.contrôles()) {
-    const bool article = entrée.genre == Genre::menu && entrée.conteneur != nullptr;
-    if (article && !entrée.clic) entrée.actif = false;
-  }
 }
 
 }  // namespace ardane

@@ -9,7 +9,4 @@ namespace ardane {
 /// the window idle. The window is not yet on the screen.
 void Initialiser_écran(Contexte &c);
 
-/// Disables the menu entries that have nothing to do.
-void désactiver_entrées_sans_effet(Ecran_principal &principale);
-
 }  // namespace ardane

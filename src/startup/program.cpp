@@ -12,13 +12,19 @@
 #include "map/map_reset.h"
 #include "map/panel.h"
 #include "map/scrolling.h"
+#include "persistence/revision_lists.h"
 #include "persistence/score_file.h"
 #include "play/assistance.h"
 #include "play/map_clicks.h"
 #include "play/saved_game.h"
 #include "play/stage_sequencer.h"
+#include "screens/card.h"
+#include "screens/card_editor.h"
 #include "screens/new_game.h"
+#include "screens/palette.h"
+#include "screens/statistics.h"
 #include "screens/top_ten.h"
+#include "screens/welcome.h"
 #include "services/system_sounds.h"
 #include "services/texts.h"
 #include "services/update_list.h"
@@ -56,7 +62,11 @@ Programme::Programme(const Monde &monde, const Ressources &ressources, std::stri
       fabriques_{{"nouvelle_partie", fabriquer<Nouvelle_partie>},
                  {"Affichage_scores", fabriquer<Affichage_scores>},
                  {"Paramétrage_répertoires", fabriquer<Paramétrage_répertoires>},
-                 {"Sélection_partie", fabriquer<Sélection_partie>}} {}
+                 {"Sélection_partie", fabriquer<Sélection_partie>},
+                 {"Pompe", fabriquer<Pompe>},
+                 {"Edition", fabriquer<Edition>},
+                 {"Stats", fabriquer<Stats>},
+                 {"Palette", fabriquer<Palette>}} {}
 
 bool Programme::Démarrage(const std::string &répertoire) {
   état_.Scores_non_sauvés = false;
@@ -68,10 +78,14 @@ bool Programme::Démarrage(const std::string &répertoire) {
   Lire_réglages(contexte_);
   état_.SonActif = true;
   if (!Charger_points(contexte_)) return false;
+  accueil_ = std::make_unique<Patience>(contexte_);
+  plateforme_.façade.montrer(*accueil_);
+  plateforme_.façade.repeindre(*accueil_);
   plateforme_.écran.sablier(true);
   Initialiser_écran(contexte_);
   brancher();
   plateforme_.façade.montrer(principale_);
+  plateforme_.façade.retirer(*accueil_);
   plateforme_.écran.sablier(false);
   return true;
 }
@@ -126,6 +140,12 @@ void Programme::brancher() {
   entrée("score_difficile", [](Contexte &k) { AfficherScores(k, niveau_difficile); });
   entrée("score_expert", [](Contexte &k) { AfficherScores(k, niveau_expert); });
   entrée("menu_Scoresraz", Remise_à_zéro);
+  entrée("Menu_liste", Ecrire_liste_des_provinces);
+  entrée("Menu_liste_souspréf", Ecrire_liste_des_villes);
+  entrée("Menu_révision", Révision);
+  entrée("MenuCouleurPréfectures", [](Contexte &k) { Choisir_couleur(k, repères_des_capitales); });
+  entrée("MenuCouleurSousPréfectures", [](Contexte &k) { Choisir_couleur(k, repères_des_autres_villes); });
+  entrée("MenuFicheur", Editer_fiches);
   entrée("MenuSon", Basculer_son);
   entrée("Menu_langue", Changer_langue);
   entrée("Menu_aide", Aide_du_menu);
@@ -136,7 +156,6 @@ void Programme::brancher() {
     k.plateforme.fenêtres.ouvrir_modale("Paramétrage_répertoires");
   });
   e.menu("fichier_quitter").clic = [this] { décharger(); };
-  désactiver_entrées_sans_effet(e);
 
   e.demande_de_fermeture = [this] { décharger(); };
   e.déplacement = [&c] { Lire_rectangle_carte(c); };

@@ -46,7 +46,6 @@ class Programme : private Ouvreur {
 
  private:
   void ouvrir_modale(std::string_view nom) override;
-  bool existe(std::string_view nom) const override { return fabriques_.contains(nom); }
   void décharger();
   void brancher();
 
@@ -60,6 +59,7 @@ class Programme : private Ouvreur {
   Contexte contexte_;
   std::map<std::string_view, Fabrique> fabriques_;
   std::vector<Fenêtre *> modales_;  ///< that are open, the one in front last
+  std::unique_ptr<Fenêtre> accueil_;  ///< while the program loads
 };
 
 }  // namespace ardane

@@ -65,6 +65,7 @@ TEST_F(Player, GivesUpOverAControlOfAnotherWindow) {
 }
 
 TEST_F(Player, GivesUpOverAMenuEntryThatIsDisabledAndClosesTheMenu) {
+  desktop.programme().principale().menu("MenuFicheur").actif = false;
   script.player.choose("menu_paramétrer", "MenuFicheur");
   expect_given_up("rien à choisir sous le nom MenuFicheur");
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);

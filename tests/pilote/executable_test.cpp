@@ -35,7 +35,7 @@ TEST_F(Exécutable, plays_a_script_to_its_end) {
   EXPECT_EQ(
       lancer(
           "--programme programme --registre réglages --écran 800x600x16 --zone 0,0,800,570 --date 2026-11-21",
-          "démarrer\nrépondre ok\nétat Bas_zone_travail\nétat Répertoire_programme\nmenu fichier_quitter\n"),
+          "démarrer\nrépondre ok\nrépondre ok\nétat Bas_zone_travail\nétat Répertoire_programme\nmenu fichier_quitter\n"),
       0);
   const std::string sortie = lire("sortie");
   EXPECT_NE(sortie.find("{\"état\":570}\n"), std::string::npos) << sortie;
@@ -54,7 +54,7 @@ TEST_F(Exécutable, ends_with_the_end_of_its_input) {
 
 TEST_F(Exécutable, ends_with_code_1_after_a_fatal_error) {
   EXPECT_EQ(lancer("--programme programme",
-                   "démarrer\nrépondre ok\nfixer Fichiers_aide []\ntouche F1\nétat Score\n"),
+                   "démarrer\nrépondre ok\nrépondre ok\nfixer Fichiers_aide []\ntouche F1\nétat Score\n"),
             1);
   EXPECT_TRUE(lire("sortie").ends_with("{\"attend\":\"fin\",\"code\":1}\n")) << lire("sortie");
 }

@@ -28,9 +28,10 @@ class EssaiDuPilote : public ::testing::Test {
   Json état(const std::string &chemin) { return pilote().état(chemin); }
   Json contrôle(const std::string &nom) { return dire("contrôle " + nom).valeur("contrôle"); }
 
-  /// Up to the empty map, the box of a first start answered.
+  /// Up to the empty map, the boxes of a first start answered.
   void démarrer() {
     dire("démarrer");
+    dire("répondre ok");
     ASSERT_EQ(dire("répondre ok").attend(), "Ecran_principal");
   }
   /// Into a game at the level of an option of the dialog.

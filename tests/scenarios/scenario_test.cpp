@@ -167,7 +167,7 @@ TEST(Joueur_de_scénario, knows_the_provinces_of_a_region) {
 
 TEST(Joueur_de_scénario, knows_the_answers) {
   const std::string début =
-      "> démarrer\n> répondre ok\n> menu fichier_nouveau\n> texte boîte_nom_joueur Ann\n> clic "
+      "> démarrer\n> répondre ok\n> répondre ok\n> menu fichier_nouveau\n> texte boîte_nom_joueur Ann\n> clic "
       "bouton_sortie\n";
   EXPECT_EQ(jouer(début + "> clic_carte {mauvaise réponse}\n{\"son\":\"carte_er.wav\"}\n"
                           "> clic_carte {bonne réponse}\n{\"son\":\"carte_ok.wav\"}\n"),

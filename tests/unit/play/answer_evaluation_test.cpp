@@ -5,7 +5,6 @@
 #include "play/judgement.h"
 #include "play/map_clicks.h"
 #include "play/penalty.h"
-#include "support/card_window.h"
 #include "support/fake_world.h"
 
 namespace ardane {
@@ -223,8 +222,7 @@ TEST_F(Answers, HelpAppearsAtTheFirstErrorAndDependsOnTheLevel) {
 }
 
 TEST_F(Answers, TheTipOfTheCardsComesOnceAGameAndInLearningModeOnly) {
-  AvecFiches fiches(m);
-  const auto répondre_juste = [&] { ClicProvince(fiches.c(), m.g().ProvinceCourante); };
+  const auto répondre_juste = [&] { ClicProvince(m.c(), m.g().ProvinceCourante); };
   jouer(étape_provinces, 0);
   répondre_juste();
   ASSERT_EQ(m.boîtes.montrées.size(), 1U);
@@ -239,19 +237,13 @@ TEST_F(Answers, TheTipOfTheCardsComesOnceAGameAndInLearningModeOnly) {
 }
 
 TEST_F(Answers, AsTheTipSaysAClickOnAFoundProvinceOpensItsCard) {
-  AvecFiches fiches(m);
   jouer(étape_provinces, 0);
   const auto trouvée = m.g().ProvinceCourante;
-  ClicProvince(fiches.c(), trouvée);
-  ClicProvince(fiches.c(), trouvée);
-  EXPECT_THAT(fiches.fiches_ouvertes, ElementsAre(trouvée));
-}
-
-TEST_F(Answers, WhereThereAreNoCardsNoTipPromisesThemAndItIsNotCountedAsSeen) {
-  jouer(étape_provinces, 0);
-  m.répondre_juste();
-  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
-  EXPECT_FALSE(m.g().ConseilFicheVu);
+  ClicProvince(m.c(), trouvée);
+  m.façade.ouvertes.clear();
+  ClicProvince(m.c(), trouvée);
+  EXPECT_THAT(m.façade.ouvertes, ElementsAre("Pompe"));
+  EXPECT_EQ(m.g().ProvinceFiche, trouvée);
 }
 
 TEST_F(Answers, TheFirstClickEndsTheGameIntact) {

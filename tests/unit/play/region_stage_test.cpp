@@ -10,7 +10,6 @@
 #include "map/map_reset.h"
 #include "play/map_clicks.h"
 #include "play/question_selection.h"
-#include "support/card_window.h"
 #include "support/fake_world.h"
 
 namespace ardane {
@@ -255,30 +254,21 @@ TEST_F(Regions, AWrongSelectionSoundsPicksThenError) {
 }
 
 TEST_F(Regions, ARegionPlacedInLearningModeGivesTheTipOfTheCardsOnce) {
-  AvecFiches fiches(m);
   jouer_avec_régions(0, {2, 3});
-  cliquer_membres(fiches.c(), 1, 2);
+  cliquer_membres(m.c(), 1, 2);
   ASSERT_EQ(m.boîtes.montrées.size(), 1U);
   EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::conseil_fiches_des_provinces));
   demander(2);
-  cliquer_membres(fiches.c(), 1, 3);
+  cliquer_membres(m.c(), 1, 3);
   EXPECT_EQ(m.boîtes.montrées.size(), 1U);
 }
 
 TEST_F(Regions, APartlyRightSelectionInLearningModeGivesTheTipToo) {
-  AvecFiches fiches(m);
   jouer_avec_régions(0, {3, 6});
-  cliquer_membres(fiches.c(), 1, 2);
-  ClicProvince(fiches.c(), étrangère());
+  cliquer_membres(m.c(), 1, 2);
+  ClicProvince(m.c(), étrangère());
   ASSERT_EQ(m.boîtes.montrées.size(), 1U);
   EXPECT_TRUE(m.g().ConseilFicheVu);
-}
-
-TEST_F(Regions, WhereThereAreNoCardsARegionPlacedInLearningModeGivesNoTip) {
-  jouer_avec_régions(0, {2, 3});
-  cliquer_membres(1, 2);
-  EXPECT_TRUE(m.boîtes.montrées.empty());
-  EXPECT_FALSE(m.g().ConseilFicheVu);
 }
 
 }  // namespace

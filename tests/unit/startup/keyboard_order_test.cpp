@@ -16,6 +16,13 @@ Noms ordre(Fenêtre &fenêtre) {
   return noms;
 }
 
+Noms ordre_de_la_palette() {
+  Noms noms;
+  for (int n = 1; n <= 40; ++n) noms.push_back("ChoixCouleur(" + std::to_string(n) + ")");
+  noms.emplace_back("BoutonFermeture");
+  return noms;
+}
+
 const std::map<std::string_view, Noms> &ordres() {
   static const std::map<std::string_view, Noms> table = {
       {"nouvelle_partie",
@@ -26,6 +33,12 @@ const std::map<std::string_view, Noms> &ordres() {
        {"Répertoire", "Command1", "Sous_répertoire", "Bouton_OK", "Nom_fichier", "Fichier", "Lecteur"}},
       {"Sélection_partie",
        {"Nom_fichier", "Répertoire", "Fichier", "Bouton_OK", "Bouton_annuler", "Lecteur"}},
+      {"Pompe", {"BTN_OK", "TXT_INFOS"}},
+      {"Edition", {"TXT_INFOS", "BTN_Up", "BTN_Left", "BTN_Right", "BTN_Down", "BTN_quit", "LBL_Pays"}},
+      {"Stats",
+       {"BoutonProvinces", "BoutonRégions", "BoutonVilles", "BoutonSauvegarde", "Command1",
+        "BarreVerticale"}},
+      {"Palette", ordre_de_la_palette()},
   };
   return table;
 }
@@ -36,6 +49,7 @@ void préparer(MondeFactice &m) {
   m.g().Mode_sélection = choix_dossier_information;
   m.g().Type_fichier = fichier_partie;
   m.g().Niveau_affiché = 1;
+  m.g().ProvinceFiche = 1;
 }
 
 TEST(KeyboardOrder, OfEveryWindowThatRulesOpen) {
@@ -59,12 +73,13 @@ TEST(KeyboardOrder, OfTheMainWindowGoesFromTheButtonsOverTheGridToTheBars) {
   EXPECT_EQ(ordre(m.e()), attendu);
 }
 
-TEST(KeyboardOrder, NoWindowHasAButtonThatEnterOrEscapePressesFromElsewhere) {
+TEST(KeyboardOrder, EscapeAloneLeavesThePaletteAndNoOtherWindowHasSuchAKey) {
   MondeFactice m;
   préparer(m);
   m.façade.joueur = [](Fenêtre &fenêtre) {
     EXPECT_EQ(fenêtre.bouton_défaut, nullptr) << fenêtre.nom;
-    EXPECT_EQ(fenêtre.bouton_annulation, nullptr) << fenêtre.nom;
+    Contrôle *fermeture = fenêtre.nom == "Palette" ? fenêtre.chercher("BoutonFermeture") : nullptr;
+    EXPECT_EQ(fenêtre.bouton_annulation, fermeture) << fenêtre.nom;
   };
   for (const std::string_view nom : m.programme.fenêtres()) m.c().plateforme.fenêtres.ouvrir_modale(nom);
 }

@@ -40,7 +40,7 @@ class StartWithASettingsFile : public testing::Test {
 
 TEST_F(StartWithASettingsFile, TheSecondStartFindsWhatTheFirstWrote) {
   EXPECT_TRUE(démarrer());
-  EXPECT_THAT(m.boîtes.montrées, testing::SizeIs(1));
+  EXPECT_THAT(m.boîtes.montrées, testing::SizeIs(2));
   RegistreFichier(chemin_natif(fichier)).écrire(clé_du_jeu, "joueur", "Ann");
   EXPECT_TRUE(démarrer());
   EXPECT_THAT(m.boîtes.montrées, IsEmpty());

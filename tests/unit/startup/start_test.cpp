@@ -37,6 +37,7 @@ class Start : public testing::Test {
     poser("fichier de lancement", m.dossier.fichier("ARDANE.SCI"));
     poser("répertoire information", m.dossier.chemin());
     poser("date", "20/11/2026 10:00:00", clé_de_famille);
+    écrire_fichier(m.dossier.fichier("ARDANE.INF"), "");
   }
   std::vector<std::string> titres() {
     std::vector<std::string> titres;
@@ -62,7 +63,7 @@ TEST_F(Start, AFirstRunWritesEverySettingAndShowsTheReminder) {
   EXPECT_EQ(réglage("fichier de lancement"), Joindre_chemin(dossier, "ARDANE.SCI"));
   EXPECT_EQ(réglage("répertoire information"), dossier);
   EXPECT_EQ(réglage("date", clé_de_famille), "21/11/2026 00:00:00");
-  EXPECT_THAT(titres(), ElementsAre("Publicité gratuite..."));
+  EXPECT_THAT(titres(), ElementsAre("Publicité gratuite...", "Création du fichier Info"));
 }
 
 TEST_F(Start, AFirstRunOnAnEmptyRegistryMakesTheKey) {
@@ -114,14 +115,17 @@ TEST_F(Start, ADateThatCannotBeReadBringsNoReminderAndTheStartGoesOn) {
 TEST_F(Start, InAReadOnlyProgramFolderTheFolderWindowComesBeforeAnythingElse) {
   refuser_écriture(m.dossier.chemin());
   DossierTemporaire autre;
+  std::vector<int> modes;
   m.façade.joueur = [&](Fenêtre &f) {
     EXPECT_EQ(f.nom, "Paramétrage_répertoires");
-    EXPECT_EQ(m.g().Mode_sélection, choix_dossier_sauvegarde);
-    m.g().Répertoire_sauvegarde = autre.chemin();
+    modes.push_back(m.g().Mode_sélection);
+    m.g().Répertoire_sauvegarde = m.g().Répertoire_info = autre.chemin();
+    m.g().Fichiers_info(1) = autre.fichier("ARDANE.INF");
   };
   ASSERT_TRUE(démarrer());
   ASSERT_FALSE(m.façade.ouvertes.empty());
   EXPECT_EQ(m.façade.ouvertes.front(), "Paramétrage_répertoires");
+  EXPECT_THAT(modes, ElementsAre(choix_dossier_sauvegarde, choix_dossier_information));
   EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), Message::choix_du_répertoire));
   EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), Message::sélectionner_le_répertoire_par_défaut));
 }
@@ -130,7 +134,7 @@ TEST_F(Start, ASaveFolderThatCannotBeWrittenOpensTheFolderWindowAndTheStartGoesO
   réglages_d_une_partie_passée();
   poser("répertoire", m.dossier.fichier("nulle part"));
   ASSERT_TRUE(démarrer());
-  EXPECT_THAT(m.façade.ouvertes, ElementsAre("Paramétrage_répertoires", "Ecran_principal"));
+  EXPECT_THAT(m.façade.ouvertes, ElementsAre("Paramétrage_répertoires", "Patience", "Ecran_principal"));
 }
 
 TEST_F(Start, ANewVersionKeepsNameAndLanguageAndResetsTheFolders) {
@@ -250,7 +254,6 @@ TEST_F(Start, NoMenuEntryIsADeadEnd) {
 
 TEST_F(Start, AWindowThatDoesNotExistIsAFatalErrorToldInFrench) {
   m.démarrer();
-  EXPECT_FALSE(m.c().plateforme.fenêtres.existe("zut"));
   try {
     m.c().plateforme.fenêtres.ouvrir_modale("zut");
     FAIL() << "there is no such window";

@@ -1,0 +1,98 @@
+#include "persistence/information_file.h"
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "core/announcement.h"
+#include "core/chooser_modes.h"
+#include "core/current_folder.h"
+#include "core/game_state.h"
+#include "core/gazetteer_facts.h"
+#include "core/paths.h"
+#include "persistence/folders.h"
+#include "platform/file_replacement.h"
+#include "platform/log.h"
+
+namespace ardane {
+namespace {
+
+std::string chemin_du_fichier(const Contexte &c, int langue) {
+  return c.dossier.complet(c.état.Fichiers_info(langue));
+}
+
+/// The bytes of the file; none if it cannot be read.
+std::string lire_octets(const std::string &chemin) {
+  if (!est_fichier_ordinaire(chemin)) return {};
+  std::ifstream flux(chemin_natif(chemin), std::ios::binary);
+  return {std::istreambuf_iterator<char>(flux), {}};
+}
+
+/// What the gazetteer knows of a province, ready to be completed. The words are those that such files have
+/// always had, whatever the country calls its divisions.
+Fiche_information première_fiche(const GameState &g, int province) {
+  const std::string &fin = g.Fin_de_ligne;
+  const Fiche_province &fiche = g.TableProvinces(province);
+  std::string texte =
+      fin + fin + fin + "Préfecture : " + fin + "* " + Nom_de_capitale(g, province) + fin + fin;
+  const std::vector<std::string> villes = Noms_des_villes(g, province);
+  texte += (villes.empty() ? "Pas de sous préfecture dans ce département" : "Ville principale :") + fin;
+  for (const std::string &ville : villes) texte += "* " + ville + fin;
+  texte += fin + "Région : " + g.TableRégions(fiche.région).nom + fin + fin;
+  return {"Département : " + fiche.nom, texte};
+}
+
+std::string premières_fiches(const GameState &g) {
+  std::string octets;
+  for (int p = 1; p <= nombre_provinces; ++p) Placer_fiche(octets, p, première_fiche(g, p));
+  return octets;
+}
+
+void faire_choisir_dossier(Contexte &c) {
+  GameState &g = c.état;
+  c.plateforme.boîtes.montrer(
+      {Icône::information, message(g, Message::erreur),
+       message(g, Message::répertoire_non_inscriptible) + " (" + g.Répertoire_info + ")"});
+  annoncer(c, Message::choix_du_répertoire, Message::fichier_peut_être_protégé);
+  g.Mode_sélection = choix_dossier_information;
+  c.plateforme.fenêtres.ouvrir_modale("Paramétrage_répertoires");
+}
+
+void créer_fichier_info(Contexte &c, int langue) {
+  const GameState &g = c.état;
+  if (langue == g.Langue)
+    annoncer(c, Message::création_du_fichier_info, Message::fichier_d_information_recréé);
+  if (!Tester_ecriture(c.dossier.complet(g.Répertoire_info))) faire_choisir_dossier(c);
+  if (fichier_existe(chemin_du_fichier(c, langue))) return;
+  const auto échec = remplacer_fichier(chemin_natif(chemin_du_fichier(c, langue)), premières_fiches(g));
+  if (!échec) return;
+  consigner("Le fichier d'information n'est pas écrit : " + std::string(*échec));
+  c.plateforme.boîtes.montrer({Icône::exclamation, message(g, Message::erreur),
+                               message(g, Message::fichier_impossible_à_écrire) + g.Fichiers_info(langue)});
+}
+
+}  // namespace
+
+void Préparer_fichiers_info(Contexte &c) {
+  GameState &g = c.état;
+  for (int langue = 1; langue <= g.Nombre_langues; ++langue) {
+    g.Fichiers_info(langue) = Joindre_chemin(g.Répertoire_info, g.Fichiers_info_noms(langue));
+    if (!fichier_existe(chemin_du_fichier(c, langue))) créer_fichier_info(c, langue);
+  }
+}
+
+std::optional<Fiche_information> Lire_fiche_information(const Contexte &c, int province) {
+  return Fiche_du_fichier(lire_octets(chemin_du_fichier(c, c.état.Langue)), province);
+}
+
+bool Ecrire_fiche_information(const Contexte &c, int province, const Fiche_information &fiche) {
+  if (Longueur_de_fiche(fiche) > taille_de_fiche) return false;
+  const std::string chemin = chemin_du_fichier(c, c.état.Langue);
+  std::string octets = lire_octets(chemin);
+  Placer_fiche(octets, province, fiche);
+  const auto échec = remplacer_fichier(chemin_natif(chemin), octets);
+  if (échec) consigner("La fiche n'est pas écrite dans « " + chemin + " » : " + std::string(*échec));
+  return !échec;
+}
+
+}  // namespace ardane

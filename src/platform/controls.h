@@ -194,7 +194,8 @@ void cliquer(Fenêtre &fenêtre, Contrôle &contrôle);
 /// True where the Enter key ends a line.
 bool entrée_finit_la_ligne(const Contrôle &contrôle);
 /// The Enter key in a control that has the focus: a line end at the end of a text of several lines; else the
-/// control's own handler; else it presses the control if it is a button or a picture; else the window's default button.
+/// control's own handler; else it presses the control if it is a button or a picture; else the window's
+/// default button.
 void entrer(Fenêtre &fenêtre, Contrôle &contrôle);
 /// Presses a default or cancel button, which need not have the focus and does not get it. Nothing happens if
 /// it is null or cannot be used.

@@ -91,6 +91,8 @@ int main(int argc, char **argv) {
   const ardane::ScratchFolder scratch(program.parent_path());
   const ardane::DesktopPlaces places = scratch.places();
   write_settings(places.registre);
+  // A start that finds no cards asks before it makes them.
+  std::ofstream(scratch.path() / "ARDANE.INF") << ' ';
   const std::vector<std::string> start{program.string(),         "--programme",
                                        places.programme,         "--registre",
                                        places.registre.string(), "--pret-et-quitter"};

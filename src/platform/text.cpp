@@ -71,13 +71,20 @@ std::string en_majuscules(std::string_view utf8) {
   majuscules.reserve(utf8.size());
   while (!utf8.empty()) {
     const char premier_octet = utf8.front();
+    // Nearly all of it is: no character needs to be taken apart then.
+    if (static_cast<unsigned char>(premier_octet) < 0x80) {
+      const bool minuscule = premier_octet >= 'a' && premier_octet <= 'z';
+      majuscules.push_back(minuscule ? static_cast<char>(premier_octet - 0x20) : premier_octet);
+      utf8.remove_prefix(1);
+      continue;
+    }
     const auto lu = prendre_caractère(utf8);
     if (!lu) {
       majuscules.push_back(premier_octet);
       continue;
     }
     char32_t c = *lu;
-    if ((c >= 'a' && c <= 'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7)) c -= 0x20;
+    if (c >= 0xE0 && c <= 0xFE && c != 0xF7) c -= 0x20;
     if (c == 0x153 || c == 0x161 || c == 0x17E) c -= 1;
     if (c == 0xFF) c = 0x178;
     ajouter_caractère(majuscules, c);

@@ -7,14 +7,14 @@
 namespace ardane {
 EcranScripté::EcranScripté(const OptionsMonde &options, Témoin &témoin)
     : taille{options.écran.largeur, options.écran.hauteur},
-      témoin_(témoin),
-      couleurs_(options.écran.couleurs),
-      zone_(options.zone),
-      modes_(options.modes) {}
+      bits(options.écran.couleurs),
+      zone(options.zone),
+      modes_listés(options.modes),
+      témoin_(témoin) {}
 
 std::vector<Mode_écran> EcranScripté::modes() const {
-  if (!modes_.empty()) return modes_;
-  return {{taille.x, taille.y, couleurs_}};
+  if (!modes_listés.empty()) return modes_listés;
+  return {{taille.x, taille.y, bits}};
 }
 
 void SonScripté::jouer(const std::string &chemin) {

@@ -21,21 +21,22 @@ class EcranScripté : public Ecran {
 
   int largeur() const override { return taille.x; }
   int hauteur() const override { return taille.y; }
-  int bits_par_pixel() const override { return couleurs_; }
-  Rect zone_de_travail() const override { return zone_.value_or(Rect{0, 0, taille.x, taille.y}); }
+  int bits_par_pixel() const override { return bits; }
+  Rect zone_de_travail() const override { return zone.value_or(Rect{0, 0, taille.x, taille.y}); }
   std::vector<Mode_écran> modes() const override;
   Point curseur() const override { return curseur_; }
   void sablier(bool actif) override { témoin_.sablier_posé(actif); }
 
   void placer_curseur(Point curseur) { curseur_ = curseur; }
 
-  Point taille;  ///< of the screen, which may change under the program
+  // Of the screen, which may change under the program.
+  Point taille;
+  int bits;
+  std::optional<Rect> zone;
+  std::vector<Mode_écran> modes_listés;
 
  private:
   Témoin &témoin_;
-  int couleurs_;
-  std::optional<Rect> zone_;
-  std::vector<Mode_écran> modes_;
   Point curseur_;
 };
 

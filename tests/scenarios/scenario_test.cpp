@@ -158,7 +158,7 @@ TEST(Joueur_de_scénario, each_start_takes_the_options_and_finds_the_files) {
 }
 
 TEST(Joueur_de_scénario, knows_the_provinces_of_a_region) {
-  const std::string début = "> démarrer\n> répondre ok\n> menu menu_définir\n";
+  const std::string début = "> démarrer\n> répondre ok\n> répondre ok\n> menu menu_définir\n";
   const std::string clic = "> clic_carte {province de Port-Auréal}\n{\"son\":\"carte_ok.wav\"}\n";
   EXPECT_EQ(jouer(début + clic + "> état TableProvinces(107).trouvée\n{\"état\":true}\n"), "");
   EXPECT_THROW(jouer(début + clic + clic), std::runtime_error) << "it has but one";
@@ -167,7 +167,8 @@ TEST(Joueur_de_scénario, knows_the_provinces_of_a_region) {
 
 TEST(Joueur_de_scénario, knows_the_answers) {
   const std::string début =
-      "> démarrer\n> répondre ok\n> répondre ok\n> menu fichier_nouveau\n> texte boîte_nom_joueur Ann\n> clic "
+      "> démarrer\n> répondre ok\n> répondre ok\n> menu fichier_nouveau\n> texte boîte_nom_joueur Ann\n> "
+      "clic "
       "bouton_sortie\n";
   EXPECT_EQ(jouer(début + "> clic_carte {mauvaise réponse}\n{\"son\":\"carte_er.wav\"}\n"
                           "> clic_carte {bonne réponse}\n{\"son\":\"carte_ok.wav\"}\n"),

@@ -15,7 +15,7 @@ namespace ardane {
 /// Returns when the window is on the screen and painted.
 inline void await_first_paint(const QWidget &window) {
   while (window.windowHandle() == nullptr || !window.windowHandle()->isExposed())
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   QCoreApplication::sendPostedEvents();
   QCoreApplication::processEvents();
 }

@@ -2,11 +2,11 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QStyleOption>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
@@ -259,9 +259,12 @@ void WindowView::hide() {
 
 void WindowView::await_first_paint() {
   if (!frame_.isVisible() || frame_.windowHandle()->isExposed()) return;
-  const QDeadlineTimer deadline(exposure_delay);
-  while (!frame_.windowHandle()->isExposed() && !deadline.hasExpired())
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents, 20);
+  // With a time of its own processEvents would not wait but ask again and again.
+  QTimer deadline;
+  deadline.setSingleShot(true);
+  deadline.start(exposure_delay);
+  while (!frame_.windowHandle()->isExposed() && deadline.isActive())
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
   frame_.repaint();
 }
 

@@ -128,8 +128,7 @@ void vérifier_reprise(const GameState &avant, const GameState &après, bool nom
     return;
   }
   exiger(après.Score == avant.Score, "a game taken up has its score");
-  exiger(!après.PartieVierge && !après.PartieClose && !après.AprèsPartie && !après.ConseilFicheVu,
-         "a game taken up is under way");
+  exiger(!après.PartieVierge && !après.PartieClose && !après.AprèsPartie, "a game taken up is under way");
   if (paramétrage_temporaire(avant)) {
     exiger(paramétrage_temporaire(après) && mêmes_scores(avant, après) &&
                std::equal(avant.Ordre_jeux.begin(), avant.Ordre_jeux.end(), après.Ordre_jeux.begin()),
@@ -177,9 +176,11 @@ class Joueur {
     }
   }
 
-  /// The one fatal ending of play: a province taken out of a selection of more than nine.
+  /// The fatal endings of play: a province taken out of a selection of more than nine.
   void vérifier_fin(const ErreurFatale &erreur) {
     const GameState &g = monde_.g();
+    // A table scrolled by the order that the statistics' file has left behind.
+    if (ordre_des_villes_) return;
     if (g.Etape != étape_régions || g.TailleRégion - g.ResteRégion <= 9) faute(erreur.what());
   }
 
@@ -272,12 +273,38 @@ class Joueur {
 
   void dans_la_fenêtre(Fenêtre &f) {
     fenêtres_.push_back(f.nom);
-    const bool top_ten_au_dessus = fenêtres_.size() == 2 && fenêtres_.front() == "Sélection_partie" &&
-                                   fenêtres_.back() == "Affichage_scores";
-    exiger(fenêtres_.size() == 1 || top_ten_au_dessus, "one modal window at a time, or the top ten above it");
-    if (f.nom == "nouvelle_partie") préparer_une_partie(f);
-    if (f.nom == "Sélection_partie") choisir_un_fichier(f);
+    exiger(fenêtres_.size() == 1 || peut_recouvrir(f.nom, fenêtres_[fenêtres_.size() - 2]),
+           "one modal window at a time but for those that open others");
+    if (f.nom == "nouvelle_partie")
+      préparer_une_partie(f);
+    else if (f.nom == "Sélection_partie")
+      choisir_un_fichier(f);
+    else
+      toucher_à_tout(f);
     fenêtres_.pop_back();
+  }
+
+  static bool peut_recouvrir(std::string_view nom, std::string_view dessous) {
+    return (nom == "Affichage_scores" && dessous == "Sélection_partie") ||
+           (nom == "Stats" && dessous == "Affichage_scores");
+  }
+
+  /// Whatever a window offers, a few times: buttons, pictures, bars, texts.
+  void toucher_à_tout(Fenêtre &f) {
+    for (int i = octets_.parmi(8); i > 0 && f.ouverte; --i) {
+      std::vector<Contrôle *> offerts;
+      for (Contrôle &c : f.contrôles())
+        if (est_utilisable(c) && prend_le_clavier(c)) offerts.push_back(&c);
+      if (offerts.empty()) return;
+      Contrôle &choisi = *offerts[static_cast<std::size_t>(octets_.parmi(static_cast<int>(offerts.size())))];
+      if (f.nom == "Stats" && choisi.nom == "BoutonSauvegarde") ordre_des_villes_ = true;
+      if (choisi.genre == Genre::barre)
+        fixer_valeur(choisi, octets_.parmi(400));
+      else if (choisi.genre == Genre::texte && !choisi.lecture_seule)
+        saisir(choisi, std::string(octets_.octet() * 4, static_cast<char>('a' + octets_.octet() % 26)));
+      else if (choisi.clic)
+        cliquer(f, choisi);
+    }
   }
 
   void préparer_une_partie(Fenêtre &f) {
@@ -399,6 +426,7 @@ class Joueur {
         break;
       case étape_paramétrage_affiché:
       case étape_paramétrage_défini: vérifier_grille(); break;
+      case étape_révision: exiger(g.Carte_pleine_largeur, "the revision has the whole screen"); break;
       default: exiger(g.Etape == étape_repos, "the mode is one of those there are"); break;
     }
     exiger(!jouait || !en_jeu(g) || nouvelle_ || g.Score <= score, "the score never rises");
@@ -452,6 +480,7 @@ class Joueur {
 
   Octets octets_;
   MondeFactice monde_;
+  bool ordre_des_villes_ = false;             ///< the statistics have been written to their file
   std::vector<std::string> fenêtres_;         ///< open modal windows, the lowest first
   std::map<std::string, GameState> parties_;  ///< saved games, undamaged, by their files
   bool nouvelle_ = false;                     ///< the event has put another game in the place of the last

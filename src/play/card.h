@@ -4,7 +4,8 @@
 
 namespace ardane {
 
-/// Opens the information card of a province, its marker shown as the target meanwhile. `retenue` says how the marker is dressed afterwards.
+/// Opens the information card of a province, its marker shown as the target meanwhile. `retenue` says how the
+/// marker is dressed afterwards.
 void Ouvrir_fiche(Contexte &c, int province, bool retenue);
 
 /// The tip that cards can be opened by a click, once a game: it sets `ConseilFicheVu`.

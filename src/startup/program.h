@@ -58,7 +58,7 @@ class Programme : private Ouvreur {
   Dossier_courant dossier_;
   Contexte contexte_;
   std::map<std::string_view, Fabrique> fabriques_;
-  std::vector<Fenêtre *> modales_;  ///< that are open, the one in front last
+  std::vector<Fenêtre *> modales_;    ///< that are open, the one in front last
   std::unique_ptr<Fenêtre> accueil_;  ///< while the program loads
 };
 

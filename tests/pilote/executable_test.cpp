@@ -35,7 +35,8 @@ TEST_F(Exécutable, plays_a_script_to_its_end) {
   EXPECT_EQ(
       lancer(
           "--programme programme --registre réglages --écran 800x600x16 --zone 0,0,800,570 --date 2026-11-21",
-          "démarrer\nrépondre ok\nrépondre ok\nétat Bas_zone_travail\nétat Répertoire_programme\nmenu fichier_quitter\n"),
+          "démarrer\nrépondre ok\nrépondre ok\nétat Bas_zone_travail\nétat Répertoire_programme\nmenu "
+          "fichier_quitter\n"),
       0);
   const std::string sortie = lire("sortie");
   EXPECT_NE(sortie.find("{\"état\":570}\n"), std::string::npos) << sortie;

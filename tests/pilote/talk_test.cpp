@@ -37,9 +37,10 @@ TEST_F(Parole, the_start_leads_to_the_first_thing_that_waits) {
   ASSERT_EQ(suite.lignes.size(), 3U) << suite.texte();
   EXPECT_EQ(suite.lignes[0].dump(), R"({"fenêtre":"Patience","ouverte":true,"modale":false})");
   EXPECT_EQ(suite.lignes[1]["boîte"]["titre"], "Création du fichier Info");
-  EXPECT_EQ(dire("répondre ok").texte(),
-            "{\"fenêtre\":\"Ecran_principal\",\"ouverte\":true,\"modale\":false}\n"
-            "{\"fenêtre\":\"Patience\",\"ouverte\":false,\"modale\":false}\n{\"attend\":\"Ecran_principal\"}\n");
+  EXPECT_EQ(
+      dire("répondre ok").texte(),
+      "{\"fenêtre\":\"Ecran_principal\",\"ouverte\":true,\"modale\":false}\n"
+      "{\"fenêtre\":\"Patience\",\"ouverte\":false,\"modale\":false}\n{\"attend\":\"Ecran_principal\"}\n");
   EXPECT_EQ(dire("démarrer").erreur(), "Le programme est déjà démarré");
 }
 

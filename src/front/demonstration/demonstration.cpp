@@ -1,7 +1,10 @@
 #include "front/demonstration/demonstration.h"
 
 #include <QApplication>
+#include <array>
 #include <cstdio>
+#include <map>
+#include <utility>
 
 #include "core/chooser_modes.h"
 #include "core/game_state.h"
@@ -24,9 +27,24 @@ constexpr int mistake_every = 9;
 /// What the stopped game is kept as.
 const QString saved_game = QStringLiteral("Souper");
 
+constexpr int card_to_show = 55;
+
+/// What is looked at after the game, in this order.
+const std::array<std::pair<const char *, const char *>, 5> visits = {{
+    {"menu_paramétrer", "menu_définir"},
+    {"Menu_réviser", "Menu_révision"},
+    {"menu_paramétrer", "MenuFicheur"},
+    {"menu_paramétrer", "MenuCouleurPréfectures"},
+    {"menu_fichier", "fichier_quitter"},
+}};
+
+/// Windows that are only looked at, and what closes them.
+const std::map<std::string, const char *> ways_out = {
+    {"Stats", "Command1"}, {"Pompe", "BTN_OK"}, {"Edition", "BTN_quit"}, {"Palette", "BoutonFermeture"}};
+
 /// A game of the stage Provinces by somebody who knows the country, and slips now and then. Half way it is
-/// stopped and taken up again; at the end the northern provinces are tried out as a configuration of their
-/// own.
+/// stopped and taken up again; afterwards the north is tried out as a configuration of its own, and a look is
+/// taken at the windows around the game.
 class Demonstration : public Plan {
  public:
   Demonstration(const GameState &state, Album &album) : g_(state), album_(album) {}
@@ -43,6 +61,7 @@ class Demonstration : public Plan {
   void new_game(AutomaticPlayer &player);
   void choose_file(AutomaticPlayer &player);
   void between_games(AutomaticPlayer &player);
+  void look_at_scores(AutomaticPlayer &player);
   void configure(AutomaticPlayer &player);
   void answer(AutomaticPlayer &player);
   int other_province() const;
@@ -50,7 +69,8 @@ class Demonstration : public Plan {
 
   const GameState &g_;
   Album &album_;
-  bool started_ = false, stopped_ = false, ended_ = false, configured_ = false, erred_ = false;
+  bool started_ = false, stopped_ = false, ended_ = false, erred_ = false, counted_ = false;
+  std::size_t visits_ = 0;  ///< made of those after the game
   int answers_ = 0, mistakes_ = 0, score_ = 0;
 };
 
@@ -62,10 +82,18 @@ void Demonstration::at_box(AutomaticPlayer &player, const QMessageBox &box) {
 void Demonstration::at_window(AutomaticPlayer &player, const std::string &name) {
   if (name == "nouvelle_partie") return new_game(player);
   if (name == "Sélection_partie") return choose_file(player);
-  if (name != "Affichage_scores") return player.give_up("fenêtre inattendue : " + name);
+  if (name == "Affichage_scores") return look_at_scores(player);
+  const auto way_out = ways_out.find(name);
+  if (way_out == ways_out.end()) return player.give_up("fenêtre inattendue : " + name);
   album_.add(name);
+  player.click(way_out->second);
+}
+
+/// The statistics first, above them.
+void Demonstration::look_at_scores(AutomaticPlayer &player) {
+  album_.add("Affichage_scores");
   ended_ = true;
-  player.click("Command1");
+  player.click(std::exchange(counted_, true) ? "Command1" : "BoutonStatistiques");
 }
 
 void Demonstration::new_game(AutomaticPlayer &player) {
@@ -89,14 +117,19 @@ void Demonstration::at_map(AutomaticPlayer &player) {
   switch (g_.Etape) {
     case étape_provinces: return answer(player);
     case étape_paramétrage_défini: return configure(player);
+    case étape_révision:
+      if (g_.ProvinceFiche == 0) return player.click(province(card_to_show));
+      return between_games(player);
     case étape_repos: return between_games(player);
     default: player.give_up("la partie s'est arrêtée à l'étape " + std::to_string(g_.Etape));
   }
 }
 
 void Demonstration::between_games(AutomaticPlayer &player) {
-  if (configured_) return player.choose("menu_fichier", "fichier_quitter");
-  if (ended_) return player.choose("menu_paramétrer", "menu_définir");
+  if (ended_) {
+    const auto &[menu, entry] = visits.at(visits_++);
+    return player.choose(menu, entry);
+  }
   if (stopped_) return player.choose("menu_fichier", "Fichier_lire");
   if (started_) return player.give_up("la partie s'est arrêtée avant sa fin");
   started_ = true;
@@ -105,7 +138,6 @@ void Demonstration::between_games(AutomaticPlayer &player) {
 }
 
 void Demonstration::configure(AutomaticPlayer &player) {
-  configured_ = true;
   for (int p = 1; p <= nombre_provinces; ++p)
     if (g_.TableVilles(p).y > middle_of_the_map) player.click(province(p));
   player.then([this] { album_.add("paramétrage"); });

@@ -41,7 +41,7 @@ TEST_F(ConfigurationMode, ARunningGameIsKeptIfThePlayerWantsItAndNothingChanges)
     m.boîtes.réponses = {Réponse::non};
     menu(entrée);
     EXPECT_THAT(boîtes(), ElementsAre(question_d_abandon));
-    EXPECT_THAT(différences(avant, photographier(g())), IsEmpty());
+    EXPECT_THAT(variables_changées(avant, photographier(g())), IsEmpty());
     EXPECT_FALSE(panneau_visible());
     EXPECT_TRUE(e().que_faire.visible);
     EXPECT_TRUE(menus_ouverts());
@@ -87,7 +87,7 @@ TEST_F(ConfigurationMode, FromTheShownConfigurationNothingHasToBeConfirmed) {
 TEST_F(ConfigurationMode, ThePanelIsBuiltInItsOwnModesAlone) {
   const Photo avant = photographier(g());
   ConstruirePanneauParamétrage(m.c());
-  EXPECT_THAT(différences(avant, photographier(g())), IsEmpty());
+  EXPECT_THAT(variables_changées(avant, photographier(g())), IsEmpty());
   EXPECT_FALSE(panneau_visible());
 }
 
@@ -366,7 +366,7 @@ TEST_F(ConfigurationMode, AMarkerBeyondTheProvincesIsIgnored) {
   définir();
   const Photo avant = photographier(g());
   for (const int ville : {111, 330}) cliquer(e(), e().rond(ville));
-  EXPECT_THAT(différences(avant, photographier(g())), IsEmpty());
+  EXPECT_THAT(variables_changées(avant, photographier(g())), IsEmpty());
   EXPECT_THAT(m.son.joués, IsEmpty());
   cliquer(e(), e().rond(110));
   EXPECT_TRUE(g().TableProvinces(110).trouvée);

@@ -28,7 +28,7 @@ TEST_F(ConfigurationTaken, AConfigurationWithoutProvincesIsRefusedAndNothingChan
   ok();
   EXPECT_THAT(boîtes(), ElementsAre("exclamation | Erreur | Il est indispensable de jouer avec au moins un "
                                     "pays et une région !"));
-  EXPECT_THAT(différences(avant, photographier(g())), IsEmpty());
+  EXPECT_THAT(variables_changées(avant, photographier(g())), IsEmpty());
   attendre_mode(étape_paramétrage_défini);
 }
 
@@ -59,7 +59,8 @@ TEST_F(ConfigurationTaken, ThePlayerMayThinkBetterOfNotSaving) {
   m.boîtes.réponses = {Réponse::non};
   ok();
   EXPECT_THAT(boîtes(), ElementsAre(question_sans_sauvegarde));
-  EXPECT_THAT(différences(avant, photographier(g())), ElementsAre("Configuration_acceptée", "Ordre_jeux"));
+  EXPECT_THAT(variables_changées(avant, photographier(g())),
+              ElementsAre("Configuration_acceptée", "Ordre_jeux"));
   EXPECT_FALSE(fichier_existe(m.dossier.fichier("~tmp.~ci")));
   attendre_mode(étape_paramétrage_défini);
   annuler();
@@ -345,7 +346,7 @@ TEST_F(ConfigurationTaken, CancelBringsBackWhatWas) {
   mettre(e().BTN_Démarrage, true);
   annuler();
   attendre_repos();
-  EXPECT_THAT(différences(avant, photographier(g())),
+  EXPECT_THAT(variables_changées(avant, photographier(g())),
               ElementsAre("Boutons_actifs", "Ordre_initial", "Paramétrage_permanent"));
   EXPECT_TRUE(g().TableProvinces(3).trouvée);
   EXPECT_EQ(lire_fichier(défaut), nommé);
@@ -389,7 +390,7 @@ TEST_F(ConfigurationTaken, ARunningGameIsKeptFromAnotherConfigurationIfThePlayer
     m.boîtes.réponses = {Réponse::non};
     menu(entrée);
     EXPECT_THAT(boîtes(), ElementsAre(question_d_abandon));
-    EXPECT_THAT(différences(avant, photographier(g())), IsEmpty());
+    EXPECT_THAT(variables_changées(avant, photographier(g())), IsEmpty());
     EXPECT_TRUE(e().que_faire.visible);
     EXPECT_THAT(choix, IsEmpty());
   }

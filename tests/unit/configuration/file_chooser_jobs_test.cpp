@@ -366,7 +366,7 @@ TEST_F(FileChooserJobs, AConfigurationThatCannotBeWrittenIsToldAndWhatWasSetStay
       EXPECT_THAT(boîtes(), ElementsAre("information | Erreur | Impossible d'écrire le fichier " + chemin +
                                         " ! \r\n" + message(g(), Message::fichier_peut_être_protégé)));
       EXPECT_TRUE(fenêtre->ouverte);
-      EXPECT_THAT(différences(avant, photographier(g())),
+      EXPECT_THAT(variables_changées(avant, photographier(g())),
                   ElementsAre("Fichier_lancement", "Scores_non_sauvés", "TableProvinces"));
       EXPECT_EQ(g().Fichier_lancement, chemin);
       EXPECT_THAT(exclues(), ElementsAre(57));

@@ -230,7 +230,8 @@ TEST_F(FileChooser, CancelAndTheCloseControlOnlySayNo) {
           demander_fermeture(*fenêtre);
         EXPECT_FALSE(fenêtre->ouverte);
         const Tout après = tout();
-        EXPECT_THAT(différences(avant.variables, après.variables), ElementsAre("Configuration_acceptée"));
+        EXPECT_THAT(variables_changées(avant.variables, après.variables),
+                    ElementsAre("Configuration_acceptée"));
         EXPECT_EQ(après.fichiers, avant.fichiers);
         EXPECT_EQ(après.réglages, avant.réglages);
       }

@@ -17,7 +17,7 @@
 #include "support/saved_game_bytes.h"
 #include "support/saving_player.h"
 #include "support/score_bytes.h"
-#include "support/state_lines.h"
+#include "support/state_snapshot.h"
 #include "support/table_values.h"
 
 namespace ardane {
@@ -169,11 +169,11 @@ TEST_F(SavedGame, WithoutAGameUnderWayNothingIsSaved) {
     g().PartieClose = close;
     g().Etape = static_cast<std::int16_t>(étape);
     m.oublier();
-    const auto avant = relever_état(g());
+    const auto avant = photographier(g());
     EXPECT_FALSE(enregistrer_la_partie(m, "souper")) << quand;
     EXPECT_THAT(m.façade.ouvertes, IsEmpty()) << quand;
     EXPECT_THAT(m.boîtes.montrées, IsEmpty()) << quand;
-    EXPECT_THAT(différences(avant, relever_état(g())), IsEmpty()) << quand;
+    EXPECT_THAT(différences(avant, photographier(g())), IsEmpty()) << quand;
   }
 }
 
@@ -345,12 +345,12 @@ class SavedGameThatCannotBeWritten : public SavedGame {
   }
   /// The player is told, the game and the folder are as they were.
   void attendre_échec(const std::string &chemin) {
-    const auto avant = relever_état(g());
+    const auto avant = photographier(g());
     const auto noms = dans_le_dossier();
     m.boîtes.montrées.clear();
     EXPECT_FALSE(Enregistrer_partie(m.c(), chemin));
     attendre_boîte(Icône::information, Message::erreur, "Impossible d'écrire dans le répertoire spécifié !");
-    EXPECT_THAT(différences(avant, relever_état(g())), IsEmpty());
+    EXPECT_THAT(différences(avant, photographier(g())), IsEmpty());
     EXPECT_THAT(dans_le_dossier(), testing::UnorderedElementsAreArray(noms));
   }
 };
@@ -439,7 +439,7 @@ class SavedGameTakenUp : public SavedGame, public testing::WithParamInterface<Re
     m.nouvelle_partie(GetParam().niveau);
     jouer_un_peu();
     dans_le_choix_de_fichier(m, "Fichier_enregistrer", [&](Fenêtre &f) {
-      au_souper = relever_état(g());
+      au_souper = photographier(g());
       nommer_le_fichier(f, "souper");
     });
     // The next day's program begins in the same folder.
@@ -521,7 +521,7 @@ class SavedGameTakenUp : public SavedGame, public testing::WithParamInterface<Re
     }
   }
 
-  Lignes_d_état au_souper;
+  Photo au_souper;
   MondeFactice lendemain;
 };
 
@@ -548,7 +548,7 @@ INSTANTIATE_TEST_SUITE_P(StagesAndLevels, SavedGameTakenUp, testing::ValuesIn(to
 TEST_P(SavedGameTakenUp, EveryVariableOfTheFileIsAsItWas) {
   ASSERT_TRUE(reprendre_la_partie(lendemain, "souper.CAI"));
   EXPECT_THAT(lendemain.boîtes.montrées, IsEmpty());
-  EXPECT_THAT(différences(au_souper, relever_état(lendemain.g()), hors_du_fichier), IsEmpty());
+  EXPECT_THAT(différences(au_souper, photographier(lendemain.g()), hors_du_fichier), IsEmpty());
   EXPECT_FALSE(fichier_existe(fichier()));
 }
 
@@ -914,12 +914,12 @@ class SavedGameRefused : public SavedGame {
     const std::string chemin = fichier(nom);
     const bool lisible = est_fichier_ordinaire(chemin);
     const std::string octets = lisible ? lire_fichier(chemin) : "";
-    const auto état = relever_état(g());
+    const auto état = photographier(g());
     const auto contrôles = contrôles_affichés(m.e());
     m.oublier();
     EXPECT_FALSE(Charger_partie(m.c(), chemin));
     attendre_boîte(icône, titre, texte);
-    EXPECT_THAT(différences(état, relever_état(g())), IsEmpty());
+    EXPECT_THAT(différences(état, photographier(g())), IsEmpty());
     EXPECT_EQ(contrôles_affichés(m.e()), contrôles);
     EXPECT_TRUE(fs::exists(chemin_natif(chemin)));
     EXPECT_EQ(lisible ? lire_fichier(chemin) : "", octets);
@@ -1069,11 +1069,11 @@ TEST_F(SavedGame, BeforeAnotherIsTakenUpTheGameUnderWayIsDroppedOnlyIfThePlayerA
   poser(OctetsPartie());
   jouer(étape_provinces);
   m.répondre_juste();
-  const auto avant = relever_état(g());
+  const auto avant = photographier(g());
   m.boîtes.réponses = {Réponse::non};
   EXPECT_FALSE(dans_le_choix_de_fichier(m, "Fichier_lire", [](Fenêtre &) {}));
   attendre_question_d_abandon();
-  EXPECT_THAT(différences(avant, relever_état(g())), IsEmpty());
+  EXPECT_THAT(différences(avant, photographier(g())), IsEmpty());
   m.oublier();
   m.boîtes.réponses = {Réponse::oui};
   EXPECT_TRUE(reprendre_la_partie(m, "souper.CAI"));

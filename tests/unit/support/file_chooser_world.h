@@ -71,7 +71,7 @@ class AvecChoixDeFichier : public AvecParamétrage {
     EXPECT_THAT(boîtes(), testing::ElementsAre(boîte));
     EXPECT_TRUE(fenêtre->ouverte);
     const Tout après = tout();
-    EXPECT_THAT(différences(avant.variables, après.variables), testing::IsEmpty());
+    EXPECT_THAT(variables_changées(avant.variables, après.variables), testing::IsEmpty());
     EXPECT_EQ(après.réglages, avant.réglages);
     EXPECT_EQ(après.fichiers, avant.fichiers);
   }

@@ -15,6 +15,7 @@
 
 #include "core/chooser_modes.h"
 #include "persistence/folders.h"
+#include "persistence/score_file.h"
 #include "persistence/slot_file.h"
 #include "platform/window_layout.h"
 #include "support/fake_world.h"
@@ -65,6 +66,10 @@ int compter_régions(const GameState &g) {
   int restantes = 0;
   for (int r = 1; r <= nombre_régions; ++r) restantes += g.TableRégions(r).trouvée ? 0 : 1;
   return restantes;
+}
+
+bool même_ordre(const Ordre_de_jeu &a, const Ordre_de_jeu &b) {
+  return std::equal(a.begin(), a.end(), b.begin());
 }
 
 bool en_jeu(const GameState &g) {
@@ -131,7 +136,7 @@ void vérifier_reprise(const GameState &avant, const GameState &après, bool nom
   exiger(!après.PartieVierge && !après.PartieClose && !après.AprèsPartie, "a game taken up is under way");
   if (paramétrage_temporaire(avant)) {
     exiger(paramétrage_temporaire(après) && mêmes_scores(avant, après) &&
-               std::equal(avant.Ordre_jeux.begin(), avant.Ordre_jeux.end(), après.Ordre_jeux.begin()),
+               même_ordre(avant.Ordre_jeux, après.Ordre_jeux),
            "a game taken up has the configuration that no file keeps");
   } else {
     exiger(!nommé_est_là || après.Fichier_lancement == avant.Fichier_lancement,
@@ -154,6 +159,17 @@ void vérifier_reprise(const GameState &avant, const GameState &après, bool nom
   }
 }
 
+bool régions_bien_comptées(const GameState &g) {
+  Table<int, 0, nombre_régions> restantes;
+  for (int p = 1; p <= nombre_provinces; ++p) {
+    const Fiche_province &province = g.TableProvinces(p);
+    if (!province.trouvée && !province.inhibée) ++restantes(province.région);
+  }
+  for (int r = 1; r <= nombre_régions; ++r)
+    if (g.TableRégions(r).provinces_restantes != restantes(r)) return false;
+  return true;
+}
+
 /// One run: the player's part is played by the bytes.
 class Joueur {
  public:
@@ -161,6 +177,8 @@ class Joueur {
     std::filesystem::create_directory(chemin_natif(monde_.dossier.fichier("jeux")));
     monde_.façade.joueur = [this](Fenêtre &f) { dans_la_fenêtre(f); };
     monde_.démarrer();
+    paramétrer();
+    ordre_en_vigueur_ = monde_.g().Ordre_jeux;
   }
 
   void jouer() {
@@ -185,6 +203,19 @@ class Joueur {
   }
 
  private:
+  /// A run begins in any stage, some with provinces left out, some with whole regions.
+  void paramétrer() {
+    GameState &g = monde_.g();
+    const int premier = octets_.parmi(nombre_jeux), une_sur = octets_.parmi(7) + 2, façon = octets_.parmi(3);
+    for (int i = 1; i <= nombre_jeux; ++i)
+      g.Ordre_jeux(i) = static_cast<std::int16_t>((premier + i) % nombre_jeux + 1);
+    for (int p = 1; p <= nombre_provinces && façon != 0; ++p) {
+      Fiche_province &province = g.TableProvinces(p);
+      province.inhibée = (façon == 1 ? p : province.région) % une_sur == 0;
+    }
+    Ecrire_scores(monde_.c(), true);
+  }
+
   void préparer_réponses() {
     monde_.boîtes.réponses.assign(2, octets_.parmi(4) == 0 ? Réponse::non : Réponse::oui);
     monde_.hasard.suite.assign(2, static_cast<float>(octets_.octet()) / 256.0F);
@@ -217,13 +248,20 @@ class Joueur {
     Ecran_principal &e = monde_.e();
     switch (octets_.parmi(12)) {
       case 0: bouton(e.BTN(1)); break;
-      case 1: bouton(e.BTN(2)); break;
+      case 1: annuler_le_paramétrage(); break;
       case 2: bouton(e.BTN_Sauvegarde); break;
       case 3: bouton(e.BTN_Démarrage); break;
       case 4:
       case 5: territoire(octets_.parmi(nombre_provinces) + 1); break;
       default: bouton(e.Bouton(octets_.parmi(16) + 1)); break;
     }
+  }
+
+  void annuler_le_paramétrage() {
+    const bool annulé = est_utilisable(monde_.e().BTN(2));
+    bouton(monde_.e().BTN(2));
+    exiger(!annulé || même_ordre(monde_.g().Ordre_jeux, ordre_en_vigueur_),
+           "nothing of a cancelled editing stays");
   }
 
   void menu() {
@@ -422,6 +460,7 @@ class Joueur {
       case étape_régions:
         exiger(g.RégionsRestantes == compter_régions(g), "regions left are those not found");
         exiger(g.RégionsRestantes == 0 || g.RégionCourante > 0, "a region is asked");
+        exiger(régions_bien_comptées(g), "a region lacks its provinces in play that are not found");
         exiger(g.ResteRégion >= 1 && g.ResteRégion <= g.TailleRégion, "a selection under way is not full");
         break;
       case étape_paramétrage_affiché:
@@ -433,6 +472,7 @@ class Joueur {
     exiger(g.NbErreurs >= 0 && g.NbErreurs < erreurs_permises, "errors of a question stay below ten");
     exiger(!en_jeu(g) || g.Score > 0, "a game goes on with points only");
     vérifier_paramétrage();
+    if (g.Etape != étape_paramétrage_défini) ordre_en_vigueur_ = g.Ordre_jeux;
     for (int niveau = 1; niveau <= plus_haut_niveau; ++niveau)
       for (int rang = 2; rang <= g.Nombre_scores(niveau); ++rang)
         exiger(g.Meilleurs_scores(niveau, rang - 1).score >= g.Meilleurs_scores(niveau, rang).score,
@@ -483,6 +523,7 @@ class Joueur {
   bool ordre_des_villes_ = false;             ///< the statistics have been written to their file
   std::vector<std::string> fenêtres_;         ///< open modal windows, the lowest first
   std::map<std::string, GameState> parties_;  ///< saved games, undamaged, by their files
+  Ordre_de_jeu ordre_en_vigueur_;             ///< that of play, whatever is being edited
   bool nouvelle_ = false;                     ///< the event has put another game in the place of the last
   bool choix_fait_ = false;                   ///< the chooser was left by a choice
 };

@@ -105,9 +105,20 @@ void prendre_paramétrage(Contexte &c, const Contenu_partie &contenu) {
   }
 }
 
+bool hors_jeu(const GameState &, const Fiche_province &province) {
+  return province.inhibée;
+}
+bool hors_jeu(const GameState &g, const Fiche_ville &ville) {
+  return g.TableProvinces(ville.province).inhibée;
+}
+
+/// What the configuration leaves out today counts as found, whatever the file says: no click could answer it.
 template <class Fiches>
-void marquer_trouvées(Fiches &table, const std::vector<Paire> &paires) {
-  for (const Paire &paire : paires) table(paire.indice).trouvée = paire.valeur != 0;
+void marquer_trouvées(const GameState &g, Fiches &table, const std::vector<Paire> &paires) {
+  for (const Paire &paire : paires) {
+    auto &fiche = table(paire.indice);
+    fiche.trouvée = paire.valeur != 0 || hors_jeu(g, fiche);
+  }
 }
 
 template <class Fiches>
@@ -119,7 +130,7 @@ std::int16_t compter_à_trouver(const Fiches &table) {
 }
 
 void reprendre_villes(GameState &g, const std::vector<Paire> &paires) {
-  marquer_trouvées(g.TableVilles, paires);
+  marquer_trouvées(g, g.TableVilles, paires);
   g.VillesRestantes = compter_à_trouver(g.TableVilles);
   for (int v = 1; v <= nombre_villes; ++v) {
     Fiche_province &province = g.TableProvinces(g.TableVilles(v).province);
@@ -129,7 +140,7 @@ void reprendre_villes(GameState &g, const std::vector<Paire> &paires) {
 }
 
 void reprendre_provinces(GameState &g, const std::vector<Paire> &paires) {
-  marquer_trouvées(g.TableProvinces, paires);
+  marquer_trouvées(g, g.TableProvinces, paires);
   g.ProvincesRestantes = compter_à_trouver(g.TableProvinces);
 }
 

@@ -9,6 +9,7 @@
 #include "map/layers.h"
 #include "map/layout.h"
 #include "persistence/folders.h"
+#include "persistence/saved_game_format.h"
 #include "persistence/score_file.h"
 #include "play/map_clicks.h"
 #include "play/stage_sequencer.h"
@@ -895,6 +896,29 @@ TEST_F(SavedGameWithAConfiguration, ThatPutsProvincesBackInPlayLeavesThemFoundAs
   EXPECT_EQ(g().ProvincesRestantes, 55);
   finir_la_partie(m);
   EXPECT_EQ(g().Etape, étape_repos);
+}
+
+TEST_F(SavedGameWithAConfiguration, ThatLeavesOutWhatTheFileHasStillToFindAsksForTheRestAlone) {
+  for (const int étape : {étape_provinces, étape_villes}) {
+    OctetsPartie octets(étape, {étape, 0, 0, 0}, {});
+    for (int i = 1; i <= nombre_de_paires(étape); ++i) octets.changer_paire(octets.case_paires + i - 1, i, 0);
+    écarter(3);
+    ASSERT_TRUE(reprendre(octets));
+    const bool villes = étape == étape_villes;
+    EXPECT_EQ(villes ? g().VillesRestantes : g().ProvincesRestantes, villes ? 3 * 74 : 74);
+    EXPECT_EQ(finir_la_partie(m), villes ? 3 * 74 : 74);
+    EXPECT_EQ(g().Etape, étape_repos);
+  }
+}
+
+TEST_F(SavedGameWithAConfiguration, ThatLeavesOutAllThatWasLeftGoesOnWithTheNextStage) {
+  OctetsPartie octets(étape_provinces, {étape_provinces, étape_régions, 0, 0}, {});
+  for (int p = 1; p <= nombre_provinces; ++p)
+    octets.changer_paire(octets.case_paires + p - 1, p, p % 3 == 0 ? 0 : -1);
+  écarter(3);
+  ASSERT_TRUE(reprendre(octets));
+  Reprendre_partie(m.c());
+  EXPECT_EQ(g().Etape, étape_régions);
 }
 
 // --- Files that are refused

@@ -7,7 +7,7 @@
 namespace ardane {
 namespace {
 
-constexpr std::size_t taille_de_longueur = 2;
+constexpr std::size_t octets_de_longueur = 2;
 
 std::size_t début_de_fiche(int numéro) {
   return taille_de_fiche * static_cast<std::size_t>(numéro - 1);
@@ -20,10 +20,10 @@ std::string texte_compté(std::string_view utf8) {
 
 /// Takes a counted text off the front of `reste`; nothing if it is not there whole.
 std::optional<std::string> prendre_texte(std::string_view &reste) {
-  if (reste.size() < taille_de_longueur) return std::nullopt;
+  if (reste.size() < octets_de_longueur) return std::nullopt;
   const auto octet = [&](std::size_t i) { return std::size_t{static_cast<unsigned char>(reste[i])}; };
   const std::size_t longueur = octet(0) | octet(1) << 8;
-  reste.remove_prefix(taille_de_longueur);
+  reste.remove_prefix(octets_de_longueur);
   if (reste.size() < longueur) return std::nullopt;
   std::string texte = depuis_windows_1252(reste.substr(0, longueur));
   reste.remove_prefix(longueur);

@@ -33,12 +33,18 @@ std::string lire_octets(const std::string &chemin) {
 Fiche_information première_fiche(const GameState &g, int province) {
   const std::string &fin = g.Fin_de_ligne;
   const Fiche_province &fiche = g.TableProvinces(province);
-  std::string texte =
-      fin + fin + fin + "Préfecture : " + fin + "* " + Nom_de_capitale(g, province) + fin + fin;
+  std::string texte;
+  const auto ligne = [&](const std::string &contenu) { texte.append(contenu).append(fin); };
+  for (int i = 0; i < 3; ++i) ligne("");
+  ligne("Préfecture : ");
+  ligne("* " + Nom_de_capitale(g, province));
+  ligne("");
   const std::vector<std::string> villes = Noms_des_villes(g, province);
-  texte += (villes.empty() ? "Pas de sous préfecture dans ce département" : "Ville principale :") + fin;
-  for (const std::string &ville : villes) texte += "* " + ville + fin;
-  texte += fin + "Région : " + g.TableRégions(fiche.région).nom + fin + fin;
+  ligne(villes.empty() ? "Pas de sous préfecture dans ce département" : "Ville principale :");
+  for (const std::string &ville : villes) ligne("* " + ville);
+  ligne("");
+  ligne("Région : " + g.TableRégions(fiche.région).nom);
+  ligne("");
   return {"Département : " + fiche.nom, texte};
 }
 

@@ -71,8 +71,10 @@ Palette::Palette(Contexte &c) : Fenêtre("Palette"), c_(c) {
   fermable = false;
   Centrer_fenêtre(c.état, *this);
   for (int n = 1; n <= static_cast<int>(couleurs.size()); ++n) {
-    const double x = 8 + pas * ((n - 1) % par_rangée);
-    const double y = 24 + pas * ((n - 1) / par_rangée);
+    const int colonne = (n - 1) % par_rangée;
+    const int rangée = (n - 1) / par_rangée;
+    const double x = 8 + pas * colonne;
+    const double y = 24 + pas * rangée;
     const Image image = c.ressources.images.chercher("ChoixCouleur", n);
     Contrôle &pastille = placer(*this, {indexé("ChoixCouleur", n), Genre::image, x, y, 7, 8, n - 1});
     poser_image(pastille, image);

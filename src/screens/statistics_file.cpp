@@ -81,7 +81,7 @@ std::string titre_après_deux_lignes(const GameState &g, Message titre) {
 
 }  // namespace
 
-std::string Sans_zéros(std::string texte) {
+std::string Sans_zéros(const std::string &texte) {
   const std::size_t premier = std::min(texte.find_first_not_of('0'), texte.size() - 1);
   return std::string(premier, ' ') + texte.substr(premier);
 }

@@ -8,7 +8,7 @@ namespace ardane {
 
 /// A number of six digits as the file has it: its leading zeros are blanks, and so are all but the last of
 /// "000000".
-std::string Sans_zéros(std::string texte);
+std::string Sans_zéros(const std::string &texte);
 
 /// Writes the three tables to "ARDA_STA.TXT" in `Répertoire_programme`, and tells where they lie.
 /// `OrdreTableau` holds the order of the towns afterwards.

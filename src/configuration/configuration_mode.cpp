@@ -119,17 +119,8 @@ bool prendre_sans_sauvegarder(Contexte &c) {
 }
 
 void choisir_fichier(Contexte &c, Modes_sélection mode) {
-  GameState &g = c.état;
-  g.Démarrage_demandé = c.principale.BTN_Démarrage.coché;
-  g.Mode_sélection = mode;
-  g.Type_fichier = fichier_paramétrage;
-  c.plateforme.fenêtres.ouvrir_modale("Sélection_partie");
-}
-
-void lancer_aux_prochains_démarrages(Contexte &c) {
-  const std::string &fichier = c.état.Fichier_lancement;
-  Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_fichier_lancement, fichier);
-  Proposer_répertoire(c, Dossier_de(c.dossier.complet(fichier)));
+  c.état.Démarrage_demandé = c.principale.BTN_Démarrage.coché;
+  Faire_choisir_fichier(c, mode, fichier_paramétrage);
 }
 
 void prendre_et_sauvegarder(Contexte &c) {
@@ -139,7 +130,8 @@ void prendre_et_sauvegarder(Contexte &c) {
   else if (g.Scores_non_sauvés || !g.Paramétrage_permanent)
     choisir_fichier(c, choix_nom_gardant_les_scores);
   else if (c.principale.BTN_Démarrage.coché && !g.Paramétrage_par_défaut)
-    lancer_aux_prochains_démarrages(c);
+    Lancer_aux_prochains_démarrages(c, g.Fichier_lancement,
+                                    Dossier_de(c.dossier.complet(g.Fichier_lancement)));
 }
 
 }  // namespace
@@ -200,10 +192,7 @@ void FinParamétrage(Contexte &c) {
 
 void Recharger(Contexte &c) {
   if (!ConfirmerAbandon(c)) return;
-  GameState &g = c.état;
-  g.Mode_sélection = choix_fichier;
-  g.Type_fichier = fichier_paramétrage;
-  c.plateforme.fenêtres.ouvrir_modale("Sélection_partie");
+  Faire_choisir_fichier(c, choix_fichier, fichier_paramétrage);
   quitter_le_mode(c);
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
-#include <utility>
 
 #include "core/announcement.h"
 #include "core/chooser_modes.h"
@@ -14,7 +13,6 @@
 #include "map/layout.h"
 #include "map/map_reset.h"
 #include "persistence/folders.h"
-#include "persistence/registry.h"
 #include "persistence/saved_game_format.h"
 #include "persistence/score_file.h"
 #include "platform/log.h"
@@ -90,8 +88,6 @@ Sélection_partie::Sélection_partie(Contexte &c)
   listes_.ouvrir(c.dossier.chemin());
 
   activation = [this] {
-    // The lists have just been made when the window comes up.
-    if (std::exchange(montrée_, true)) listes_.actualiser();
     if (c_.état.Mode_sélection == choix_nouveau_nom) focus = &contrôle(*this, "Nom_fichier");
   };
   tic = [this] { listes_.suivre(); };
@@ -188,13 +184,8 @@ bool Sélection_partie::enregistrer_paramétrage(const std::string &chemin) {
   if (!Ecrire_scores(c_, true)) return false;
   // The file holds the scores made so far; the program goes on with none.
   if (g.Mode_sélection == choix_nouveau_nom) Vider_scores(c_);
-  if (g.Démarrage_demandé) lancer_aux_prochains_démarrages(chemin);
+  if (g.Démarrage_demandé) Lancer_aux_prochains_démarrages(c_, chemin, listes_.dossier());
   return true;
-}
-
-void Sélection_partie::lancer_aux_prochains_démarrages(const std::string &chemin) {
-  Ecrire_registre(c_.plateforme.registre, clé_du_jeu, réglage_fichier_lancement, chemin);
-  Proposer_répertoire(c_, listes_.dossier());
 }
 
 // --- A file that is there
@@ -223,7 +214,7 @@ void Sélection_partie::charger_paramétrage(const std::string &chemin) {
   const Réponse réponse = c_.plateforme.boîtes.montrer(
       {Icône::question, message(g, Message::chargement_du_paramétrage),
        message(g, Message::utiliser_ce_paramétrage_par_défaut), Boutons::oui_non});
-  if (réponse == Réponse::oui) lancer_aux_prochains_démarrages(chemin);
+  if (réponse == Réponse::oui) Lancer_aux_prochains_démarrages(c_, chemin, listes_.dossier());
   g.Fichier_lancement = chemin;
   Charger_scores(c_);
   RevenirAuRepos(c_);

@@ -34,12 +34,10 @@ class Sélection_partie : public Fenêtre {
   void charger();
   void reprendre_partie(const std::string &chemin);
   void charger_paramétrage(const std::string &chemin);
-  void lancer_aux_prochains_démarrages(const std::string &chemin);
   void refuser(Message titre_boîte, Message texte);
 
   Contexte &c_;
   Listes_de_dossier listes_;
-  bool montrée_ = false;  ///< has been the active window
 };
 
 }  // namespace ardane

@@ -75,8 +75,7 @@ Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c)
   largeur = 420;
   hauteur = 380;
   fermable = false;
-  g.Largeur_écran = c.plateforme.écran.largeur();
-  g.Hauteur_écran = c.plateforme.écran.hauteur();
+  Mesurer_écran(c);
   Centrer_fenêtre(g, *this);
   poser_textes();
   contrôle(*this, "Lecteur").visible = false;

@@ -1,8 +1,10 @@
-// What the choosers of files and folders are opened for: values of the variables `Mode_sélection` and
-// `Type_fichier`.
+// The choosers of files and folders: what they are opened for, values of the variables `Mode_sélection` and
+// `Type_fichier`, and their opening.
 #pragma once
 
 #include <cstdint>
+
+#include "core/context.h"
 
 namespace ardane {
 
@@ -18,5 +20,10 @@ enum Types_fichier : std::int16_t {
   fichier_partie = 4,
   fichier_paramétrage = 5,
 };
+
+/// Has the player choose or name a file; what comes of it the window sees to.
+void Faire_choisir_fichier(Contexte &c, Modes_sélection mode, Types_fichier type);
+/// Has the player choose a folder for scores and games, or for the information file.
+void Faire_choisir_dossier(Contexte &c, Modes_sélection mode);
 
 }  // namespace ardane

@@ -8,8 +8,8 @@ namespace {
 template <class Condition>
 std::vector<std::string> noms_des_villes(const GameState &g, int province, Condition retenir) {
   std::vector<std::string> noms;
-  for (const Fiche_ville &ville : g.TableVilles)
-    if (ville.province == province && retenir(ville)) noms.push_back(ville.nom);
+  for (const int v : g.VillesParProvince(province))
+    if (retenir(g.TableVilles(v))) noms.push_back(g.TableVilles(v).nom);
   return noms;
 }
 

@@ -6,6 +6,13 @@
 
 namespace ardane {
 
+void Mesurer_écran(Contexte &c) {
+  const Ecran &écran = c.plateforme.écran;
+  c.état.Largeur_écran = écran.largeur();
+  c.état.Hauteur_écran = écran.hauteur();
+  c.état.Couleurs_écran = écran.bits_par_pixel();
+}
+
 void Centrer_fenêtre(const GameState &g, Fenêtre &fenêtre) {
   fenêtre.haut = std::floor((g.Hauteur_écran - fenêtre.hauteur) / 2);
   fenêtre.gauche = std::floor((g.Largeur_écran - fenêtre.largeur) / 2);

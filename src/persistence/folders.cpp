@@ -50,6 +50,11 @@ void Proposer_répertoire(Contexte &c, const std::string &dossier) {
   g.Répertoire_sauvegarde = dossier;
 }
 
+void Lancer_aux_prochains_démarrages(Contexte &c, const std::string &fichier, const std::string &dossier) {
+  Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_fichier_lancement, fichier);
+  Proposer_répertoire(c, dossier);
+}
+
 bool Effacer_fichier(std::string_view chemin) {
   if (!est_fichier_ordinaire(chemin)) return false;
   const std::filesystem::path fichier = chemin_natif(chemin);

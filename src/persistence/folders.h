@@ -18,6 +18,9 @@ bool Tester_ecriture(std::string_view dossier);
 /// in the settings too, and the current folder. Folders are compared in capitals, without blanks around.
 void Proposer_répertoire(Contexte &c, const std::string &dossier);
 
+/// Has the next starts begin with a score file, and proposes its folder as above.
+void Lancer_aux_prochains_démarrages(Contexte &c, const std::string &fichier, const std::string &dossier);
+
 /// Deletes a plain file. False if there is none, or if it is write-protected, though its folder would allow
 /// it.
 bool Effacer_fichier(std::string_view chemin);

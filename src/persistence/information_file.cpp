@@ -54,21 +54,20 @@ std::string premières_fiches(const GameState &g) {
   return octets;
 }
 
-void faire_choisir_dossier(Contexte &c) {
-  GameState &g = c.état;
+void faire_choisir_un_autre_dossier(Contexte &c) {
+  const GameState &g = c.état;
   c.plateforme.boîtes.montrer(
       {Icône::information, message(g, Message::erreur),
        message(g, Message::répertoire_non_inscriptible) + " (" + g.Répertoire_info + ")"});
   annoncer(c, Message::choix_du_répertoire, Message::fichier_peut_être_protégé);
-  g.Mode_sélection = choix_dossier_information;
-  c.plateforme.fenêtres.ouvrir_modale("Paramétrage_répertoires");
+  Faire_choisir_dossier(c, choix_dossier_information);
 }
 
 void créer_fichier_info(Contexte &c, int langue) {
   const GameState &g = c.état;
   if (langue == g.Langue)
     annoncer(c, Message::création_du_fichier_info, Message::fichier_d_information_recréé);
-  if (!Tester_ecriture(c.dossier.complet(g.Répertoire_info))) faire_choisir_dossier(c);
+  if (!Tester_ecriture(c.dossier.complet(g.Répertoire_info))) faire_choisir_un_autre_dossier(c);
   if (fichier_existe(chemin_du_fichier(c, langue))) return;
   const auto échec = remplacer_fichier(chemin_natif(chemin_du_fichier(c, langue)), premières_fiches(g));
   if (!échec) return;

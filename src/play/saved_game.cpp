@@ -27,12 +27,6 @@
 namespace ardane {
 namespace {
 
-void choisir_fichier_de_partie(Contexte &c, Modes_sélection mode) {
-  c.état.Mode_sélection = mode;
-  c.état.Type_fichier = fichier_partie;
-  c.plateforme.fenêtres.ouvrir_modale("Sélection_partie");
-}
-
 // --- From the game to the file
 
 template <class Fiches>
@@ -197,7 +191,7 @@ void Demander_enregistrement(Contexte &c) {
   const GameState &g = c.état;
   if (g.PartieVierge || g.PartieClose || g.Etape == étape_paramétrage_affiché) return;
   if (SoldeQuestion(c) > 0)
-    choisir_fichier_de_partie(c, choix_nouveau_nom);
+    Faire_choisir_fichier(c, choix_nouveau_nom, fichier_partie);
   else
     PartiePerdue(c);
 }
@@ -206,7 +200,7 @@ void Demander_reprise(Contexte &c) {
   GameState &g = c.état;
   if (!ConfirmerAbandon(c)) return;
   g.PartieVierge = true;
-  choisir_fichier_de_partie(c, choix_fichier);
+  Faire_choisir_fichier(c, choix_fichier, fichier_partie);
   // What ran before has been dropped; a game taken up is no longer untouched.
   if (g.PartieVierge) RevenirAuRepos(c);
   g.ConseilFicheVu = false;

@@ -45,13 +45,6 @@ std::string décrire_mode(const GameState &g, const Fiche_mode &mode) {
          couleurs_de(g, mode.couleurs);
 }
 
-void mesurer_écran(Contexte &c) {
-  GameState &g = c.état;
-  g.Largeur_écran = c.plateforme.écran.largeur();
-  g.Hauteur_écran = c.plateforme.écran.hauteur();
-  g.Couleurs_écran = c.plateforme.écran.bits_par_pixel();
-}
-
 void conseiller(Contexte &c, Contrôle &conseil) {
   const GameState &g = c.état;
   const bool mieux = Chercher_mode_supérieur(c);
@@ -99,7 +92,7 @@ bool Chercher_mode_supérieur(Contexte &c) {
 
 Patience::Patience(Contexte &c) : Fenêtre("Patience") {
   const GameState &g = c.état;
-  mesurer_écran(c);
+  Mesurer_écran(c);
   largeur = 500;
   hauteur = 282;
   fermable = false;

@@ -2,6 +2,7 @@
 
 #include "core/game_state.h"
 #include "core/paths.h"
+#include "core/window_placing.h"
 #include "map/configuration_panel.h"
 #include "map/layers.h"
 #include "map/layout.h"
@@ -13,13 +14,6 @@
 
 namespace ardane {
 namespace {
-
-void Lire_écran(Contexte &c) {
-  GameState &g = c.état;
-  g.Largeur_écran = c.plateforme.écran.largeur();
-  g.Hauteur_écran = c.plateforme.écran.hauteur();
-  g.Couleurs_écran = c.plateforme.écran.bits_par_pixel();
-}
 
 void nommer_sons(GameState &g) {
   const auto son = [&](const char *nom) { return Joindre_chemin(g.Répertoire_programme, nom); };
@@ -36,7 +30,7 @@ void nommer_sons(GameState &g) {
 void Initialiser_écran(Contexte &c) {
   GameState &g = c.état;
   Ecran_principal &e = c.principale;
-  Lire_écran(c);
+  Mesurer_écran(c);
   e.haut = 0;
   c.plateforme.écran.sablier(true);
   MasquerParamétrage(c);

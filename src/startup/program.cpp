@@ -86,6 +86,7 @@ bool Programme::Démarrage(const std::string &répertoire) {
   brancher();
   plateforme_.façade.montrer(principale_);
   plateforme_.façade.retirer(*accueil_);
+  accueil_.reset();
   plateforme_.écran.sablier(false);
   return true;
 }
@@ -151,10 +152,7 @@ void Programme::brancher() {
   entrée("Menu_aide", Aide_du_menu);
   entrée("Menu_à_propos", A_propos);
   entrée("FichierVersion", Chercher_mises_à_jour);
-  entrée("menu_inf", [](Contexte &k) {
-    k.état.Mode_sélection = choix_dossier_information;
-    k.plateforme.fenêtres.ouvrir_modale("Paramétrage_répertoires");
-  });
+  entrée("menu_inf", [](Contexte &k) { Faire_choisir_dossier(k, choix_dossier_information); });
   e.menu("fichier_quitter").clic = [this] { décharger(); };
 
   e.demande_de_fermeture = [this] { décharger(); };

@@ -36,10 +36,8 @@ void dater(Contexte &c) {
 }
 
 void faire_choisir_dossier(Contexte &c) {
-  GameState &g = c.état;
   annoncer(c, Message::choix_du_répertoire, Message::sélectionner_le_répertoire_par_défaut);
-  g.Mode_sélection = choix_dossier_sauvegarde;
-  c.plateforme.fenêtres.ouvrir_modale("Paramétrage_répertoires");
+  Faire_choisir_dossier(c, choix_dossier_sauvegarde);
 }
 
 /// The folders go back to the program's own; without leave to write there the player chooses one. The

@@ -148,13 +148,13 @@ TEST_F(FileChooser, WhenItBecomesActiveOnlyANewNameTakesTheFocus) {
   }
 }
 
-TEST_F(FileChooser, WhenItBecomesActiveItListsTheFolderAsItIsThen) {
+TEST_F(FileChooser, TwiceASecondItListsTheFolderAsItIsThen) {
   fichier("b.SCI");
   ouvrir(choix_fichier, fichier_paramétrage);
   choisir_nom("Fichier", "b.SCI");
   fichier("a.SCI");
   fs::create_directory(chemin_natif(jeux + "/zoo"));
-  fenêtre->activation();
+  fenêtre->tic();
   EXPECT_THAT(k("Fichier").éléments, ElementsAre("a.SCI", "b.SCI"));
   EXPECT_THAT(k("Répertoire").éléments, ElementsAre("..", "zoo"));
   EXPECT_EQ(élément_choisi(k("Fichier")), "b.SCI");

@@ -66,6 +66,7 @@ TEST_F(InformationFile, ACardHoldsWhatTheGazetteerKnowsByteByByte) {
 TEST_F(InformationFile, AProvinceWithNoTownSaysSo) {
   for (int v = 1; v <= nombre_villes; ++v)
     if (m.g().TableVilles(v).province == 7) m.g().TableVilles(v).province = 8;
+  m.g().VillesParProvince.relever(m.g().TableVilles);
   préparer();
   const std::string région = m.g().TableRégions(m.g().TableProvinces(7).région).nom;
   EXPECT_EQ(

@@ -75,8 +75,10 @@ TEST_F(RevisionLists, TheOtherTownsStandUnderAHeadingForNoneOneOrSeveral) {
   ASSERT_THAT(villes, SizeIs(2));
   EXPECT_EQ(provinces().at(5), "Autres villes : : " + villes[0]->nom + ", " + villes[1]->nom);
   villes[1]->province = 2;
+  m.g().VillesParProvince.relever(m.g().TableVilles);
   EXPECT_EQ(provinces().at(5), "Autre ville : " + villes[0]->nom);
   villes[0]->province = 2;
+  m.g().VillesParProvince.relever(m.g().TableVilles);
   EXPECT_EQ(provinces().at(5), "Pas de grande ville dans cette province");
 }
 

@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "core/game_state.h"
-#include "front/demonstration/mouse.h"
-#include "front/demonstration/scratch_folder.h"
+#include "front/qt/demonstration/mouse.h"
+#include "front/qt/demonstration/scratch_folder.h"
 #include "map/layers.h"
 #include "map/visibility_rules.h"
 #include "script.h"

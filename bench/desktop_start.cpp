@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-#include "front/demonstration/scratch_folder.h"
+#include "front/qt/demonstration/scratch_folder.h"
 
 namespace {
 

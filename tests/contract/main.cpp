@@ -4,7 +4,7 @@
 #ifdef ARDANE_DESKTOP
 #include <QApplication>
 
-#include "front/demonstration/offscreen.h"
+#include "front/qt/demonstration/offscreen.h"
 #endif
 
 int main(int argc, char **argv) {

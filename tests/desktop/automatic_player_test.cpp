@@ -1,11 +1,11 @@
 // The player who plays by himself: what he cannot do he says, and leaves the program closed.
-#include "front/demonstration/automatic_player.h"
+#include "front/qt/demonstration/automatic_player.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 
-#include "front/demonstration/scratch_folder.h"
+#include "front/qt/demonstration/scratch_folder.h"
 #include "script.h"
 
 namespace ardane {

@@ -10,7 +10,7 @@
 #include <array>
 
 #include "core/paths.h"
-#include "front/demonstration/mouse.h"
+#include "front/qt/demonstration/mouse.h"
 #include "map/main_window.h"
 #include "program_test.h"
 

@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 
 #include "crash_child.h"
-#include "front/demonstration/offscreen.h"
+#include "front/qt/demonstration/offscreen.h"
 
 int main(int argc, char **argv) {
   testing::InitGoogleTest(&argc, argv);

@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 #include "core/game_state.h"
-#include "front/demonstration/scratch_folder.h"
+#include "front/qt/demonstration/scratch_folder.h"
 #include "script.h"
 
 namespace ardane {

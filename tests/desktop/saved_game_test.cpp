@@ -9,7 +9,7 @@
 #include <set>
 #include <tuple>
 
-#include "front/demonstration/mouse.h"
+#include "front/qt/demonstration/mouse.h"
 #include "map/panel.h"
 #include "persistence/score_file.h"
 #include "program_test.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "front/demonstration/automatic_player.h"
+#include "front/qt/demonstration/automatic_player.h"
 
 namespace ardane {
 

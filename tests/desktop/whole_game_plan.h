@@ -5,7 +5,7 @@
 #include <QString>
 #include <string>
 
-#include "front/demonstration/automatic_player.h"
+#include "front/qt/demonstration/automatic_player.h"
 
 namespace ardane {
 

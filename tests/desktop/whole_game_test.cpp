@@ -5,7 +5,7 @@
 #include <tuple>
 
 #include "core/game_state.h"
-#include "front/demonstration/scratch_folder.h"
+#include "front/qt/demonstration/scratch_folder.h"
 #include "whole_game_plan.h"
 
 namespace ardane {

@@ -37,8 +37,8 @@ const Dessous &dessous_du_programme() {
       {"front/scripted", {"platform", "core"}},
       {"front/pilote", et_aussi(tout_sauf_les_façades, {"front/scripted"})},
       {"front/qt", tout_sauf_les_façades},
-      {"front/demonstration", et_aussi(tout_sauf_les_façades, {"front/qt"})},
-      {"front/ardane", et_aussi(tout_sauf_les_façades, {"front/qt", "front/demonstration"})},
+      {"front/qt/demonstration", et_aussi(tout_sauf_les_façades, {"front/qt"})},
+      {"front/qt/ardane", et_aussi(tout_sauf_les_façades, {"front/qt", "front/qt/demonstration"})},
   };
   return table;
 }
@@ -82,11 +82,13 @@ void pour_chaque_inclusion(const std::filesystem::path &fichier, F &&dire) {
   });
 }
 
-/// The entry of the table that a path below the root lies in; empty if it lies in none.
+/// The innermost entry of the table that a path below the root lies in; empty if it lies in none.
 std::string dossier_de(const Maison &maison, const std::string &chemin) {
+  std::string trouvé;
   for (const auto &[dossier, permis] : maison.dessous)
-    if (chemin == dossier || chemin.starts_with(dossier + "/")) return dossier;
-  return {};
+    if ((chemin == dossier || chemin.starts_with(dossier + "/")) && dossier.size() > trouvé.size())
+      trouvé = dossier;
+  return trouvé;
 }
 
 std::string dossier_de(const Maison &maison, const std::filesystem::path &source) {
@@ -142,7 +144,8 @@ TEST(House, TheCheckOfIncludesKnowsTheFolderOfEachPath) {
 }
 
 TEST(House, OnlyTheDesktopFrontEndAndWhatStandsOnItKnowAToolkit) {
-  seuls_connaissent_une_boîte_à_outils(programme(), {"front/qt", "front/demonstration", "front/ardane"});
+  seuls_connaissent_une_boîte_à_outils(programme(),
+                                       {"front/qt", "front/qt/demonstration", "front/qt/ardane"});
 }
 
 TEST(House, OnlyTheFilesOfTheAtelierKnowAToolkit) {

@@ -4,8 +4,8 @@
 
 #include "core/current_folder.h"
 #include "core/resources.h"
-#include "front/demonstration/demonstration.h"
 #include "front/qt/appearance.h"
+#include "front/qt/demonstration/demonstration.h"
 #include "front/qt/desktop.h"
 #include "front/qt/options.h"
 #include "front/qt/ready_report.h"

@@ -1,4 +1,4 @@
-#include "front/demonstration/mouse.h"
+#include "front/qt/demonstration/mouse.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "front/demonstration/demonstration.h"
+#include "front/qt/demonstration/demonstration.h"
 
 #include <QApplication>
 #include <array>
@@ -8,11 +8,11 @@
 
 #include "core/chooser_modes.h"
 #include "core/game_state.h"
-#include "front/demonstration/album.h"
-#include "front/demonstration/automatic_player.h"
-#include "front/demonstration/offscreen.h"
-#include "front/demonstration/scratch_folder.h"
 #include "front/qt/appearance.h"
+#include "front/qt/demonstration/album.h"
+#include "front/qt/demonstration/automatic_player.h"
+#include "front/qt/demonstration/offscreen.h"
+#include "front/qt/demonstration/scratch_folder.h"
 #include "persistence/score_file.h"
 
 namespace ardane {

@@ -1,4 +1,4 @@
-#include "front/demonstration/scratch_folder.h"
+#include "front/qt/demonstration/scratch_folder.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "front/demonstration/offscreen.h"
+#include "front/qt/demonstration/offscreen.h"
 
 #include <QLoggingCategory>
 

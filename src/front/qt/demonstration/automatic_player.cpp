@@ -1,4 +1,4 @@
-#include "front/demonstration/automatic_player.h"
+#include "front/qt/demonstration/automatic_player.h"
 
 #include <QAction>
 #include <QApplication>
@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "front/demonstration/mouse.h"
 #include "front/qt/appearance.h"
+#include "front/qt/demonstration/mouse.h"
 
 namespace ardane {
 namespace {

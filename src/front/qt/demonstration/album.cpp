@@ -1,4 +1,4 @@
-#include "front/demonstration/album.h"
+#include "front/qt/demonstration/album.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -7,8 +7,8 @@
 #include <functional>
 #include <string>
 
-#include "front/demonstration/map_target.h"
-#include "front/demonstration/plan.h"
+#include "front/qt/demonstration/map_target.h"
+#include "front/qt/demonstration/plan.h"
 #include "front/qt/desktop.h"
 #include "platform/services.h"
 

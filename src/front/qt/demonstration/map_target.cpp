@@ -1,4 +1,4 @@
-#include "front/demonstration/map_target.h"
+#include "front/qt/demonstration/map_target.h"
 
 #include <QRect>
 #include <algorithm>

@@ -13,7 +13,7 @@
 namespace ardane {
 namespace {
 
-constexpr int p = 40;
+constexpr int la_province = 40;
 
 // The picture under the mouse.
 
@@ -48,7 +48,7 @@ TEST_F(Pointing, OutsideTheMapNothingIsHit) {
 }
 
 TEST_F(Pointing, APictureIsHitFromItsFirstPixelToItsLast) {
-  const Contrôle &image = étaler(e().Pays(p));
+  const Contrôle &image = étaler(e().Pays(la_province));
   EXPECT_EQ(image_sous(e(), 100, 100), &image);
   EXPECT_EQ(image_sous(e(), 119, 109), &image);
   EXPECT_EQ(image_sous(e(), 99, 105), &e().image_région);
@@ -58,8 +58,8 @@ TEST_F(Pointing, APictureIsHitFromItsFirstPixelToItsLast) {
 }
 
 TEST_F(Pointing, OfSeveralPicturesTheTopmostIsHit) {
-  Contrôle &dessous = étaler(e().Pays(p));
-  Contrôle &dessus = étaler(e().RondPref(p));
+  Contrôle &dessous = étaler(e().Pays(la_province));
+  Contrôle &dessus = étaler(e().RondPref(la_province));
   e().au_premier_plan(dessus);
   EXPECT_EQ(image_sous(e(), 105, 105), &dessus);
   e().au_premier_plan(dessous);
@@ -67,7 +67,7 @@ TEST_F(Pointing, OfSeveralPicturesTheTopmostIsHit) {
 }
 
 TEST_F(Pointing, HiddenAndDisabledPicturesAreNotHit) {
-  Contrôle &image = étaler(e().Pays(p));
+  Contrôle &image = étaler(e().Pays(la_province));
   image.visible = false;
   EXPECT_EQ(image_sous(e(), 105, 105), &e().image_région);
   image.visible = true;
@@ -76,7 +76,7 @@ TEST_F(Pointing, HiddenAndDisabledPicturesAreNotHit) {
 }
 
 TEST_F(Pointing, ARegionLayerLetsClicksThroughToWhatLiesUnderIt) {
-  const Contrôle &dessous = étaler(e().Pays(p));
+  const Contrôle &dessous = étaler(e().Pays(la_province));
   e().au_premier_plan(étaler(e().Région(3)));
   EXPECT_EQ(image_sous(e(), 105, 105), &dessous);
 }
@@ -88,11 +88,11 @@ TEST_F(Pointing, ControlsOutsideTheMapAreNotHit) {
 }
 
 TEST_F(Pointing, ATipBelongsToTheTopmostPictureAlone) {
-  Contrôle &point = étaler(e().RondPref(p));
+  Contrôle &point = étaler(e().RondPref(la_province));
   point.infobulle = "Ville";
   e().au_premier_plan(point);
   EXPECT_EQ(image_avec_infobulle(e(), 105, 105), &point);
-  e().au_premier_plan(étaler(e().Pays(p)));
+  e().au_premier_plan(étaler(e().Pays(la_province)));
   EXPECT_EQ(image_avec_infobulle(e(), 105, 105), nullptr);
   EXPECT_EQ(image_avec_infobulle(e(), 300, 300), nullptr);
 }
@@ -239,17 +239,17 @@ TEST_F(MapClick, InTheTownStageLandCountsAtTheLowLevelsOnly) {
 
 TEST_F(MapClick, AMarkerDesignatesTheProvinceOfItsNumber) {
   démarrer();
-  cliquer(m.e(), m.e().rond(p));
-  EXPECT_TRUE(g().TableProvinces(p).trouvée);
+  cliquer(m.e(), m.e().rond(la_province));
+  EXPECT_TRUE(g().TableProvinces(la_province).trouvée);
 }
 
 TEST_F(MapClick, ADotOutsideTheTownStageStandsForItsProvince) {
   démarrer();
-  cliquer(m.e(), m.e().RondPref(p));
-  EXPECT_TRUE(g().TableProvinces(p).trouvée);
+  cliquer(m.e(), m.e().RondPref(la_province));
+  EXPECT_TRUE(g().TableProvinces(la_province).trouvée);
   const int province = g().TableVilles(200).province;
   cliquer(m.e(), m.e().RondVille(200));
-  EXPECT_EQ(g().TableProvinces(province).trouvée, province != p);
+  EXPECT_EQ(g().TableProvinces(province).trouvée, province != la_province);
 }
 
 class DotClick : public MapClick {

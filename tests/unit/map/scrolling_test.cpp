@@ -9,7 +9,7 @@
 namespace ardane {
 namespace {
 
-constexpr int p = 40;
+constexpr int province_visée = 40;
 
 /// 640 x 300: the view is 396 x 280, so that both halves of the map are far from its middle.
 class Scrolling : public testing::Test {
@@ -21,12 +21,12 @@ class Scrolling : public testing::Test {
     m.g().Niveau = 1;
     RedessinerCarte(m.c());
   }
-  /// Gives province `p` a place on the map and a size, whatever the country is like.
+  /// Gives province `province_visée` a place on the map and a size, whatever the country is like.
   void placer(int gauche, int haut, int largeur, int hauteur) {
-    m.g().TableProvinces(p).gauche = static_cast<std::int16_t>(gauche);
-    m.g().TableProvinces(p).haut = static_cast<std::int16_t>(haut);
+    m.g().TableProvinces(province_visée).gauche = static_cast<std::int16_t>(gauche);
+    m.g().TableProvinces(province_visée).haut = static_cast<std::int16_t>(haut);
     const Image image{1, static_cast<std::int16_t>(largeur), static_cast<std::int16_t>(hauteur)};
-    poser_image(m.e().Pays(p), image);
+    poser_image(m.e().Pays(province_visée), image);
     Placer_provinces(m.c());
   }
   void attendre_places() {
@@ -69,7 +69,7 @@ TEST_F(Scrolling, EverythingOnTheMapMovesWithTheBars) {
 
 TEST_F(Scrolling, EachBarMovesItsOwnDirectionAlone) {
   démarrer();
-  const Contrôle &couche = m.e().Pays(p);
+  const Contrôle &couche = m.e().Pays(province_visée);
   const double gauche = couche.gauche, haut = couche.haut;
   fixer_valeur(m.e().barre_v, 50);
   EXPECT_EQ(couche.gauche, gauche);
@@ -81,14 +81,14 @@ TEST_F(Scrolling, EachBarMovesItsOwnDirectionAlone) {
 
 TEST_F(Scrolling, TheTablesKeepTheirMapPositions) {
   démarrer();
-  const Fiche_province province = m.g().TableProvinces(p);
-  const Fiche_ville ville = m.g().TableVilles(p);
+  const Fiche_province province = m.g().TableProvinces(province_visée);
+  const Fiche_ville ville = m.g().TableVilles(province_visée);
   fixer_valeur(m.e().barre_h, 37);
   fixer_valeur(m.e().barre_v, 101);
-  EXPECT_EQ(m.g().TableProvinces(p).gauche, province.gauche);
-  EXPECT_EQ(m.g().TableProvinces(p).haut, province.haut);
-  EXPECT_EQ(m.g().TableVilles(p).x, ville.x);
-  EXPECT_EQ(m.g().TableVilles(p).y, ville.y);
+  EXPECT_EQ(m.g().TableProvinces(province_visée).gauche, province.gauche);
+  EXPECT_EQ(m.g().TableProvinces(province_visée).haut, province.haut);
+  EXPECT_EQ(m.g().TableVilles(province_visée).x, ville.x);
+  EXPECT_EQ(m.g().TableVilles(province_visée).y, ville.y);
 }
 
 TEST_F(Scrolling, ABarNeverLeavesItsRange) {
@@ -118,12 +118,12 @@ TEST_F(Scrolling, AScrollRedrawsOnceUnderTheHourglass) {
 
 TEST_F(Scrolling, TheLayersComeBackInTheStateOfStageAndLevel) {
   démarrer();
-  m.g().TableProvinces(p).trouvée = true;
+  m.g().TableProvinces(province_visée).trouvée = true;
   RedessinerCarte(m.c());
   fixer_valeur(m.e().barre_v, 50);
   for (int i = 1; i <= nombre_provinces; ++i) {
-    EXPECT_EQ(m.e().Pays(i).visible, i == p) << i;
-    EXPECT_EQ(m.e().Inv(i).visible, i != p) << i;
+    EXPECT_EQ(m.e().Pays(i).visible, i == province_visée) << i;
+    EXPECT_EQ(m.e().Inv(i).visible, i != province_visée) << i;
   }
 }
 
@@ -140,7 +140,7 @@ TEST_F(Scrolling, WhatNoRuleBringsBackStaysHiddenAfterAScroll) {
 TEST_F(Scrolling, AProvinceInFullViewMovesNothing) {
   démarrer();
   placer(100, 100, 60, 50);
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_h.valeur, 0);
   EXPECT_EQ(m.e().barre_v.valeur, 0);
 }
@@ -148,7 +148,7 @@ TEST_F(Scrolling, AProvinceInFullViewMovesNothing) {
 TEST_F(Scrolling, AProvinceThatJustFitsIntoTheViewMovesNothing) {
   démarrer();
   placer(396 - 60, 280 - 50, 60, 50);
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_h.valeur, 0);
   EXPECT_EQ(m.e().barre_v.valeur, 0);
 }
@@ -156,7 +156,7 @@ TEST_F(Scrolling, AProvinceThatJustFitsIntoTheViewMovesNothing) {
 TEST_F(Scrolling, WithoutBarsNothingMovesAtAll) {
   démarrer(1280, 1024);
   placer(-50, 700, 60, 50);
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_h.valeur, 0);
   EXPECT_EQ(m.e().barre_v.valeur, 0);
 }
@@ -165,14 +165,14 @@ TEST_F(Scrolling, AProvinceAboveTheViewInTheTopHalfBringsTheBarTo0) {
   démarrer();
   placer(100, 150, 60, 50);
   fixer_valeur(m.e().barre_v, 100);
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_v.valeur, 0);
 }
 
 TEST_F(Scrolling, AProvinceBelowTheViewIsCentredByItsMarker) {
   démarrer();
   placer(100, 300, 60, 50);
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_v.valeur, 300 + 8 - 140);
   attendre_places();
 }
@@ -180,7 +180,7 @@ TEST_F(Scrolling, AProvinceBelowTheViewIsCentredByItsMarker) {
 TEST_F(Scrolling, NearTheBottomEdgeTheBarStops4PixelsShortOfItsEnd) {
   démarrer();
   placer(100, 600, 60, 50);
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_v.valeur, 662 - 280);
   EXPECT_EQ(m.e().barre_v.valeur, m.e().barre_v.max - 4);
 }
@@ -188,7 +188,7 @@ TEST_F(Scrolling, NearTheBottomEdgeTheBarStops4PixelsShortOfItsEnd) {
 TEST_F(Scrolling, AProvinceRightOfTheViewIsCentredByItsLayer) {
   démarrer();
   placer(340, 100, 60, 50);
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_h.valeur, 340 + 60 - 198);
   EXPECT_EQ(m.e().barre_v.valeur, 0);
 }
@@ -196,7 +196,7 @@ TEST_F(Scrolling, AProvinceRightOfTheViewIsCentredByItsLayer) {
 TEST_F(Scrolling, NearTheRightEdgeTheBarStops4PixelsShortOfItsEnd) {
   démarrer();
   placer(500, 100, 60, 50);
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_h.valeur, 602 - 396);
   EXPECT_EQ(m.e().barre_h.valeur, m.e().barre_h.max - 4);
 }
@@ -205,7 +205,7 @@ TEST_F(Scrolling, AProvinceLeftOfTheViewInTheLeftHalfBringsTheBarTo0) {
   démarrer();
   placer(210, 100, 60, 50);
   fixer_valeur(m.e().barre_h, 200);
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_h.valeur, 0);
 }
 
@@ -215,7 +215,7 @@ TEST_F(Scrolling, TheSecondTestSeesThePlacesThatTheFirstScrollHasMade) {
   fixer_valeur(m.e().barre_v, 300);
   // Seen at 200, above 300: the bar goes to 200 - 140 = 60. Then seen at 440, whose bottom lies below the
   // view.
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_v.valeur, 440 + 8 - 140);
 }
 
@@ -223,10 +223,10 @@ TEST_F(Scrolling, TheSecondTestSeesTheMarkerThatTheFirstScrollHasDressed) {
   démarrer();
   placer(100, 500, 60, 50);
   fixer_valeur(m.e().barre_v, 300);
-  m.g().ProvinceCourante = p;
+  m.g().ProvinceCourante = province_visée;
   m.g().AssistanceActive = true;
-  Centrer_cible(m.c(), p);
-  EXPECT_EQ(m.e().rond(p).hauteur, 20);
+  Centrer_cible(m.c(), province_visée);
+  EXPECT_EQ(m.e().rond(province_visée).hauteur, 20);
   EXPECT_EQ(m.e().barre_v.valeur, 440 + 20 - 140);
 }
 
@@ -234,7 +234,7 @@ TEST_F(Scrolling, PlacesBetweenTwoPixelsAreCut) {
   démarrer(640, 301);
   ASSERT_EQ(m.e().Carte.hauteur, 281);
   placer(100, 300, 60, 50);
-  Centrer_cible(m.c(), p);
+  Centrer_cible(m.c(), province_visée);
   EXPECT_EQ(m.e().barre_v.valeur, 167) << "300 + 8 - 140.5";
 }
 

@@ -18,17 +18,17 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-Lecture_scores lire(const std::string &octets) {
+Lecture_scores lire_octets(const std::string &octets) {
   std::istringstream flux(octets);
   return lire_scores(flux);
 }
 
-Lecture_scores lire(const OctetsScores &fichier) {
-  return lire(fichier.octets());
+Lecture_scores lire_octets(const OctetsScores &fichier) {
+  return lire_octets(fichier.octets());
 }
 
 Défaut_de_case défaut(const OctetsScores &fichier) {
-  return lire(fichier).défaut.value_or(Défaut_de_case{});
+  return lire_octets(fichier).défaut.value_or(Défaut_de_case{});
 }
 
 TEST(ScoreFormat, AWholeFileIsReadInItsOrder) {
@@ -38,7 +38,7 @@ TEST(ScoreFormat, AWholeFileIsReadInItsOrder) {
   fichier.score("Ann", 999000, 1);
   fichier.score("Zo\xE9", 5, 4);
   fichier.score("", -7, 0);
-  const Lecture_scores lecture = lire(fichier);
+  const Lecture_scores lecture = lire_octets(fichier);
   ASSERT_FALSE(lecture.défaut);
   EXPECT_EQ(lecture.contenu.version, "Version 1.00 du 24/02/2007");
   EXPECT_THAT(valeurs(lecture.contenu.ordre), ElementsAre(1, 4, 2, 3));
@@ -50,7 +50,7 @@ TEST(ScoreFormat, AWholeFileIsReadInItsOrder) {
 }
 
 TEST(ScoreFormat, AFileWithoutScoresHas117Slots) {
-  const Lecture_scores lecture = lire(OctetsScores());
+  const Lecture_scores lecture = lire_octets(OctetsScores());
   EXPECT_FALSE(lecture.défaut);
   EXPECT_THAT(lecture.contenu.scores, IsEmpty());
 }
@@ -62,7 +62,7 @@ TEST(ScoreFormat, AFileCutBeforeTheEndOfItsFixedPartIsAFault) {
     // The item of every slot is a number but the first, a text of 26 bytes.
     const std::size_t item = place == 0 ? 28 : 2;
     for (const std::size_t reste : {std::size_t{0}, std::size_t{1}, item - 1}) {
-      const auto lecture = lire(octets.substr(0, place * taille_de_case + reste));
+      const auto lecture = lire_octets(octets.substr(0, place * taille_de_case + reste));
       EXPECT_EQ(lecture.défaut, (Défaut_de_case{static_cast<int>(place) + 1, Cause::fin_du_fichier}))
           << place + 1 << " + " << reste;
     }
@@ -71,7 +71,7 @@ TEST(ScoreFormat, AFileCutBeforeTheEndOfItsFixedPartIsAFault) {
 
 TEST(ScoreFormat, TheLastFixedSlotMayBeCutBehindItsItem) {
   const std::string octets = OctetsScores().octets();
-  EXPECT_FALSE(lire(octets.substr(0, octets.size() - taille_de_case + 2)).défaut);
+  EXPECT_FALSE(lire_octets(octets.substr(0, octets.size() - taille_de_case + 2)).défaut);
 }
 
 TEST(ScoreFormat, AmongTheScoresTheEndOfTheFileEndsTheList) {
@@ -82,7 +82,7 @@ TEST(ScoreFormat, AmongTheScoresTheEndOfTheFileEndsTheList) {
   const std::size_t début = (case_premier_score - 1) * taille_de_case;
   const std::size_t premier = 2 + 3 + 6, second = 2 + 4 + 6;
   for (std::size_t longueur = début; longueur <= octets.size(); ++longueur) {
-    const Lecture_scores lecture = lire(octets.substr(0, longueur));
+    const Lecture_scores lecture = lire_octets(octets.substr(0, longueur));
     EXPECT_FALSE(lecture.défaut) << longueur;
     const std::size_t attendus =
         (longueur >= début + premier ? 1U : 0U) + (longueur >= début + taille_de_case + second ? 1U : 0U);
@@ -95,7 +95,7 @@ TEST(ScoreFormat, FewerPlacesLeaveTheRestUnused) {
   fichier.changer(case_nombre, 3);
   fichier.cases.erase(fichier.cases.begin() + case_ordre + 2);
   fichier.changer(case_inhibée - 1, -1);
-  const Lecture_scores lecture = lire(fichier);
+  const Lecture_scores lecture = lire_octets(fichier);
   ASSERT_FALSE(lecture.défaut);
   EXPECT_THAT(valeurs(lecture.contenu.ordre), ElementsAre(1, 4, 2, 0));
   EXPECT_TRUE(lecture.contenu.inhibée(1));
@@ -122,8 +122,8 @@ TEST(ScoreFormat, AnOrderThatBeginsWithNoStageIsAFault) {
 TEST(ScoreFormat, AnOrderMayEndEarly) {
   OctetsScores fichier;
   for (int i = 1; i < nombre_jeux; ++i) fichier.changer(case_ordre + i, 0);
-  EXPECT_THAT(valeurs(lire(fichier).contenu.ordre), ElementsAre(1, 0, 0, 0));
-  EXPECT_FALSE(lire(fichier).défaut);
+  EXPECT_THAT(valeurs(lire_octets(fichier).contenu.ordre), ElementsAre(1, 0, 0, 0));
+  EXPECT_FALSE(lire_octets(fichier).défaut);
 }
 
 TEST(ScoreFormat, AnOrderWithACodeThatIsNoStagesIsAFault) {
@@ -145,7 +145,7 @@ TEST(ScoreFormat, AnyNumberButZeroLeavesAProvinceOut) {
   fichier.changer(case_inhibée, 1);
   fichier.changer(case_inhibée + 1, -2);
   fichier.changer(case_inhibée + 2, 256);
-  const Lecture_scores lecture = lire(fichier);
+  const Lecture_scores lecture = lire_octets(fichier);
   EXPECT_FALSE(lecture.défaut);
   EXPECT_TRUE(lecture.contenu.inhibée(1));
   EXPECT_TRUE(lecture.contenu.inhibée(2));
@@ -158,7 +158,7 @@ TEST(ScoreFormat, AllProvincesLeftOutAreAFault) {
   for (int p = 0; p < nombre_provinces; ++p) fichier.changer(case_inhibée + p, -1);
   EXPECT_EQ(défaut(fichier), (Défaut_de_case{case_langue - 1, Cause::valeur}));
   fichier.changer(case_inhibée + 50, 0);
-  EXPECT_FALSE(lire(fichier).défaut);
+  EXPECT_FALSE(lire_octets(fichier).défaut);
 }
 
 TEST(ScoreFormat, ALevelOutside0To4IsAFault) {
@@ -166,14 +166,14 @@ TEST(ScoreFormat, ALevelOutside0To4IsAFault) {
     OctetsScores fichier;
     fichier.score("Ann", 2, 1);
     fichier.score("Zoé", 1, niveau);
-    const Lecture_scores lecture = lire(fichier);
+    const Lecture_scores lecture = lire_octets(fichier);
     EXPECT_EQ(lecture.défaut, (Défaut_de_case{case_premier_score + 1, Cause::valeur})) << niveau;
     EXPECT_THAT(lecture.contenu.scores, SizeIs(1)) << niveau;
   }
   for (const int niveau : {0, 1, 4}) {
     OctetsScores fichier;
     fichier.score("Ann", 2, niveau);
-    EXPECT_FALSE(lire(fichier).défaut) << niveau;
+    EXPECT_FALSE(lire_octets(fichier).défaut) << niveau;
   }
 }
 
@@ -182,7 +182,7 @@ TEST(ScoreFormat, AnEleventhScoreOfALevelIsAFault) {
     OctetsScores fichier;
     fichier.score("autre", 1, 1);
     for (int i = 0; i < nombre_rangs; ++i) fichier.score("Ann", 100 - i, niveau);
-    EXPECT_FALSE(lire(fichier).défaut) << niveau;
+    EXPECT_FALSE(lire_octets(fichier).défaut) << niveau;
     fichier.score("Ann", 1, niveau);
     EXPECT_EQ(défaut(fichier), (Défaut_de_case{case_premier_score + 11, Cause::valeur})) << niveau;
   }
@@ -192,7 +192,7 @@ TEST(ScoreFormat, NamesOf0And120BytesAreReadAndLongerOnesAreAFault) {
   OctetsScores fichier;
   fichier.score("", 2, 1);
   fichier.score(std::string(120, 'n'), 1, 1);
-  EXPECT_FALSE(lire(fichier).défaut);
+  EXPECT_FALSE(lire_octets(fichier).défaut);
   for (const int annoncée : {121, 65535}) {
     OctetsScores long_nom;
     long_nom.score(annoncée, "Ann", 1, 1);
@@ -203,9 +203,9 @@ TEST(ScoreFormat, NamesOf0And120BytesAreReadAndLongerOnesAreAFault) {
 TEST(ScoreFormat, TheVersionIsReadWhateverFollows) {
   OctetsScores fichier;
   fichier.changer(case_nombre, 5);
-  EXPECT_EQ(lire(fichier).contenu.version, "Version 1.00 du 24/02/2007");
-  EXPECT_EQ(lire("").contenu.version, "");
-  EXPECT_EQ(lire("").défaut, (Défaut_de_case{1, Cause::fin_du_fichier}));
+  EXPECT_EQ(lire_octets(fichier).contenu.version, "Version 1.00 du 24/02/2007");
+  EXPECT_EQ(lire_octets("").contenu.version, "");
+  EXPECT_EQ(lire_octets("").défaut, (Défaut_de_case{1, Cause::fin_du_fichier}));
 }
 
 TEST(ScoreFormat, TheFileIsWrittenByteByByte) {

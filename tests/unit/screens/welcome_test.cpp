@@ -31,7 +31,7 @@ class Welcome : public testing::Test {
   std::unique_ptr<Patience> fenêtre;
 };
 
-constexpr Couleur rouge{255, 0, 0}, noir{0, 0, 0}, bleu{0, 0, 255};
+constexpr Couleur rouge_du_conseil{255, 0, 0}, noir{0, 0, 0}, bleu{0, 0, 255};
 
 TEST_F(Welcome, ItGreetsTellsTheScreenAndMeasuresIt) {
   régler_écran(1280, 1024, 32, {});
@@ -75,13 +75,13 @@ TEST_F(Welcome, ANarrowScreenWithAWiderModeIsAdvisedInRed) {
   régler_écran(640, 480, 16, {{800, 600, 16}});
   EXPECT_EQ(conseil(), message(m.g(), Message::résolution_possible) + "800x600  [65536 Couleurs]" +
                            message(m.g(), Message::éviterait_de_se_déplacer));
-  EXPECT_EQ(k("Conseil").couleur, Teinte(rouge));
+  EXPECT_EQ(k("Conseil").couleur, Teinte(rouge_du_conseil));
 }
 
 TEST_F(Welcome, ANarrowScreenWithoutAWiderModeHearsNothing) {
   régler_écran(640, 480, 16, {{640, 480, 32}});
   EXPECT_EQ(conseil(), "");
-  EXPECT_EQ(k("Conseil").couleur, Teinte(rouge));
+  EXPECT_EQ(k("Conseil").couleur, Teinte(rouge_du_conseil));
 }
 
 TEST_F(Welcome, AWiderModeOf8BitsIsIgnored) {

@@ -1,8 +1,11 @@
 #include "map/layout.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "core/game_state.h"
+#include "core/window_placing.h"
 #include "map/main_window.h"
 #include "map/scrolling.h"
 
@@ -10,6 +13,12 @@ namespace ardane {
 namespace {
 
 constexpr double écart = 10;
+/// Between the window's edge and the viewport.
+constexpr double marge_gauche = 10, marge_haute = 5;
+/// Beyond what viewport and panel take of the screen's width.
+constexpr double réserve = 30;
+/// By how much a viewport that shows the whole map is wider than it.
+constexpr double bordure = 4;
 
 double droite(const Contrôle &contrôle) {
   return contrôle.gauche + contrôle.largeur;
@@ -105,6 +114,13 @@ void Lire_rectangle_carte(Contexte &c) {
   c.état.Rect_carte = c.plateforme.façade.rectangle(c.principale, c.principale.Carte);
 }
 
+Point Taille_confortable(const Ecran_principal &e) {
+  const double largeur =
+      marge_gauche + e.image_région.largeur + bordure + e.barre_v.largeur + e.que_faire.largeur + réserve;
+  const double hauteur = marge_haute + e.image_région.hauteur + marge_haute;
+  return {static_cast<int>(std::ceil(largeur)), static_cast<int>(std::ceil(hauteur))};
+}
+
 void DisposerCarte(Contexte &c) {
   GameState &g = c.état;
   Ecran_principal &e = c.principale;
@@ -112,18 +128,18 @@ void DisposerCarte(Contexte &c) {
   const double carte_l = e.image_région.largeur;
   const double carte_h = e.image_région.hauteur;
 
-  vue.haut = 5;
-  fixer_mesure(vue.largeur, g.Largeur_écran - (g.Carte_pleine_largeur ? 0 : e.que_faire.largeur) - 30);
+  vue.haut = marge_haute;
+  fixer_mesure(vue.largeur, g.Largeur_écran - (g.Carte_pleine_largeur ? 0 : e.que_faire.largeur) - réserve);
   c.plateforme.façade.repeindre(e);
   g.Rect_carte = c.plateforme.écran.zone_de_travail();
   g.Bas_zone_travail = g.Rect_carte.bas;
   Lire_rectangle_carte(c);
   fixer_mesure(vue.hauteur, g.Bas_zone_travail - g.Rect_carte.haut);
-  vue.gauche = 10;
+  vue.gauche = marge_gauche;
 
   const bool horizontale = vue.largeur < carte_l;
   if (!horizontale) {
-    vue.largeur = carte_l + 4;
+    vue.largeur = carte_l + bordure;
   } else {
     fixer_mesure(vue.hauteur, vue.hauteur - e.barre_h.hauteur);
     e.barre_h.largeur = vue.largeur;
@@ -151,7 +167,7 @@ void DisposerCarte(Contexte &c) {
   }
 
   e.hauteur = vue.hauteur + vue.haut + g.Rect_carte.haut - e.haut + (horizontale ? e.barre_h.hauteur : 0);
-  e.largeur = e.que_faire.largeur + e.barre_v.largeur + vue.largeur + vue.gauche + 30;
+  e.largeur = e.que_faire.largeur + e.barre_v.largeur + vue.largeur + vue.gauche + réserve;
   g.Largeur_fenêtre = static_cast<std::int32_t>(e.largeur);
   g.Hauteur_fenêtre = static_cast<std::int32_t>(e.hauteur);
 }
@@ -163,6 +179,25 @@ void Disposer_écran(Contexte &c) {
   disposer_grille(c.principale);
   revenir_à_zéro(c, c.principale.barre_h, Défiler_horizontal);
   revenir_à_zéro(c, c.principale.barre_v, Défiler_vertical);
+}
+
+void Redisposer(Contexte &c) {
+  Ecran_principal &e = c.principale;
+  const bool pleine_largeur = c.état.Carte_pleine_largeur;
+  const int x = e.barre_h.valeur, y = e.barre_v.valeur;
+  const std::array compteur{&e.BoîteProvinces, &e.EtiquetteProvinces, &e.NombreProvinces};
+  std::array<bool, compteur.size()> vus{};
+  std::ranges::transform(compteur, vus.begin(), &Contrôle::visible);
+
+  Mesurer_écran(c);
+  Disposer_écran(c);
+  if (pleine_largeur) {
+    c.état.Carte_pleine_largeur = true;
+    DisposerCarte(c);
+  }
+  for (std::size_t i = 0; i < compteur.size(); ++i) compteur[i]->visible = vus[i];
+  if (e.barre_h.visible) fixer_valeur(e.barre_h, x);
+  if (e.barre_v.visible) fixer_valeur(e.barre_v, y);
 }
 
 }  // namespace ardane

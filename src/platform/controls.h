@@ -112,9 +112,10 @@ class Fenêtre {
   std::string titre;
   double gauche = 0, haut = 0, largeur = 0, hauteur = 0;  ///< client area, pixels of the screen
   int contexte_aide = 0;
-  bool fermable = true;         ///< has a close control of the window manager's
-  bool avec_titre = true;       ///< has a title bar; without it nobody can move the window
-  bool est_principale = false;  ///< the program's own window, which the others stand above
+  bool fermable = true;                 ///< has a close control of the window manager's
+  bool avec_titre = true;               ///< has a title bar; without it nobody can move the window
+  bool placée_sur_le_moniteur = false;  ///< its place is the monitor's, not that of the program's screen
+  bool est_principale = false;          ///< the program's own window, which the others stand above
   bool redimensionnable = false;
   bool ouverte = false;
   std::optional<Teinte> fond;

@@ -62,7 +62,8 @@ struct Mode_écran {
   int largeur = 0, hauteur = 0, couleurs = 0;
 };
 
-/// The screen and the mouse cursor; all measures in pixels of the screen.
+/// What the program takes for its screen, and the mouse cursor on it; all measures in pixels of that screen.
+/// A front end may give it less than the whole monitor, and pixels of its own size.
 class Ecran {
  public:
   virtual ~Ecran() = default;
@@ -70,6 +71,8 @@ class Ecran {
   virtual int hauteur() const = 0;
   virtual int bits_par_pixel() const = 0;
   virtual Rect zone_de_travail() const = 0;
+  /// The mode of the monitor that it lies on.
+  virtual Mode_écran moniteur() const { return {largeur(), hauteur(), bits_par_pixel()}; }
   virtual std::vector<Mode_écran> modes() const = 0;
   virtual Point curseur() const = 0;
   /// The hourglass in place of the arrow, or the arrow again.

@@ -92,7 +92,8 @@ bool Chercher_mode_supérieur(Contexte &c) {
 
 Patience::Patience(Contexte &c) : Fenêtre("Patience") {
   const GameState &g = c.état;
-  Mesurer_écran(c);
+  Mesurer_moniteur(c);
+  placée_sur_le_moniteur = true;
   largeur = 500;
   hauteur = 282;
   fermable = false;

@@ -110,6 +110,12 @@ void Programme::battre() {
   if (!modales_.empty()) déclencher(modales_.back()->tic);
 }
 
+void Programme::écran_changé() {
+  const Ecran &écran = plateforme_.écran;
+  if (écran.largeur() == état_.Largeur_écran && écran.hauteur() == état_.Hauteur_écran) return;
+  Redisposer(contexte_);
+}
+
 void Programme::aide(const Fenêtre &fenêtre) {
   Ouvrir_aide(contexte_, fenêtre.contexte_aide);
 }

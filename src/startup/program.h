@@ -34,6 +34,9 @@ class Programme : private Ouvreur {
   /// The 500 ms timer: for the main window, and for the modal one in front.
   void battre();
 
+  /// The screen may have another size now: the main window is laid out anew if it has.
+  void écran_changé();
+
   /// The F1 key in a window: opens the help at the window's context.
   void aide(const Fenêtre &fenêtre);
 

@@ -498,7 +498,7 @@ TEST_F(Controls, APictureStretchesOverItsControl) {
 TEST_F(Controls, AMissingPictureShowsNothingAndIsNamed) {
   stage.catalogue = CatalogueImages("drapeau|drapeau.png|20|10\nabsente|absente.gif|4|4\n");
   PictureStore pictures(stage.catalogue, stage.folder.path());
-  EXPECT_TRUE(pictures.pixmap(stage.catalogue.chercher("absente"), 1).isNull());
+  EXPECT_TRUE(pictures.pixmap(stage.catalogue.chercher("absente"), Detail::single).isNull());
   EXPECT_EQ(pictures.unreadable(), QStringList{"absente"});
 }
 
@@ -508,7 +508,7 @@ TEST_F(Controls, AFileThatIsNoPictureIsNamedToo) {
   file.write("GIF ou presque");
   file.close();
   EXPECT_EQ(stage.pictures.unreadable(), QStringList{"drapeau"});
-  EXPECT_TRUE(stage.pictures.pixmap(stage.catalogue.chercher("drapeau"), 1).isNull());
+  EXPECT_TRUE(stage.pictures.pixmap(stage.catalogue.chercher("drapeau"), Detail::single).isNull());
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ class MapViews : public testing::Test {
                                                   },
                                                   [this](double, double) { return under; }},
                                          nullptr);
-      widget->setGeometry(50, 60, 100, 80);
+      widget->setGeometry({{50, 60}, scale.rect(QRectF(0, 0, 100, 80)).size()});
       widget->show();
     }
     widget->sync_pictures();
@@ -51,7 +51,8 @@ class MapViews : public testing::Test {
   Fenêtre window{"carte"};
   Contrôle &view = place(window, "Carte", Genre::vue, {});
   Contrôle &map = place(window, "image_région(0)", Genre::image, {0, 0, 120, 90}, &view);
-  ViewContext context{window, stage.dispatcher, stage.pictures, stage.screen};
+  Scale scale;
+  ViewContext context{window, stage.dispatcher, stage.pictures, stage.screen, scale};
   std::unique_ptr<MapView> widget;
   Contrôle *under = nullptr;
   QPoint pressed;
@@ -143,15 +144,21 @@ TEST_F(MapViews, APaintCoversTheDamageAlone) {
   EXPECT_EQ(watch.painted.boundingRect(), QRect(60, 50, 6, 6));
 }
 
-TEST_F(MapViews, AtTwiceTheResolutionTheFinePictureIsTaken) {
+TEST_F(MapViews, TheFinePictureHasTwiceTheResolution) {
   const Image point = stage.catalogue.chercher("point");
+  EXPECT_EQ(stage.pictures.pixmap(point, Detail::single).size(), QSize(6, 6));
+  EXPECT_EQ(stage.pictures.pixmap(point, Detail::doubled).size(), QSize(12, 12));
+  EXPECT_EQ(stage.pictures.pixmap(point, Detail::doubled).toImage().pixelColor(1, 1), QColor(55, 255, 255));
+}
+
+TEST_F(MapViews, APictureWithoutAFineOneIsEnlarged) {
   const Image coarse = stage.catalogue.chercher("terre");
-  EXPECT_EQ(stage.pictures.pixmap(point, 1).size(), QSize(6, 6));
-  EXPECT_EQ(stage.pictures.pixmap(point, 2).size(), QSize(12, 12));
-  EXPECT_EQ(stage.pictures.pixmap(point, 2).deviceIndependentSize(), QSizeF(6, 6));
-  EXPECT_EQ(stage.pictures.pixmap(point, 2).toImage().pixelColor(1, 1), QColor(55, 255, 255));
-  EXPECT_EQ(stage.pictures.pixmap(coarse, 2).size(), QSize(30, 30)) << "there is no finer one";
-  EXPECT_EQ(stage.pictures.pixmap(point, 1.5).size(), QSize(6, 6));
+  EXPECT_EQ(stage.pictures.pixmap(coarse, Detail::doubled).size(), QSize(60, 60));
+}
+
+TEST_F(MapViews, TheFinePicturesAreTakenForEveryScaleButTheirOwn) {
+  EXPECT_EQ(detail_for(1), Detail::single);
+  for (const double ratio : {0.75, 1.01, 1.25, 1.5, 2.0, 3.0}) EXPECT_EQ(detail_for(ratio), Detail::doubled);
 }
 
 TEST_F(MapViews, APressReachesThePictureWithTheCursorWhereItWas) {
@@ -165,12 +172,86 @@ TEST_F(MapViews, APressReachesThePictureWithTheCursorWhereItWas) {
   EXPECT_EQ(cursor, (Point{on_screen.x(), on_screen.y()}));
   QTest::mouseClick(&shown(), Qt::RightButton, {}, QPoint(30, 40));
   EXPECT_EQ(clicks, 1);
-  QTest::mouseDClick(&shown(), Qt::LeftButton, {}, QPoint(30, 40));
-  EXPECT_EQ(clicks, 2) << "the second press of a hurried player counts";
   under = nullptr;
   QTest::mouseClick(&shown(), Qt::LeftButton, {}, QPoint(30, 40));
-  EXPECT_EQ(clicks, 2);
+  EXPECT_EQ(clicks, 1);
 }
+
+TEST_F(MapViews, TheSecondPressOfADoubleClickIsNoClickOnTheMap) {
+  int clicks = 0;
+  map.clic = [&] { ++clicks; };
+  under = &map;
+  QTest::mouseClick(&shown(), Qt::LeftButton, {}, QPoint(30, 40));
+  QTest::mouseDClick(&shown(), Qt::LeftButton, {}, QPoint(30, 40));
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(MapViews, AtAnotherScaleAPressIsToldInPixelsOfTheData) {
+  scale = Scale(1.5);
+  map.clic = [] {};
+  under = &map;
+  QTest::mouseClick(&shown(), Qt::LeftButton, {}, QPoint(45, 60));
+  EXPECT_EQ(pressed, QPoint(30, 40));
+}
+
+/// The largest difference of a channel between two pictures of one size.
+int furthest(const QImage &a, const QImage &b) {
+  int most = 0;
+  for (int y = 0; y < a.height(); ++y)
+    for (int x = 0; x < a.width(); ++x) {
+      const QColor p = a.pixelColor(x, y), q = b.pixelColor(x, y);
+      most = std::max({most, std::abs(p.red() - q.red()), std::abs(p.green() - q.green()),
+                       std::abs(p.blue() - q.blue())});
+    }
+  return most;
+}
+
+class ScaledMapViews : public MapViews, public testing::WithParamInterface<double> {
+ protected:
+  ScaledMapViews() {
+    scale = Scale(GetParam());
+    poser_image(map, stage.catalogue.chercher("mer"));
+  }
+  /// The colour in the middle of a pixel of the data.
+  QColor at_logical(int x, int y) { return at(scale.length(x + 0.5), scale.length(y + 0.5)); }
+};
+
+TEST_P(ScaledMapViews, EachPictureIsWhereTheDataHasIt) {
+  EXPECT_EQ(at_logical(20, 10), sea);
+  EXPECT_EQ(at_logical(95, 75), sea);
+  picture("tache", "terre", 40, 40);
+  EXPECT_EQ(at_logical(43, 43), land);
+  EXPECT_EQ(at_logical(66, 66), land);
+  EXPECT_EQ(at_logical(36, 43), sea);
+  EXPECT_EQ(at_logical(74, 66), sea);
+}
+
+TEST_P(ScaledMapViews, TwoPicturesThatTouchShowNoSeam) {
+  for (const int x : {20, 50}) picture("tache" + std::to_string(x), "terre", x, 20);
+  const QImage image = shown().grab().toImage();
+  for (int x = scale.length(25); x < scale.length(75); ++x)
+    EXPECT_EQ(image.pixelColor(x, scale.length(30)), land) << "column " << x;
+}
+
+TEST_P(ScaledMapViews, WhatHasGoneLeavesNoTrace) {
+  const QImage before = shown().grab().toImage();
+  Contrôle &spot = picture("tache", "terre", 31, 27);
+  EXPECT_NE(shown().grab().toImage(), before);
+  spot.visible = false;
+  EXPECT_EQ(shown().grab().toImage(), before);
+}
+
+TEST_P(ScaledMapViews, WhatIsPaintedBitByBitIsWhatIsPaintedAtOnce) {
+  for (const int x : {3, 17, 41, 62}) {
+    picture("tache" + std::to_string(x), "terre", x, x / 2);
+    shown().grab();
+  }
+  const QImage bit_by_bit = shown().grab().toImage();
+  widget.reset();
+  EXPECT_LE(furthest(shown().grab().toImage(), bit_by_bit), 2) << "more than an eye can tell";
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryScale, ScaledMapViews, testing::Values(0.75, 1.0, 1.25, 1.37, 1.5, 2.0, 3.0));
 
 TEST_F(MapViews, ADotShowsItsToolTip) {
   Contrôle &dot = picture("RondPref(1)", "point", 20, 20);

@@ -35,7 +35,7 @@ class ProgramTest : public testing::Test {
   }
 
   Desktop &desktop() {
-    if (desktop_ == nullptr) desktop_ = std::make_unique<Desktop>(folder.places(), ressources_du_programme());
+    if (desktop_ == nullptr) desktop_ = std::make_unique<Desktop>(places(), ressources_du_programme());
     return *desktop_;
   }
   Script &script() {
@@ -46,6 +46,8 @@ class ProgramTest : public testing::Test {
   GameState &state() { return desktop().programme().état(); }
   Ecran_principal &screen() { return desktop().programme().principale(); }
   QWidget *frame() { return desktop().renderer().frame(screen()); }
+
+  virtual DesktopPlaces places() const { return folder.places(); }
 
   const ScratchFolder folder{ARDANE_RESOURCES};
 

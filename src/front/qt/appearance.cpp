@@ -6,16 +6,6 @@
 namespace ardane {
 namespace {
 
-constexpr double pixels_per_point = 96.0 / 72.0;
-
-/// Designed families, each before the ones with the same metrics that free systems carry.
-QStringList families(Famille_police famille) {
-  if (famille == Famille_police::times)
-    return {QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif"), QStringLiteral("serif")};
-  return {QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
-          QStringLiteral("sans-serif")};
-}
-
 void set_roles(QPalette &palette, std::initializer_list<QPalette::ColorRole> roles, const QColor &colour) {
   for (const QPalette::ColorRole role : roles) palette.setColor(role, colour);
 }
@@ -40,14 +30,6 @@ QString caption(const std::string &text, char32_t mnemonic) {
 QString tool_tip(const std::string &text) {
   const QString plain = to_qt(text);
   return Qt::mightBeRichText(plain) ? plain.toHtmlEscaped() : plain;
-}
-
-QFont to_qt(const Police &police) {
-  QFont font;
-  font.setFamilies(families(police.famille));
-  font.setPixelSize(qRound(police.points * pixels_per_point));
-  font.setBold(police.gras);
-  return font;
 }
 
 QColor to_qt(const Teinte &teinte) {

@@ -24,8 +24,6 @@ QString caption(const std::string &text, char32_t mnemonic);
 /// A tool tip that is never taken for markup.
 QString tool_tip(const std::string &text);
 
-/// The font, sized in pixels for a screen of 96 dots per inch, which the layouts were drawn for.
-QFont to_qt(const Police &police);
 /// The colour on this desktop.
 QColor to_qt(const Teinte &teinte);
 

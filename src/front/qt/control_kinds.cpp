@@ -93,7 +93,7 @@ LabelView::LabelView(Contrôle &control, const ViewContext &context, QWidget *pa
 QRect LabelView::place() const {
   QRect designed = ControlView::place();
   if (!control().déborde) return designed;
-  const QFontMetrics metrics(to_qt(control().police));
+  const QFontMetrics metrics(scale().font(control().police));
   const int text = metrics.boundingRect(QRect{}, 0, to_qt(control().texte)).width();
   designed.setWidth(std::max(designed.width(), text));
   return designed;
@@ -106,7 +106,7 @@ void LabelView::sync() {
   const bool marked = label().buddy() != nullptr && control().mnémonique != 0;
   const QString text = marked ? caption(control().texte, control().mnémonique) : to_qt(control().texte);
   const bool several_lines =
-      control().multiligne || control().hauteur >= 2 * label().fontMetrics().lineSpacing();
+      control().multiligne || place().height() >= 2 * label().fontMetrics().lineSpacing();
   if (label().wordWrap() != several_lines) label().setWordWrap(several_lines);
   const Qt::Alignment down = several_lines && !est_bordé(control()) ? Qt::AlignTop : Qt::AlignVCenter;
   const Qt::Alignment alignment = across(control().alignement) | down;
@@ -115,10 +115,10 @@ void LabelView::sync() {
 }
 
 void LabelView::fit_text(const QString &text, bool several_lines) {
-  const Fitted wanted{text, control().police, label().contentsRect().size()};
+  const Fitted wanted{text, control().police, label().contentsRect().size(), scale()};
   if (wanted == fitted_) return;
   fitted_ = wanted;
-  const QFont designed = to_qt(control().police);
+  const QFont designed = scale().font(control().police);
   QFont font = designed;
   const int flags = several_lines ? Qt::TextWordWrap : 0;
   const int smallest = font.pixelSize() * smallest_fitted_font / 100;
@@ -209,12 +209,16 @@ void ButtonView::sync() {
   if (auto *push = qobject_cast<QPushButton *>(&button()))
     if (const bool wanted = context_.window.bouton_défaut == &control(); push->isDefault() != wanted)
       push->setDefault(wanted);
-  if (control().image != icon_) {
-    icon_ = control().image;
-    button().setIcon(QIcon(context_.pictures.pixmap(icon_, button().devicePixelRatioF())));
-    button().setIconSize({icon_.largeur, icon_.hauteur});
-  }
+  if (control().image != icon_ || scale() != icon_scale_) sync_icon();
   if (button().isCheckable() && button().isChecked() != control().coché) sync_mark();
+}
+
+void ButtonView::sync_icon() {
+  icon_ = control().image;
+  icon_scale_ = scale();
+  const QSize size(scale().length(icon_.largeur), scale().length(icon_.hauteur));
+  button().setIcon(QIcon(context_.pictures.scaled(icon_, size, button().devicePixelRatioF())));
+  button().setIconSize(size);
 }
 
 void ButtonView::sync_mark() {

@@ -32,6 +32,7 @@ class LabelView : public ControlView {
     QString text;
     Police police;
     QSize size;
+    Scale scale;
     friend bool operator==(const Fitted &, const Fitted &) = default;
   };
   std::optional<Fitted> fitted_;
@@ -81,9 +82,11 @@ class ButtonView : public ControlView {
   /// Marks that the style draws taller than the designed row reach over it evenly.
   QRect place() const override;
   QAbstractButton &button() const { return static_cast<QAbstractButton &>(widget()); }
+  void sync_icon();
   void sync_mark();
 
   Image icon_;
+  Scale icon_scale_;
 };
 
 class ListView : public ControlView {

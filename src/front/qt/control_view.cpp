@@ -40,13 +40,14 @@ void ControlView::sync() {
     spoken_ = spoken;
     widget_->setAccessibleName(to_qt(spoken));
   }
-  const Look look{place(),       is_shown(),       control_.actif, control_.infobulle,
-                  control_.fond, control_.couleur, control_.police};
+  const Look look{place(),       is_shown(),       control_.actif,  control_.infobulle,
+                  control_.fond, control_.couleur, control_.police, scale()};
   if (look == shown_) return;
   const bool first = !shown_;
   if (first || look.place != shown_->place) widget_->setGeometry(look.place);
   if (first || look.enabled != shown_->enabled) widget_->setEnabled(look.enabled);
-  if (first || look.police != shown_->police) widget_->setFont(to_qt(look.police));
+  if (first || look.police != shown_->police || look.scale != shown_->scale)
+    widget_->setFont(look.scale.font(look.police));
   if (first || look.tool_tip != shown_->tool_tip) widget_->setToolTip(tool_tip(look.tool_tip));
   const bool coloured = look.fond || look.couleur;
   if (first ? coloured : look.fond != shown_->fond || look.couleur != shown_->couleur)

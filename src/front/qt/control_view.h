@@ -20,9 +20,10 @@ struct ViewContext {
   Dispatcher &dispatcher;
   PictureStore &pictures;
   ScreenQt &screen;
+  const Scale &scale;  ///< of the window, which may change
 };
 
-/// A control's place in its container's widget, in whole pixels.
+/// A control's place in its container, in whole pixels of the data.
 QRect place_of(const Contrôle &control);
 
 /// True for the keys that the player knows as Enter.
@@ -43,7 +44,8 @@ class ControlView : public QObject {
   /// Whether the widget is to be seen; the data's own visibility unless a kind has more to say.
   virtual bool is_shown() const { return control_.visible; }
   /// Where the widget stands; the data's own place unless the desktop's style needs more room.
-  virtual QRect place() const { return place_of(control_); }
+  virtual QRect place() const { return scale().rect(place_of(control_)); }
+  const Scale &scale() const { return context_.scale; }
 
   /// Takes the widget, which its Qt parent owns.
   ControlView(Contrôle &control, const ViewContext &context, QWidget *widget);
@@ -67,6 +69,7 @@ class ControlView : public QObject {
     std::string tool_tip;
     std::optional<Teinte> fond, couleur;
     Police police;
+    Scale scale;
     friend bool operator==(const Look &, const Look &) = default;
   };
 

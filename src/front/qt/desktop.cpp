@@ -7,6 +7,7 @@
 
 #include "core/paths.h"
 #include "front/qt/appearance.h"
+#include "map/layout.h"
 
 namespace ardane {
 namespace {
@@ -14,24 +15,30 @@ namespace {
 constexpr std::chrono::milliseconds blink_period{500};
 /// The main window is painted first.
 constexpr std::chrono::milliseconds settling_delay{100};
+/// After the last change of a window that is being dragged.
+constexpr std::chrono::milliseconds resting_delay{150};
 constexpr qsizetype names_told = 5;
 
 }  // namespace
 
 Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
-    : folder_(places.programme),
+    : places_(places),
       pictures_(ressources.images, to_qt(Joindre_chemin(places.programme, "images"))),
       registry_(places.registre),
       renderer_(dispatcher_, pictures_, screen_),
       boxes_(dispatcher_, screen_, renderer_),
       programme_({boxes_, registry_, screen_, sound_, clock_, random_, web_, help_, renderer_}, ressources,
                  places.dossier),
-      heartbeat_(dispatcher_, boxes_) {
+      heartbeat_(dispatcher_, boxes_),
+      memory_(places.registre.parent_path() / "fenetre.ini") {
   renderer_.help = [this](const Fenêtre &window) { programme_.aide(window); };
   renderer_.moved = [this](const Fenêtre &window) {
     if (&window == &programme_.principale() && programme_.principale().déplacement)
       programme_.principale().déplacement();
   };
+  renderer_.fitted = [this] { rest_.start(resting_delay); };
+  rest_.setSingleShot(true);
+  connect(&rest_, &QTimer::timeout, this, [this] { window_rests(); });
   renderer_.last_closed = [this] { loop_.quit(); };
   heartbeat_.beat = [this] { programme_.battre(); };
   connect(
@@ -46,9 +53,34 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
 
 Desktop::~Desktop() = default;
 
+void Desktop::frame_main_window() {
+  const Point size = Taille_confortable(programme_.principale());
+  const QSize needed(size.x, size.y);
+  WindowView &view = renderer_.play_in(programme_.principale(), needed);
+  if (!memory_.restore(view.frame())) place_for_the_first_time(view.frame(), needed, view.beside());
+  view.choose_scale(memory_.scale());
+  screen_view_ = &view;
+  view.frame().installEventFilter(this);
+}
+
+/// The main window, as it goes from the screen.
+bool Desktop::eventFilter(QObject *, QEvent *event) {
+  if (event->type() == QEvent::Hide) memory_.keep(screen_view_->frame(), screen_view_->chosen_scale());
+  return false;
+}
+
+void Desktop::window_rests() {
+  if (!programme_.en_cours() || screen_view_ == nullptr) return;
+  memory_.keep(screen_view_->frame(), screen_view_->chosen_scale());
+  dispatcher_.run_when_idle([this] {
+    if (programme_.en_cours()) programme_.écran_changé();
+  });
+}
+
 bool Desktop::start() {
+  if (!places_.sans_cadre) frame_main_window();
   bool started = false;
-  dispatcher_.run([&] { started = programme_.Démarrage(folder_); });
+  dispatcher_.run([&] { started = programme_.Démarrage(places_.programme); });
   if (!started) return false;
   heartbeat_.start(blink_period);
   QTimer::singleShot(settling_delay, this, [this] { settle(); });
@@ -56,9 +88,11 @@ bool Desktop::start() {
 }
 
 void Desktop::load_all_pictures() {
-  const double ratio = renderer_.frame(programme_.principale())->devicePixelRatioF();
+  const double ratio =
+      renderer_.frame(programme_.principale())->devicePixelRatioF() * screen_.scale().value();
   for (const Contrôle &picture : programme_.principale().contrôles())
-    if (picture.conteneur == &programme_.principale().Carte) pictures_.pixmap(picture.image, ratio);
+    if (picture.conteneur == &programme_.principale().Carte)
+      pictures_.pixmap(picture.image, detail_for(ratio));
 }
 
 void Desktop::play() {

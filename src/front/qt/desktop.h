@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QTimer>
 #include <QTranslator>
 #include <filesystem>
 #include <string>
@@ -15,6 +16,7 @@
 #include "front/qt/picture_store.h"
 #include "front/qt/renderer.h"
 #include "front/qt/screen.h"
+#include "front/qt/window_memory.h"
 #include "platform/random_source.h"
 #include "platform/registry_store.h"
 #include "platform/system_clock.h"
@@ -27,6 +29,7 @@ struct DesktopPlaces {
   std::string programme;           ///< the program's folder
   std::filesystem::path registre;  ///< the file of settings
   std::string dossier;             ///< the current folder at the start
+  bool sans_cadre = false;         ///< a window without a frame at the top of the primary monitor, at scale 1
 };
 
 /// One run of the program in the desktop's windows. Needs a QApplication.
@@ -53,11 +56,15 @@ class Desktop : public QObject {
   HelpQt &help() { return help_; }
 
  private:
+  void frame_main_window();
+  bool eventFilter(QObject *watched, QEvent *event) override;
+  /// The player has let go of the window's edge, or of its title bar.
+  void window_rests();
   /// What can wait until the player has the map before him.
   void settle();
   void tell_missing_pictures();
 
-  const std::string folder_;
+  const DesktopPlaces places_;
   Dispatcher dispatcher_;
   ScreenQt screen_;
   PictureStore pictures_;
@@ -71,6 +78,9 @@ class Desktop : public QObject {
   HelpQt help_;
   Programme programme_;
   Heartbeat heartbeat_;
+  WindowMemory memory_;
+  WindowView *screen_view_ = nullptr;  ///< of the window that is the program's screen; null without a frame
+  QTimer rest_;
   QTranslator translator_;  ///< of the toolkit's own words
   QEventLoop loop_;
 };

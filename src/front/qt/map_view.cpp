@@ -13,6 +13,19 @@
 namespace ardane {
 namespace {
 
+/// How far a pixel of the filtered picture looks, in pixels of the data.
+constexpr int reach = 2;
+
+/// What a region widened on all sides covers at a scale.
+QRegion scaled(const QRegion &region, double scale, int wider) {
+  QRegion result;
+  for (const QRect &part : region) {
+    const QRectF wide = QRectF(part).adjusted(-wider, -wider, wider, wider);
+    result += QRectF(wide.topLeft() * scale, wide.size() * scale).toAlignedRect();
+  }
+  return result;
+}
+
 bool lies_lower(const Contrôle *a, const Contrôle *b) {
   return a->plan < b->plan;
 }
@@ -40,7 +53,7 @@ std::vector<MapView::Layer> MapView::visible_layers() {
   for (const Contrôle *picture : stack_) {
     if (!picture->visible || !picture->image) continue;
     const QRect place = place_of(*picture);
-    if (place.intersects(rect())) layers.push_back({picture, picture->image, place});
+    if (place.intersects(viewport())) layers.push_back({picture, picture->image, place});
   }
   return layers;
 }
@@ -74,41 +87,93 @@ void MapView::sync_pictures() {
     }
   }
   layers_ = std::move(layers);
-  damage_ &= rect();
-  update(damage_);
+  damage_ &= viewport();
+  unmade_ += damage_;
+  update(scaled(damage_, context_.scale.value(), detail_for(ratio()) == Detail::single ? 0 : reach));
+}
+
+void MapView::compose() {
+  const Detail pictures = detail_for(ratio());
+  const int detail = pictures == Detail::single ? 1 : 2;
+  const QSize size = viewport().size() * detail;
+  if (composed_.size() != size) {
+    composed_ = QImage(size, QImage::Format_RGB32);
+    unmade_ = viewport();
+  }
+  if (unmade_.isEmpty()) return;
+  QPainter painter(&composed_);
+  painter.setClipRegion(scaled(unmade_, detail, 0));
+  painter.fillRect(composed_.rect(), palette().window());
+  for (const Layer &layer : layers_) {
+    if (!unmade_.intersects(layer.place)) continue;
+    const QRect place(layer.place.topLeft() * detail, layer.place.size() * detail);
+    const QPixmap &pixmap = context_.pictures.pixmap(layer.image, pictures);
+    if (pixmap.size() == place.size())
+      painter.drawPixmap(place.topLeft(), pixmap);
+    else if (!pixmap.isNull())
+      painter.drawPixmap(place, pixmap);
+  }
+  unfiltered_ += unmade_;
+  unmade_ = {};
+}
+
+void MapView::filter() {
+  const QSize size = viewport().size() * ratio();
+  if (filtered_.size() != size) {
+    filtered_ = QImage(size, QImage::Format_RGB32);
+    unfiltered_ = viewport();
+  }
+  if (unfiltered_.isEmpty()) return;
+  QPainter painter(&filtered_);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.setClipRegion(scaled(unfiltered_, ratio(), reach));
+  painter.drawImage(QRectF(filtered_.rect()), composed_, QRectF(composed_.rect()));
+  unfiltered_ = {};
+}
+
+/// The viewport as the screen shows it, pixel by pixel.
+const QImage &MapView::picture() {
+  compose();
+  if (composed_.size() == viewport().size() * ratio()) {
+    filtered_ = {};
+    unfiltered_ = {};
+    return composed_;
+  }
+  filter();
+  return filtered_;
 }
 
 void MapView::paintEvent(QPaintEvent *event) {
+  const QImage &shown = picture();
+  const double device = devicePixelRatioF();
   QPainter painter(this);
-  const double ratio = devicePixelRatioF();
-  for (const Layer &layer : layers_) {
-    if (!event->region().intersects(layer.place)) continue;
-    const QPixmap &pixmap = context_.pictures.pixmap(layer.image, ratio);
-    if (pixmap.isNull()) continue;
-    if (pixmap.deviceIndependentSize().toSize() == layer.place.size())
-      painter.drawPixmap(layer.place.topLeft(), pixmap);
-    else
-      painter.drawPixmap(layer.place, pixmap);
-  }
+  for (const QRect &part : event->region())
+    painter.drawImage(QRectF(part), shown,
+                      QRectF(QPointF(part.topLeft()) * device, QSizeF(part.size()) * device));
 }
 
 void MapView::mousePressEvent(QMouseEvent *event) {
   if (event->button() != Qt::LeftButton) return;
-  const QPointF place = event->position();
+  const QPointF place = context_.scale.logical(event->position());
   const ScreenQt::Press press(context_.screen, event->globalPosition().toPoint());
   context_.dispatcher.run([&] {
     if (Contrôle *picture = pointing_.picture(place.x(), place.y())) cliquer(context_.window, *picture);
   });
 }
 
+/// The second press of a double click was meant for what the first one has answered.
+void MapView::mouseDoubleClickEvent(QMouseEvent *) {}
+
 bool MapView::event(QEvent *event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto &help = static_cast<QHelpEvent &>(*event);
-  const Contrôle *picture = pointing_.tip(help.pos().x(), help.pos().y());
+  const QPointF place = context_.scale.logical(help.pos());
+  const Contrôle *picture = pointing_.tip(place.x(), place.y());
   if (picture == nullptr)
     QToolTip::hideText();
   else
-    QToolTip::showText(help.globalPos(), tool_tip(picture->infobulle), this, place_of(*picture));
+    QToolTip::showText(help.globalPos(), tool_tip(picture->infobulle), this,
+                       context_.scale.rect(place_of(*picture)));
   return true;
 }
 

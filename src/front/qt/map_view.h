@@ -17,7 +17,8 @@ struct Pointing {
 };
 
 /// Paints the visible pictures contained in a control, the lowest first, and only where the stack has changed
-/// since it was last painted.
+/// since it was last painted. At another scale than theirs the whole is filtered, not picture by picture: two
+/// that touch would show a seam.
 class MapView : public QWidget {
  public:
   MapView(Contrôle &control, const ViewContext &context, Pointing pointing, QWidget *parent);
@@ -25,12 +26,13 @@ class MapView : public QWidget {
   /// Compares the pictures with those shown last and has what differs painted anew.
   void sync_pictures();
 
-  /// What the last comparison found changed, in pixels of the viewport.
+  /// What the last comparison found changed, in pixels of the data.
   const QRegion &last_damage() const { return damage_; }
 
  protected:
   void paintEvent(QPaintEvent *event) override;
   void mousePressEvent(QMouseEvent *event) override;
+  void mouseDoubleClickEvent(QMouseEvent *event) override;
   bool event(QEvent *event) override;
 
  private:
@@ -43,6 +45,11 @@ class MapView : public QWidget {
 
   void gather();
   std::vector<Layer> visible_layers();
+  QRect viewport() const { return {{}, place_of(control_).size()}; }
+  double ratio() const { return context_.scale.value() * devicePixelRatioF(); }
+  void compose();
+  void filter();
+  const QImage &picture();
 
   Contrôle &control_;
   const ViewContext context_;
@@ -51,6 +58,10 @@ class MapView : public QWidget {
   std::vector<const Contrôle *> stack_;  ///< every picture of the viewport, the lowest first
   std::vector<Layer> layers_;            ///< those painted, the lowest first
   QRegion damage_;
+  QImage composed_;  ///< the viewport in the detail of its pictures
+  QImage filtered_;  ///< the viewport in the screen's pixels, unless those are the pictures' own
+  QRegion unmade_;   ///< what of the composed picture is out of date, in pixels of the data
+  QRegion unfiltered_;
 };
 
 }  // namespace ardane

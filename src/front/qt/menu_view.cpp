@@ -50,6 +50,7 @@ QAction *MenuView::make_action(Contrôle &control) {
             [this, &control] { context_.dispatcher.run([&] { cliquer(context_.window, control); }); });
   }
   action->setObjectName(to_qt(control.nom));
+  action->setText(action->objectName());
   return action;
 }
 
@@ -57,7 +58,8 @@ void MenuView::sync() {
   // QAction compares before it changes; only texts are worth a comparison of ours, as they are made anew.
   for (const Entry &entry : entries_) {
     const QString text = caption(entry.control->texte, entry.control->mnémonique);
-    if (entry.action->text() != text) entry.action->setText(text);
+    // Until an entry has its caption, its name holds the place: the window is sized by the bar before that.
+    if (!text.isEmpty() && entry.action->text() != text) entry.action->setText(text);
     entry.action->setEnabled(entry.control->actif);
     entry.action->setVisible(entry.control->visible);
     if (entry.control->coché) entry.action->setCheckable(true);

@@ -26,6 +26,7 @@ constexpr std::array valued = std::to_array<Folder_option>({
 constexpr std::array switches = std::to_array<Switch>({
     {"--help", &DesktopOptions::aide},
     {"--pret-et-quitter", &DesktopOptions::prêt_et_quitter},
+    {"--sans-cadre", &DesktopOptions::sans_cadre},
 });
 
 }  // namespace
@@ -52,6 +53,7 @@ std::string help_text() {
          "dossier\n"
          "  --programme DOSSIER      le dossier du jeu, au lieu de celui de l'exécutable\n"
          "  --registre FICHIER       le fichier des réglages, au lieu de celui du joueur\n"
+         "  --sans-cadre             une fenêtre sans cadre en haut de l'écran, à l'échelle 1\n"
          "  --help                   ce texte\n";
 }
 

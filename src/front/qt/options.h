@@ -12,6 +12,7 @@ struct DesktopOptions {
   std::optional<std::string> démonstration;  ///< folder for the pictures of a game that plays itself
   std::optional<std::string> programme;      ///< the program's folder, in place of the executable's
   std::optional<std::string> registre;       ///< the file of settings, in place of the player's own
+  bool sans_cadre = false;                   ///< the borderless window at the top of the screen
   std::string erreur;                        ///< why the command line was not understood; empty if it was
 };
 

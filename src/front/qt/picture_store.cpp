@@ -22,6 +22,7 @@ QPixmap read_picture(const QString &path) {
   QImageReader reader(path, QFileInfo(path).suffix().toLatin1());
   QImage image = reader.read();
   if (image.isNull()) return {};
+  image.setDevicePixelRatio(1);  // the reader takes 2 from the name of a doubled picture
   image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
   return QPixmap::fromImage(std::move(image), Qt::NoFormatConversion);
 }
@@ -29,7 +30,9 @@ QPixmap read_picture(const QString &path) {
 }  // namespace
 
 PictureStore::PictureStore(const CatalogueImages &catalogue, QString folder)
-    : catalogue_(catalogue), folder_(std::move(folder)), pixmaps_(catalogue.toutes().size() + 1) {}
+    : catalogue_(catalogue), folder_(std::move(folder)) {
+  loaded_.fill(Loaded(catalogue.toutes().size() + 1));
+}
 
 QString PictureStore::file(Image image, bool doubled) const {
   QString name = to_qt(catalogue_.fichier(image));
@@ -37,41 +40,45 @@ QString PictureStore::file(Image image, bool doubled) const {
   return folder_ + QLatin1Char('/') + name;
 }
 
-QPixmap PictureStore::load(Image image) const {
-  if (doubled_) {
-    const QString path = file(image, true);
-    if (QFileInfo::exists(path)) {
-      QPixmap pixmap = read_picture(path);
-      pixmap.setDevicePixelRatio(2);
-      if (!pixmap.isNull()) return pixmap;
-    }
-  }
-  return read_picture(file(image, false));
+QPixmap PictureStore::load(Image image, Detail detail) const {
+  if (detail == Detail::single) return read_picture(file(image, false));
+  const QString path = file(image, true);
+  const QPixmap doubled = QFileInfo::exists(path) ? read_picture(path) : QPixmap();
+  if (!doubled.isNull()) return doubled;
+  const QPixmap single = read_picture(file(image, false));
+  return single.isNull() ? single : single.scaled(single.size() * 2);
 }
 
-const QPixmap &PictureStore::pixmap(Image image, double ratio) {
+const QPixmap &PictureStore::pixmap(Image image, Detail detail) {
   static const QPixmap none;
   if (!image) return none;
-  if (doubled_ != (ratio >= 2)) {
-    doubled_ = ratio >= 2;
-    pixmaps_.assign(pixmaps_.size(), std::nullopt);
-  }
-  std::optional<QPixmap> &pixmap = pixmaps_.at(image.rang);
-  if (!pixmap) pixmap = load(image);
+  std::optional<QPixmap> &pixmap = loaded_.at(static_cast<std::size_t>(detail)).at(image.rang);
+  if (!pixmap) pixmap = load(image, detail);
   return *pixmap;
+}
+
+QPixmap PictureStore::scaled(Image image, QSize size, double ratio) {
+  const QSize device = size * ratio;
+  const QPixmap &single = pixmap(image, Detail::single);
+  if (single.isNull() || device.isEmpty()) return {};
+  const QPixmap &best = device == single.size() ? single : pixmap(image, Detail::doubled);
+  QPixmap result = best.scaled(device, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  result.setDevicePixelRatio(ratio);
+  return result;
 }
 
 QIcon PictureStore::icon(const std::string &window) const {
   QIcon icon;
   for (const char *size : {"", ".16", ".24", ".32", ".48", ".64", ".128"})
-    if (const Image image = catalogue_.chercher("icône." + window + size)) icon.addPixmap(load(image));
+    if (const Image image = catalogue_.chercher("icône." + window + size))
+      icon.addPixmap(load(image, Detail::single));
   return icon;
 }
 
 QStringList PictureStore::unreadable() const {
   QStringList names;
   for (const Image image : catalogue_.toutes()) {
-    const std::optional<QPixmap> &loaded = pixmaps_[image.rang];
+    const std::optional<QPixmap> &loaded = loaded_.front()[image.rang];
     if (loaded ? loaded->isNull() : !looks_like_picture(file(image, false)))
       names.append(to_qt(catalogue_.nom(image)));
   }

@@ -5,6 +5,7 @@
 #include <QPixmap>
 #include <QString>
 #include <QStringList>
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -12,14 +13,25 @@
 
 namespace ardane {
 
+/// Each picture is drawn twice: with one pixel for each of the data's, and with two by two.
+enum class Detail : std::uint8_t { single, doubled };
+
+/// What to draw with on a screen that takes `ratio` of its pixels for one of the data's.
+inline Detail detail_for(double ratio) {
+  return qFuzzyCompare(ratio, 1) ? Detail::single : Detail::doubled;
+}
+
 class PictureStore {
  public:
   /// `folder` holds the files that the catalogue names. The catalogue must outlive the store.
   PictureStore(const CatalogueImages &catalogue, QString folder);
 
-  /// The picture for a device pixel ratio: at 2 or more the file with "@2x" before its suffix, where there is
-  /// one. A null pixmap for no picture, or for a file that is absent or no picture.
-  const QPixmap &pixmap(Image image, double ratio);
+  /// The picture from its own file or, doubled, from the one with "@2x" before its suffix; where there is
+  /// none, enlarged from its own. A null pixmap for no picture, or for a file that is absent or no picture.
+  const QPixmap &pixmap(Image image, Detail detail);
+
+  /// The picture filtered to a size in the toolkit's pixels, on a screen of this device pixel ratio.
+  QPixmap scaled(Image image, QSize size, double ratio);
 
   /// The icon of a window, or of "programme", in the sizes that the catalogue has; null for none.
   QIcon icon(const std::string &window) const;
@@ -29,12 +41,12 @@ class PictureStore {
 
  private:
   QString file(Image image, bool doubled) const;
-  QPixmap load(Image image) const;
+  QPixmap load(Image image, Detail detail) const;
 
   const CatalogueImages &catalogue_;
   const QString folder_;
-  bool doubled_ = false;
-  std::vector<std::optional<QPixmap>> pixmaps_;  ///< by rank
+  using Loaded = std::vector<std::optional<QPixmap>>;  ///< by rank
+  std::array<Loaded, 2> loaded_;                       ///< by detail
 };
 
 }  // namespace ardane

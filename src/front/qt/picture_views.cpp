@@ -20,16 +20,22 @@ constexpr int button_margin = 4;
 template <class Widget, int margin>
 class PictureWidget : public Widget {
  public:
-  PictureWidget(const Contrôle &control, PictureStore &pictures, QWidget *parent)
-      : Widget(parent), control_(control), pictures_(pictures) {}
+  PictureWidget(const Contrôle &control, const ViewContext &context, QWidget *parent)
+      : Widget(parent), control_(control), context_(context) {}
 
  protected:
   void paintEvent(QPaintEvent *) override {
-    const QPixmap &pixmap = pictures_.pixmap(control_.image, this->devicePixelRatioF());
     QPainter painter(this);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    if (!pixmap.isNull()) painter.drawPixmap(this->rect().adjusted(margin, margin, -margin, -margin), pixmap);
+    const QRect area = this->rect().adjusted(margin, margin, -margin, -margin);
+    filter(area.size());
+    if (!filtered_.isNull()) painter.drawPixmap(area.topLeft(), filtered_);
     if (this->hasFocus()) draw_focus(painter);
+  }
+  void filter(QSize size) {
+    const Filtered wanted{control_.image, size, this->devicePixelRatioF()};
+    if (wanted == filtered_for_) return;
+    filtered_for_ = wanted;
+    filtered_ = context_.pictures.scaled(wanted.image, wanted.size, wanted.ratio);
   }
   void draw_focus(QPainter &painter) {
     QStyleOptionFocusRect option;
@@ -38,8 +44,17 @@ class PictureWidget : public Widget {
   }
 
  private:
+  struct Filtered {
+    Image image;
+    QSize size;
+    double ratio = 0;
+    friend bool operator==(const Filtered &, const Filtered &) = default;
+  };
+
   const Contrôle &control_;
-  PictureStore &pictures_;
+  const ViewContext context_;
+  std::optional<Filtered> filtered_for_;
+  QPixmap filtered_;
 };
 
 using PlainPicture = PictureWidget<QWidget, 0>;
@@ -55,7 +70,7 @@ Pointing pointing_of(Fenêtre &window) {
 }  // namespace
 
 PictureView::PictureView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, make_child<PlainPicture>(control, context.pictures, parent)) {}
+    : ControlView(control, context, make_child<PlainPicture>(control, context, parent)) {}
 
 void PictureView::sync() {
   ControlView::sync();
@@ -65,7 +80,7 @@ void PictureView::sync() {
 }
 
 PictureButtonView::PictureButtonView(Contrôle &control, const ViewContext &context, QWidget *parent)
-    : ControlView(control, context, make_child<PictureButton>(control, context.pictures, parent)) {
+    : ControlView(control, context, make_child<PictureButton>(control, context, parent)) {
   connect(static_cast<QAbstractButton *>(&widget()), &QAbstractButton::clicked, this, [this] { click(); });
 }
 

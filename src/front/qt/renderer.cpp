@@ -28,8 +28,8 @@ WindowView &Renderer::view(Fenêtre &window) {
   for (const auto &below : views_)
     if (!window.est_principale && (below->window().est_principale || below->waiting != nullptr))
       parent = &below->frame();
-  const ViewContext context{window, dispatcher_, pictures_, screen_};
-  views_.push_back(std::make_unique<WindowView>(context, events_of(window), parent));
+  const WindowParts parts{dispatcher_, pictures_, screen_};
+  views_.push_back(std::make_unique<WindowView>(window, parts, events_of(window), parent));
   return *views_.back();
 }
 
@@ -50,7 +50,17 @@ WindowEvents Renderer::events_of(Fenêtre &window) {
           },
       .entered = [this, &window] { press(window, window.bouton_défaut); },
       .escaped = [this, &window] { press(window, window.bouton_annulation); },
+      .fitted =
+          [this] {
+            if (fitted) fitted();
+          },
   };
+}
+
+WindowView &Renderer::play_in(Fenêtre &window, QSize needed) {
+  WindowView &main = view(window);
+  main.become_screen(needed);
+  return main;
 }
 
 void Renderer::activate(Fenêtre &window) {

@@ -25,12 +25,17 @@ class Renderer : public QObject, public Façade {
   void repeindre(Fenêtre &fenêtre) override;
   Rect rectangle(const Fenêtre &fenêtre, const Contrôle &contrôle) const override;
 
+  /// Makes a window that has not been shown yet the program's screen, by whose size its contents are scaled.
+  WindowView &play_in(Fenêtre &window, QSize needed);
+
   /// Closes the window above the others, without asking its own handler.
   void close_top();
   /// Brings all windows in step with their data.
   void sync();
   /// The Qt window above the others on the screen; null if there is none.
   QWidget *top_frame() const;
+  /// The scale of the program's screen.
+  Scale scale() const { return screen_.scale(); }
   /// The Qt window of a window that has been shown or measured; null before.
   QWidget *frame(const Fenêtre &window) const;
 
@@ -38,6 +43,9 @@ class Renderer : public QObject, public Façade {
   std::function<void(const Fenêtre &)> help;
   /// The window manager has moved a window that is on the screen.
   std::function<void(Fenêtre &)> moved;
+  /// The player has given the window that is the program's screen another size, or its contents another
+  /// scale.
+  std::function<void()> fitted;
   /// The last window has gone from the screen.
   std::function<void()> last_closed;
 

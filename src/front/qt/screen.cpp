@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
+#include <cmath>
 
 namespace ardane {
 namespace {
@@ -17,27 +18,43 @@ ScreenQt::~ScreenQt() {
   ScreenQt::sablier(false);
 }
 
+QPointF ScreenQt::on_desktop(QPointF logical) const {
+  if (!area_) return logical;
+  return area_->widget->mapToGlobal(logical * area_->scale.value());
+}
+
+QPoint ScreenQt::logical(QPoint on_desktop) const {
+  if (!area_) return on_desktop;
+  const QPointF place = area_->scale.logical(area_->widget->mapFromGlobal(QPointF(on_desktop)));
+  return {static_cast<int>(std::floor(place.x())), static_cast<int>(std::floor(place.y()))};
+}
+
 int ScreenQt::largeur() const {
-  return primary().size().width();
+  return area_ ? area_->size.width() : primary().size().width();
 }
 int ScreenQt::hauteur() const {
-  return primary().size().height();
+  return area_ ? area_->size.height() : primary().size().height();
 }
 int ScreenQt::bits_par_pixel() const {
   return primary().depth();
 }
 
 Rect ScreenQt::zone_de_travail() const {
+  if (area_) return {0, 0, area_->size.width(), area_->size.height()};
   const QRect zone = primary().availableGeometry();
   return {zone.left(), zone.top(), zone.left() + zone.width(), zone.top() + zone.height()};
 }
 
+Mode_écran ScreenQt::moniteur() const {
+  return {primary().size().width(), primary().size().height(), bits_par_pixel()};
+}
+
 std::vector<Mode_écran> ScreenQt::modes() const {
-  return {{largeur(), hauteur(), bits_par_pixel()}};
+  return {moniteur()};
 }
 
 Point ScreenQt::curseur() const {
-  const QPoint place = press_ ? *press_ : QCursor::pos();
+  const QPoint place = logical(press_ ? *press_ : QCursor::pos());
   return {place.x(), place.y()};
 }
 

@@ -1,21 +1,43 @@
-// The primary screen, its work area and the mouse cursor, in the desktop's logical pixels.
+// The screen that the program plays on, and the mouse cursor.
 #pragma once
 
 #include <QPoint>
+#include <QSize>
+#include <QWidget>
 #include <optional>
 
+#include "front/qt/scale.h"
 #include "platform/services.h"
 
 namespace ardane {
 
+/// The primary monitor in the toolkit's pixels, or a part of a window that stands in for it in pixels of its
+/// own.
 class ScreenQt : public Ecran {
  public:
+  /// A widget that the program takes for its screen.
+  struct Area {
+    const QWidget *widget = nullptr;
+    QSize size;  ///< in the program's pixels
+    Scale scale;
+  };
+
   ~ScreenQt() override;
+
+  /// From now on the program plays on this area; on the primary monitor if there is none.
+  void play_on(const std::optional<Area> &area) { area_ = area; }
+  const std::optional<Area> &area() const { return area_; }
+  Scale scale() const { return area_ ? area_->scale : Scale(); }
+
+  /// A place of the program's screen on the desktop, and the other way round.
+  QPointF on_desktop(QPointF logical) const;
+  QPoint logical(QPoint on_desktop) const;
 
   int largeur() const override;
   int hauteur() const override;
   int bits_par_pixel() const override;
   Rect zone_de_travail() const override;
+  Mode_écran moniteur() const override;
   /// The mode in use alone: desktops do not tell a program the others.
   std::vector<Mode_écran> modes() const override;
   Point curseur() const override;
@@ -49,7 +71,8 @@ class ScreenQt : public Ecran {
   };
 
  private:
-  std::optional<QPoint> press_;
+  std::optional<Area> area_;
+  std::optional<QPoint> press_;  ///< on the desktop
   bool hourglass_ = false;
 };
 

@@ -5,8 +5,10 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QScreen>
 #include <QStyleOption>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
@@ -49,7 +51,9 @@ class Frame : public QWidget {
 
   QWidget *client = nullptr;
   QWidget *menu = nullptr;
-  bool outlined = false;  ///< draws the border that no window manager gives it
+  std::function<void()> resized;  ///< in place of giving the client area all that the menu leaves
+  std::function<void(int)> zoom;  ///< by so many steps; back to what fits for 0
+  bool outlined = false;          ///< draws the border that no window manager gives it
 
  protected:
   void closeEvent(QCloseEvent *event) override {
@@ -60,12 +64,24 @@ class Frame : public QWidget {
   void resizeEvent(QResizeEvent *) override {
     const int top = menu == nullptr ? 0 : menu->sizeHint().height();
     if (menu != nullptr) menu->setGeometry(0, 0, width(), top);
+    if (resized) return resized();
     if (client != nullptr) client->setGeometry(0, top, width(), std::max(0, height() - top));
   }
   void keyPressEvent(QKeyEvent *event) override {
     if (event->key() == Qt::Key_F1) events_.help_asked();
     if (event->key() == Qt::Key_Escape) events_.escaped();
     if (is_enter(*event)) events_.entered();
+    if (!zoom) return;
+    if (event->matches(QKeySequence::ZoomIn) || is_control(*event, Qt::Key_Equal)) zoom(1);
+    if (event->matches(QKeySequence::ZoomOut)) zoom(-1);
+    if (is_control(*event, Qt::Key_0)) zoom(0);
+  }
+  void wheelEvent(QWheelEvent *event) override {
+    if (!zoom || !event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
+    wheel_ += event->angleDelta().y();
+    const int steps = wheel_ / QWheelEvent::DefaultDeltasPerStep;
+    wheel_ -= steps * QWheelEvent::DefaultDeltasPerStep;
+    if (steps != 0) zoom(steps);
   }
   void paintEvent(QPaintEvent *) override {
     if (!outlined) return;
@@ -80,15 +96,42 @@ class Frame : public QWidget {
   }
 
  private:
+  static bool is_control(const QKeyEvent &event, Qt::Key key) {
+    return event.key() == key && event.modifiers().testFlag(Qt::ControlModifier);
+  }
+
   const WindowEvents events_;
+  int wheel_ = 0;  ///< eighths of a degree that have not made a step yet
 };
+
+/// The part of the desktop that a window may lie on.
+QRect monitor_of(const QWidget &window) {
+  return window.screen()->availableGeometry();
+}
+
+QRect moved_into(QRect window, QRect monitor) {
+  window.moveRight(std::min(window.right(), monitor.right()));
+  window.moveBottom(std::min(window.bottom(), monitor.bottom()));
+  window.moveLeft(std::max(window.left(), monitor.left()));
+  window.moveTop(std::max(window.top(), monitor.top()));
+  return window;
+}
+
+/// What a window manager puts around its windows.
+QMargins decoration_of(const QWidget &window) {
+  const QRect inner = window.geometry(), outer = window.frameGeometry();
+  return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+          outer.bottom() - inner.bottom()};
+}
 
 }  // namespace
 
-WindowView::WindowView(const ViewContext &context, WindowEvents events, QWidget *parent)
-    : context_(context),
-      frame_(*make_child<Frame>(context.window, std::move(events), parent)),
-      client_(*make_child<QWidget>(&frame_)) {
+WindowView::WindowView(Fenêtre &window_shown, const WindowParts &parts, const WindowEvents &events,
+                       QWidget *parent)
+    : context_{window_shown, parts.dispatcher, parts.pictures, parts.screen, scale_},
+      frame_(*make_child<Frame>(window_shown, events, parent)),
+      client_(*make_child<QWidget>(&frame_)),
+      fitted_(events.fitted) {
   auto &frame = static_cast<Frame &>(frame_);
   frame.client = &client_;
   if (has_menu(window())) {
@@ -106,14 +149,55 @@ WindowView::WindowView(const ViewContext &context, WindowEvents events, QWidget 
 }
 
 WindowView::~WindowView() {
+  if (fit_) context_.screen.play_on(std::nullopt);
   views_.clear();
   menu_.reset();
   // The window may be taken off by an event of its own, whose widget is still at work.
   frame_.deleteLater();
 }
 
-QSize WindowView::client_offset() const {
-  return {0, menu_ == nullptr ? 0 : menu_->bar().sizeHint().height()};
+int WindowView::menu_height() const {
+  return menu_ == nullptr ? 0 : menu_->bar().sizeHint().height();
+}
+
+QSize WindowView::client_size() const {
+  return {frame_.width(), std::max(0, frame_.height() - menu_height())};
+}
+
+void WindowView::become_screen(QSize needed) {
+  fit_ = WindowFit{needed, std::nullopt};
+  auto &frame = static_cast<Frame &>(frame_);
+  frame.outlined = false;
+  frame.setWindowFlags(Qt::Window);
+  const QSize least = smallest_screen * smallest_scale;
+  frame.setMinimumSize(least.width(), least.height() + menu_height());
+  frame.resized = [this] { fit_contents(); };
+  frame.zoom = [this](int steps) { zoom(steps); };
+  fit_contents();
+}
+
+void WindowView::fit_contents() {
+  const QSize client = client_size();
+  const QRect area = fit_->area(client);
+  scale_ = Scale(fit_->scale(client));
+  client_.setGeometry(area.translated(0, menu_height()));
+  context_.screen.play_on(ScreenQt::Area{&client_, fit_->screen(client), scale_});
+  for (const auto &view : views_) view->sync();
+  fitted_();
+}
+
+void WindowView::choose_scale(std::optional<double> scale) {
+  fit_->chosen = scale;
+  // One that is larger than the window can take does not count as chosen.
+  if (scale) fit_->chosen = fit_->scale(client_size());
+  fit_contents();
+}
+
+void WindowView::zoom(int steps) {
+  if (steps == 0)
+    choose_scale(std::nullopt);
+  else
+    choose_scale(next_scale(scale_.value(), steps));
 }
 
 void WindowView::sync() {
@@ -133,6 +217,7 @@ void WindowView::sync_window() {
 }
 
 void WindowView::sync_geometry() {
+  if (fit_) return;  // the player's affair
   // The data's size of a window with a menu bar is that of the whole, as its place is.
   const QSize size{std::max(1, static_cast<int>(std::lround(window().largeur))),
                    std::max(1, static_cast<int>(std::lround(window().hauteur)))};
@@ -143,15 +228,30 @@ void WindowView::sync_geometry() {
     window().gauche = place.x();
     window().haut = place.y();
   }
-  const Geometry wanted{place, size};
+  const Geometry wanted{place, size, context_.screen.scale()};
   if (wanted == geometry_) return;
   const bool moved = !geometry_ || geometry_->place != place;
   geometry_ = wanted;
+  const QRect shown = on_desktop({place, size});
   if (window().redimensionnable)
-    frame_.resize(size);
+    frame_.resize(shown.size());
   else
-    frame_.setFixedSize(size);
-  if (moved) frame_.setGeometry(QRect(place, size));
+    frame_.setFixedSize(shown.size());
+  if (moved) frame_.setGeometry(shown);
+}
+
+/// Where a window with that place on the program's screen stands: wholly on the monitor, smaller if need be.
+QRect WindowView::on_desktop(QRect logical) {
+  const std::optional<ScreenQt::Area> &screen = context_.screen.area();
+  if (!screen) return logical;
+  const QWidget &main = *screen->widget->window();
+  const QRect room = monitor_of(main).marginsRemoved(window().avec_titre ? decoration_of(main) : QMargins());
+  scale_ = Scale(std::min({screen->scale.value(), static_cast<double>(room.width()) / logical.width(),
+                           static_cast<double>(room.height()) / logical.height()}));
+  const QPointF middle = QRectF(logical).center();
+  QRect shown({}, scale_.rect(QRectF({}, logical.size())).size());
+  shown.moveCenter((window().placée_sur_le_moniteur ? middle : context_.screen.on_desktop(middle)).toPoint());
+  return moved_into(shown, room);
 }
 
 /// Until its widget is gone for good, a label would lead to it.
@@ -269,7 +369,9 @@ void WindowView::await_first_paint() {
 }
 
 Rect WindowView::rectangle(const Contrôle &control) const {
-  QPoint place = frame_.mapToGlobal(QPoint(0, client_offset().height()));
+  // A window that was never shown has not given its client area the place yet.
+  const QPoint client = fit_ ? client_.pos() : QPoint(0, menu_height());
+  QPoint place = context_.screen.logical(frame_.mapToGlobal(client));
   for (const Contrôle *c = &control; c != nullptr; c = c->conteneur) place += place_of(*c).topLeft();
   const QSize size = place_of(control).size();
   return {place.x(), place.y(), place.x() + size.width(), place.y() + size.height()};

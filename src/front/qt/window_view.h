@@ -9,23 +9,42 @@
 
 #include "front/qt/control_view.h"
 #include "front/qt/menu_view.h"
+#include "front/qt/window_fit.h"
 
 namespace ardane {
 
 /// What a window tells of itself to whoever keeps the windows.
 struct WindowEvents {
   std::function<void()> activated, moved, close_asked, help_asked, entered, escaped;
+  std::function<void()>
+      fitted;  ///< the player has given the window another size, or its contents another scale
+};
+
+/// What all windows share.
+struct WindowParts {
+  Dispatcher &dispatcher;
+  PictureStore &pictures;
+  ScreenQt &screen;
 };
 
 /// The Qt window of a `Fenêtre` and the widgets of its controls. A widget is made when its control is first
 /// seen, and goes when its control has been taken off. A menu bar counts in the window's height.
 class WindowView : public QObject {
  public:
-  WindowView(const ViewContext &context, WindowEvents events, QWidget *parent);
+  WindowView(Fenêtre &window, const WindowParts &parts, const WindowEvents &events, QWidget *parent);
   ~WindowView() override;
 
   Fenêtre &window() { return context_.window; }
   QWidget &frame() const { return frame_; }
+
+  /// Makes the window one that the player sizes: what it shows is scaled to it, and the program takes it for
+  /// its screen. `needed` is what the contents take, in pixels of the data.
+  void become_screen(QSize needed);
+  /// What the window has beside what it shows: the menu bar's room.
+  QSize beside() const { return {0, menu_height()}; }
+  /// The scale that the player has set; none for the one at which all fits.
+  void choose_scale(std::optional<double> scale);
+  std::optional<double> chosen_scale() const { return fit_ ? fit_->chosen : std::nullopt; }
 
   /// Brings the window and its widgets in step with the data.
   void sync();
@@ -46,11 +65,16 @@ class WindowView : public QObject {
   struct Geometry {
     QPoint place;
     QSize size;
+    Scale scale;
     friend bool operator==(const Geometry &, const Geometry &) = default;
   };
 
-  QSize client_offset() const;
+  int menu_height() const;
+  QSize client_size() const;
+  void fit_contents();
+  void zoom(int steps);
   void sync_geometry();
+  QRect on_desktop(QRect logical);
   void forget_buddy(const QWidget &gone);
   void drop_views_of_gone();
   void make_missing_views();
@@ -62,6 +86,7 @@ class WindowView : public QObject {
   ControlView *make(Contrôle &control);
   QWidget *holder_of(const Contrôle &control);
 
+  Scale scale_;
   const ViewContext context_;
   QWidget &frame_;                                   ///< deleted after the view, by Qt
   std::unique_ptr<MenuView> menu_;                   ///< null for a window without menus
@@ -69,6 +94,8 @@ class WindowView : public QObject {
   std::vector<std::unique_ptr<ControlView>> views_;  ///< in the order of their making
   std::vector<ControlView *> stacked_;               ///< the lowest first
   std::optional<Geometry> geometry_;
+  std::optional<WindowFit> fit_;  ///< of a window that the player sizes
+  const std::function<void()> fitted_;
   std::uint64_t revision_ = 0;  ///< of the controls that the views stand for
   const Contrôle *focus_ = nullptr;
 };

@@ -19,7 +19,7 @@ int play(int argc, char **argv, const DesktopOptions &options) {
       {options.programme ? chemin_absolu(*options.programme)
                          : to_utf8(QCoreApplication::applicationDirPath()),
        options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut(),
-       dossier_du_processus()},
+       dossier_du_processus(), options.sans_cadre},
       ressources_du_programme());
   if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why
   if (options.prêt_et_quitter) {

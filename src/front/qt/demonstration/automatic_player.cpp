@@ -187,7 +187,7 @@ void AutomaticPlayer::reach(MapTarget target) {
   QWidget *map = usable("Carte");
   if (map == nullptr) return;
   if (const std::optional<QPoint> place = free_place(desktop_.programme(), target))
-    return ardane::click(*map, *place);
+    return ardane::click(*map, desktop_.renderer().scale().rect(QRectF(*place, QSizeF(1, 1))).center());
   if (!scroll_towards(middle(desktop_.programme(), target)))
     return give_up("pas un pixel libre pour " + to_text(target));
   orders_.push_front([this, target] { reach(target); });

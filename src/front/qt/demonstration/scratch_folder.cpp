@@ -30,7 +30,7 @@ fs::path ScratchFolder::path() const {
 }
 
 DesktopPlaces ScratchFolder::places() const {
-  return {texte_du_chemin(path()), path() / "registre", texte_du_chemin(path())};
+  return {texte_du_chemin(path()), path() / "registre", texte_du_chemin(path()), true};
 }
 
 }  // namespace ardane

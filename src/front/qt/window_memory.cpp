@@ -1,0 +1,68 @@
+#include "front/qt/window_memory.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QSettings>
+#include <algorithm>
+
+#include "front/qt/appearance.h"
+#include "front/qt/window_fit.h"
+
+namespace ardane {
+namespace {
+
+const QString geometry_key = QStringLiteral("fenetre/geometrie");
+const QString scale_key = QStringLiteral("fenetre/echelle");
+
+/// How much of the monitor a first window takes, its frame included: what lies behind can still be reached.
+constexpr double comfortable_share = 0.92;
+/// What a window manager puts above its windows, more or less.
+constexpr int title_height = 32;
+/// The size of letters that the layouts were drawn for.
+constexpr double designed_points = 9;
+
+QSettings settings_of(const std::filesystem::path &file) {
+  return QSettings(to_qt(file.string()), QSettings::IniFormat);
+}
+
+/// The largest scale at which the contents fit the room.
+double largest(QSizeF room, QSize needed, QSize beside) {
+  return std::min((room.width() - beside.width()) / needed.width(),
+                  (room.height() - beside.height() - title_height) / needed.height());
+}
+
+}  // namespace
+
+bool WindowMemory::restore(QWidget &window) const {
+  return window.restoreGeometry(settings_of(file_).value(geometry_key).toByteArray());
+}
+
+std::optional<double> WindowMemory::scale() const {
+  bool known = false;
+  const double scale = settings_of(file_).value(scale_key).toDouble(&known);
+  return known && scale > 0 ? std::optional(scale) : std::nullopt;
+}
+
+void WindowMemory::keep(const QWidget &window, std::optional<double> scale) const {
+  QSettings settings = settings_of(file_);
+  settings.setValue(geometry_key, window.saveGeometry());
+  if (scale)
+    settings.setValue(scale_key, *scale);
+  else
+    settings.remove(scale_key);
+}
+
+void place_for_the_first_time(QWidget &window, QSize needed, QSize beside) {
+  const QRect room = window.screen()->availableGeometry();
+  const double whole = largest(room.size(), needed, beside);
+  // Who has asked his desktop for large letters needs a large map, too.
+  const double letters = QApplication::font().pointSizeF() / designed_points;
+  const double comfortable = largest(QSizeF(room.size()) * comfortable_share, needed, beside);
+  const double scale = std::max(smallest_scale, std::min(whole, std::max(comfortable, letters)));
+  QRect place({}, QSize(qRound(needed.width() * scale), qRound(needed.height() * scale)) + beside);
+  place.setSize(place.size().boundedTo(room.size()));
+  place.moveCenter(room.center());
+  window.setGeometry(place);
+}
+
+}  // namespace ardane

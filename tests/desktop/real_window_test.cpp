@@ -1,0 +1,247 @@
+// The main window with a frame: any size, any place, one scale for all that it shows.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QScreen>
+#include <QTest>
+#include <fstream>
+
+#include "map/layout.h"
+#include "program_test.h"
+
+namespace ardane {
+namespace {
+
+class RealWindow : public ProgramTest {
+ protected:
+  DesktopPlaces places() const override {
+    DesktopPlaces result = folder.places();
+    result.sans_cadre = false;
+    return result;
+  }
+  QWidget &widget(const char *name) {
+    auto *found = frame()->findChild<QWidget *>(QString::fromUtf8(name));
+    if (found == nullptr) throw std::runtime_error(name);
+    return *found;
+  }
+  double scale() { return desktop().renderer().scale().value(); }
+  QSize beside() { return {0, widget("barre_de_menus").height()}; }
+  /// The size at which map and panel just fit at that scale.
+  QSize window_for(double wanted) {
+    const Point needed = Taille_confortable(screen());
+    return QSize(qRound(needed.x * wanted), qRound(needed.y * wanted)) + beside();
+  }
+  void resize(QSize size) {
+    frame()->resize(size);
+    QApplication::processEvents();
+  }
+  bool at_rest() {
+    const Ecran &seen = desktop().programme().contexte().plateforme.écran;
+    return state().Largeur_écran == seen.largeur() && state().Hauteur_écran == seen.hauteur();
+  }
+  void wait_for_layout() {
+    ASSERT_EQ(script().run([this] { return at_rest(); }), "");
+  }
+  void begin_game() {
+    state().Ordre_jeux.remplir(0);
+    state().Ordre_jeux(1) = étape_provinces;
+    order().choose("menu_fichier", "fichier_nouveau");
+    order().fill_in("boîte_nom_joueur", "Zoé");
+    order().click("niveau_facile");
+    order().click("bouton_sortie");
+    play();
+  }
+};
+
+TEST_F(RealWindow, HasATitleBarWithTheProgramsNameAndCanBeMinimisedMaximisedAndClosed) {
+  start();
+  const Qt::WindowFlags flags = frame()->windowFlags();
+  EXPECT_FALSE(flags.testFlag(Qt::FramelessWindowHint));
+  for (const Qt::WindowType hint :
+       {Qt::WindowTitleHint, Qt::WindowMinMaxButtonsHint, Qt::WindowCloseButtonHint})
+    EXPECT_TRUE(flags.testFlag(hint)) << hint;
+  EXPECT_EQ(frame()->windowTitle(), "L'Ardane et ses provinces");
+}
+
+TEST_F(RealWindow, FillsMostOfTheMonitorAtTheFirstStart) {
+  start();
+  const QRect room = frame()->screen()->availableGeometry();
+  EXPECT_TRUE(room.contains(frame()->frameGeometry()));
+  EXPECT_GT(frame()->height(), room.height() * 8 / 10);
+  EXPECT_GT(scale(), 1.2);
+}
+
+TEST_F(RealWindow, KeepsTheProportionsOfMapAndPanelAtTheFirstStart) {
+  start();
+  EXPECT_NEAR(frame()->width(), window_for(scale()).width(), 1);
+  EXPECT_NEAR(frame()->height(), window_for(scale()).height(), 1);
+}
+
+TEST_F(RealWindow, TellsTheProgramAScreenThatBeginsAtItsOwnCorner) {
+  start();
+  frame()->move(120, 60);
+  QApplication::processEvents();
+  const Point needed = Taille_confortable(screen());
+  EXPECT_EQ(state().Largeur_écran, needed.x);
+  EXPECT_EQ(state().Hauteur_écran, needed.y);
+  EXPECT_EQ(state().Rect_carte, (Rect{10, 5, 616, 667}));
+  EXPECT_EQ(screen().haut, 0);
+}
+
+TEST_F(RealWindow, ShowsMapAndPanelWholeWithoutABarAtEveryScale) {
+  start();
+  begin_game();
+  for (const double wanted : {0.75, 0.9, 1.0, 1.25, 1.37, 1.5, 2.0, 3.0}) {
+    resize(window_for(wanted));
+    wait_for_layout();
+    EXPECT_NEAR(scale(), wanted, 0.002);
+    EXPECT_FALSE(screen().barre_h.visible || screen().barre_v.visible) << wanted;
+    EXPECT_NEAR(widget("Carte").width(), 606 * wanted, 1);
+    EXPECT_TRUE(frame()->rect().contains(widget("Texte_à_chercher").geometry())) << wanted;
+  }
+}
+
+TEST_F(RealWindow, LettersGrowWithTheMap) {
+  start();
+  begin_game();
+  resize(window_for(1));
+  const int before = widget("que_faire").font().pixelSize();
+  resize(window_for(2));
+  EXPECT_EQ(widget("que_faire").font().pixelSize(), 2 * before);
+}
+
+TEST_F(RealWindow, WhatItHasTooMuchOfLiesOnBothSides) {
+  start();
+  const QSize fitting = window_for(1);
+  resize({fitting.width() + 300, fitting.height()});
+  QWidget &map = widget("Carte");
+  EXPECT_DOUBLE_EQ(scale(), 1);
+  EXPECT_EQ(map.mapTo(frame(), QPoint(0, 0)).x(), 150 + 10);
+}
+
+TEST_F(RealWindow, BelowTheSmallestScaleTheMapHasBarsAndThePanelStaysWhole) {
+  start();
+  begin_game();
+  resize(frame()->minimumSize());
+  wait_for_layout();
+  EXPECT_DOUBLE_EQ(scale(), 0.75);
+  EXPECT_TRUE(screen().barre_h.visible);
+  EXPECT_TRUE(screen().barre_v.visible);
+  for (const char *part : {"que_faire", "Elément_recherché", "Boîte_score"}) {
+    const QWidget &shown = widget(part);
+    EXPECT_TRUE(frame()->rect().contains({shown.mapTo(frame(), QPoint(0, 0)), shown.size()})) << part;
+  }
+}
+
+TEST_F(RealWindow, AClickReachesTheProvinceAtEveryScale) {
+  start();
+  begin_game();
+  for (const double wanted : {0.75, 1.25, 1.5, 2.0}) {
+    resize(window_for(wanted));
+    wait_for_layout();
+    const int asked = state().ProvinceCourante;
+    order().click(province(asked));
+    play();
+    EXPECT_TRUE(state().TableProvinces(asked).trouvée) << wanted;
+    EXPECT_EQ(state().Score, score_de_départ) << wanted;
+  }
+}
+
+TEST_F(RealWindow, AGameUnderWayGoesOnWhenTheWindowIsResized) {
+  start();
+  begin_game();
+  const int asked = state().ProvinceCourante, score = state().Score;
+  const std::string question = screen().Texte_à_chercher.texte;
+  resize(frame()->minimumSize());
+  wait_for_layout();
+  EXPECT_EQ(state().ProvinceCourante, asked);
+  EXPECT_EQ(state().Score, score);
+  EXPECT_EQ(screen().Texte_à_chercher.texte, question);
+  EXPECT_TRUE(screen().Boîte_score.visible);
+}
+
+TEST_F(RealWindow, TheMapStaysScrolledWhereItCan) {
+  start();
+  begin_game();
+  resize(frame()->minimumSize());
+  wait_for_layout();
+  fixer_valeur(screen().barre_h, 40);
+  fixer_valeur(screen().barre_v, 60);
+  resize(frame()->minimumSize() + QSize(30, 20));
+  wait_for_layout();
+  EXPECT_EQ(screen().barre_h.valeur, 40);
+  EXPECT_EQ(screen().barre_v.valeur, 60);
+  EXPECT_EQ(screen().image_région.gauche, -40);
+  EXPECT_EQ(screen().image_région.haut, -60);
+}
+
+TEST_F(RealWindow, ControlPlusAndMinusSetTheScaleAndControlZeroTheOneThatFits) {
+  start();
+  const double fitting = scale();
+  press(*frame(), Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_NEAR(scale(), fitting * 1.1, 0.001);
+  press(*frame(), Qt::Key_Minus, Qt::ControlModifier);
+  press(*frame(), Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_NEAR(scale(), fitting / 1.1, 0.001);
+  press(*frame(), Qt::Key_0, Qt::ControlModifier);
+  EXPECT_DOUBLE_EQ(scale(), fitting);
+}
+
+TEST_F(RealWindow, AScaleThatIsSetEnlargesTheMapBeyondTheWindow) {
+  start();
+  begin_game();
+  resize(window_for(1));
+  for (int i = 0; i < 3; ++i) press(*frame(), Qt::Key_Plus, Qt::ControlModifier);
+  wait_for_layout();
+  EXPECT_TRUE(screen().barre_h.visible);
+  EXPECT_TRUE(screen().barre_v.visible);
+}
+
+TEST_F(RealWindow, NoScaleMakesTheScreenTooSmallForThePanel) {
+  start();
+  for (int i = 0; i < 40; ++i) press(*frame(), Qt::Key_Plus, Qt::ControlModifier);
+  wait_for_layout();
+  EXPECT_GE(state().Largeur_écran, 600);
+  EXPECT_GE(state().Hauteur_écran, 470);
+  for (int i = 0; i < 40; ++i) press(*frame(), Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_DOUBLE_EQ(scale(), 0.75);
+}
+
+TEST_F(RealWindow, ADialogGrowsWithItAndLiesOverItsMiddle) {
+  start();
+  order().choose("menu_fichier", "fichier_nouveau");
+  order().then([this] {
+    const QWidget *dialog = desktop().renderer().top_frame();
+    ASSERT_NE(dialog, frame());
+    EXPECT_NEAR(dialog->geometry().center().x(), frame()->geometry().center().x(), 2);
+    const auto *name = dialog->findChild<QWidget *>("boîte_nom_joueur");
+    ASSERT_NE(name, nullptr);
+    EXPECT_GT(name->font().pixelSize(), 0);
+  });
+  order().click("Bouton_annuler");
+  play();
+}
+
+TEST_F(RealWindow, HasItsSizeItsPlaceAndItsScaleAgainAtTheNextStart) {
+  start();
+  resize(window_for(1));
+  frame()->move(70, 50);
+  press(*frame(), Qt::Key_Minus, Qt::ControlModifier);
+  const QRect left = frame()->geometry();
+  const double scale_left = scale();
+  end();
+  start();
+  EXPECT_EQ(frame()->geometry(), left);
+  EXPECT_NEAR(scale(), scale_left, 1e-9);
+}
+
+TEST_F(RealWindow, AMemoryOfItThatIsDamagedIsAsGoodAsNone) {
+  std::ofstream(folder.path() / "fenetre.ini")
+      << "[fenetre]\ngeometrie=@ByteArray(\\x1\\xd9rien)\nechelle=-3\n";
+  start();
+  EXPECT_TRUE(frame()->screen()->availableGeometry().contains(frame()->frameGeometry()));
+  EXPECT_GT(scale(), 1.2);
+}
+
+}  // namespace
+}  // namespace ardane

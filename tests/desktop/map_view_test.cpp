@@ -36,7 +36,8 @@ class MapViews : public testing::Test {
                                                     cursor = stage.screen.curseur();
                                                     return under;
                                                   },
-                                                  [this](double, double) { return under; }},
+                                                  [this](double, double) { return under; },
+                                                  {}},
                                          nullptr);
       widget->setGeometry({{50, 60}, scale.rect(QRectF(0, 0, 100, 80)).size()});
       widget->show();
@@ -52,7 +53,8 @@ class MapViews : public testing::Test {
   Contrôle &view = place(window, "Carte", Genre::vue, {});
   Contrôle &map = place(window, "image_région(0)", Genre::image, {0, 0, 120, 90}, &view);
   Scale scale;
-  ViewContext context{window, stage.dispatcher, stage.pictures, stage.screen, scale};
+  MapGuide guide;
+  ViewContext context{window, stage.dispatcher, stage.pictures, stage.screen, scale, guide};
   std::unique_ptr<MapView> widget;
   Contrôle *under = nullptr;
   QPoint pressed;
@@ -192,6 +194,93 @@ TEST_F(MapViews, AtAnotherScaleAPressIsToldInPixelsOfTheData) {
   under = &map;
   QTest::mouseClick(&shown(), Qt::LeftButton, {}, QPoint(45, 60));
   EXPECT_EQ(pressed, QPoint(30, 40));
+}
+
+/// Presses keys on a map of 120 by 90 of which 100 by 80 are seen.
+class MapByKeys : public MapViews {
+ protected:
+  MapByKeys() {
+    map.clic = [] {};
+    under = &map;
+    shown().setFocus();
+  }
+  void press(Qt::Key key, Qt::KeyboardModifiers held = {}) { QTest::keyClick(&shown(), key, held); }
+  /// Where Enter clicks.
+  QPoint place() {
+    press(Qt::Key_Return);
+    return pressed;
+  }
+};
+
+TEST_F(MapByKeys, TheFirstEnterShowsTheCursorAndClicksNothing) {
+  pressed = {-1, -1};
+  press(Qt::Key_Return);
+  EXPECT_EQ(pressed, QPoint(-1, -1));
+  EXPECT_EQ(place(), QPoint(0, 0));
+}
+
+TEST_F(MapByKeys, AnArrowMovesByOnePixelOfTheDataAndByTenWithShift) {
+  press(Qt::Key_Right, Qt::ShiftModifier);
+  press(Qt::Key_Right);
+  press(Qt::Key_Down, Qt::ShiftModifier);
+  press(Qt::Key_Up);
+  press(Qt::Key_Left);
+  EXPECT_EQ(place(), QPoint(10, 9));
+}
+
+TEST_F(MapByKeys, HomeEndAndThePageKeysGoToTheEdges) {
+  press(Qt::Key_End);
+  press(Qt::Key_PageDown);
+  EXPECT_EQ(place(), QPoint(99, 79));
+  press(Qt::Key_Home);
+  EXPECT_EQ(place(), QPoint(0, 79));
+  press(Qt::Key_PageUp);
+  EXPECT_EQ(place(), QPoint(0, 0));
+}
+
+TEST_F(MapByKeys, NoArrowLeavesTheMap) {
+  press(Qt::Key_Left);
+  press(Qt::Key_Up, Qt::ShiftModifier);
+  EXPECT_EQ(place(), QPoint(0, 0));
+}
+
+TEST_F(MapByKeys, ControlAndAnArrowGoToTheNextThingInThatDirection) {
+  guide.targets = [] { return std::vector<Point>{{30, 2}, {12, 11}, {60, 4}, {5, 50}}; };
+  press(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(place(), QPoint(30, 2)) << "straight ahead before what is nearer but aslant";
+  press(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(place(), QPoint(60, 4));
+  press(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(place(), QPoint(60, 4)) << "there is no further one";
+  press(Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(place(), QPoint(60, 4)) << "what lies more to the side is not below";
+}
+
+TEST_F(MapByKeys, WhereNothingIsShownThereIsNothingToGoTo) {
+  press(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(place(), QPoint(0, 0));
+}
+
+TEST_F(MapByKeys, TheCursorIsSeenOnEveryGroundAndGoesWithTheMouse) {
+  for (const QColor &ground : {QColor(Qt::black), QColor(Qt::white), sea, land}) {
+    QPixmap pixmap(1, 1);
+    poser_image(map, {});
+    QPalette palette = shown().palette();
+    palette.setColor(QPalette::Window, ground);
+    shown().setPalette(palette);
+    const QImage before = shown().grab().toImage();
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_NE(shown().grab().toImage(), before) << ground.name().toStdString();
+    QTest::mouseClick(&shown(), Qt::LeftButton);
+    EXPECT_EQ(shown().grab().toImage(), before) << ground.name().toStdString();
+  }
+}
+
+TEST_F(MapByKeys, TheToolTipUnderTheCursorIsShown) {
+  map.infobulle = "Saulonde";
+  press(Qt::Key_Down);
+  EXPECT_EQ(QToolTip::text(), "Saulonde");
+  QToolTip::hideText();
 }
 
 /// The largest difference of a channel between two pictures of one size.

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QTest>
+#include <QWheelEvent>
 #include <fstream>
 
 #include "map/layout.h"
@@ -205,6 +206,87 @@ TEST_F(RealWindow, NoScaleMakesTheScreenTooSmallForThePanel) {
   EXPECT_GE(state().Hauteur_écran, 470);
   for (int i = 0; i < 40; ++i) press(*frame(), Qt::Key_Minus, Qt::ControlModifier);
   EXPECT_DOUBLE_EQ(scale(), 0.75);
+}
+
+/// The window at scale 1, too small for the map, with a game in it.
+class ScrolledWindow : public RealWindow {
+ protected:
+  void SetUp() override {
+    start();
+    begin_game();
+    resize(frame()->minimumSize());
+    wait_for_layout();
+    map = &widget("Carte");
+  }
+  /// False if the widget leaves the turn to what it lies in.
+  bool turn_wheel(QWidget &over, QPoint angle, Qt::KeyboardModifiers held = {}) {
+    const QPointF place(50, 50);
+    QWheelEvent event(place, over.mapToGlobal(place), {}, angle, Qt::NoButton, held, Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(&over, &event);
+    return event.isAccepted();
+  }
+
+  QWidget *map = nullptr;
+};
+
+TEST_F(ScrolledWindow, TheWheelScrollsTheMap) {
+  turn_wheel(*map, {0, -120});
+  EXPECT_EQ(screen().barre_v.valeur, 40);
+  turn_wheel(*map, {0, -120}, Qt::ShiftModifier);
+  EXPECT_EQ(screen().barre_h.valeur, 40);
+  turn_wheel(*map, {0, 240});
+  EXPECT_EQ(screen().barre_v.valeur, 0);
+}
+
+TEST_F(ScrolledWindow, TheWheelWithControlSetsTheScale) {
+  resize(frame()->minimumSize() * 1.2);
+  wait_for_layout();
+  const double before = scale();
+  EXPECT_FALSE(turn_wheel(*map, {0, 120}, Qt::ControlModifier));
+  turn_wheel(*frame(), {0, 120}, Qt::ControlModifier);
+  EXPECT_NEAR(scale(), before * 1.1, 0.001);
+  EXPECT_EQ(screen().barre_v.valeur, 0);
+}
+
+TEST_F(ScrolledWindow, TheMiddleButtonDragsTheMap) {
+  QTest::mousePress(map, Qt::MiddleButton, {}, QPoint(100, 100));
+  QMouseEvent move(QEvent::MouseMove, QPointF(70, 85), map->mapToGlobal(QPointF(70, 85)), Qt::NoButton,
+                   Qt::MiddleButton, Qt::NoModifier);
+  QApplication::sendEvent(map, &move);
+  QTest::mouseRelease(map, Qt::MiddleButton, {}, QPoint(70, 85));
+  EXPECT_EQ(screen().barre_h.valeur, 40);
+  EXPECT_EQ(screen().barre_v.valeur, 20);
+}
+
+TEST_F(ScrolledWindow, TheViewFollowsTheKeyboardsCursor) {
+  map->setFocus();
+  press(*map, Qt::Key_End);
+  press(*map, Qt::Key_PageDown);
+  EXPECT_EQ(screen().barre_h.valeur, screen().barre_h.max);
+  EXPECT_EQ(screen().barre_v.valeur, screen().barre_v.max);
+  press(*map, Qt::Key_Home);
+  EXPECT_EQ(screen().barre_h.valeur, 0);
+}
+
+TEST_F(RealWindow, FocusReturnsToTheMapWhenThePassButtonHasGone) {
+  start();
+  begin_game();
+  const auto miss = [this] { order().click(province(state().ProvinceCourante % nombre_provinces + 1)); };
+  miss();
+  play();
+  QWidget &pass = widget("BoutonPasse");
+  ASSERT_TRUE(pass.isVisible());
+  pass.setFocus(Qt::TabFocusReason);
+  press(pass, Qt::Key_Space);
+  EXPECT_EQ(frame()->focusWidget()->objectName(), "Carte");
+  miss();
+  play();
+  ASSERT_TRUE(pass.isVisible());
+  EXPECT_EQ(frame()->focusWidget()->objectName(), "Carte");
+  const int score = state().Score;
+  press(*frame(), Qt::Key_Space);
+  EXPECT_EQ(state().Score, score);
 }
 
 TEST_F(RealWindow, ADialogGrowsWithItAndLiesOverItsMiddle) {

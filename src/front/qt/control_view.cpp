@@ -85,7 +85,7 @@ bool ControlView::eventFilter(QObject *, QEvent *event) {
       double_click();
       return true;
     case QEvent::KeyPress:
-      if (!is_enter(static_cast<QKeyEvent &>(*event)) || entrée_finit_la_ligne(control_)) break;
+      if (!is_enter(static_cast<QKeyEvent &>(*event)) || takes_enter()) break;
       run([this] { entrer(context_.window, control_); });
       return true;
     default: break;

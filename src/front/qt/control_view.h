@@ -4,8 +4,10 @@
 #include <QPointer>
 #include <QRect>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "front/qt/dispatcher.h"
 #include "front/qt/picture_store.h"
@@ -14,6 +16,11 @@
 
 namespace ardane {
 
+/// What the map's widget asks of the game for a player who has no mouse. Places are pixels of the map.
+struct MapGuide {
+  std::function<std::vector<Point>()> targets;
+};
+
 /// What the widgets of one window share.
 struct ViewContext {
   Fenêtre &window;
@@ -21,6 +28,7 @@ struct ViewContext {
   PictureStore &pictures;
   ScreenQt &screen;
   const Scale &scale;  ///< of the window, which may change
+  const MapGuide &guide;
 };
 
 /// A control's place in its container, in whole pixels of the data.
@@ -59,6 +67,8 @@ class ControlView : public QObject {
   const ViewContext context_;
 
  private:
+  /// True if the widget does with the Enter key what it will.
+  virtual bool takes_enter() const { return entrée_finit_la_ligne(control_); }
   /// True if a press of the mouse is a click: the widget makes nothing of it by itself.
   virtual bool is_clicked_by_press() const { return false; }
 

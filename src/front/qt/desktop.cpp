@@ -7,6 +7,7 @@
 
 #include "core/paths.h"
 #include "front/qt/appearance.h"
+#include "map/guide.h"
 #include "map/layout.h"
 
 namespace ardane {
@@ -36,6 +37,7 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
     if (&window == &programme_.principale() && programme_.principale().déplacement)
       programme_.principale().déplacement();
   };
+  renderer_.guide = {[this] { return Cibles(programme_.contexte()); }};
   renderer_.fitted = [this] { rest_.start(resting_delay); };
   rest_.setSingleShot(true);
   connect(&rest_, &QTimer::timeout, this, [this] { window_rests(); });

@@ -1,10 +1,12 @@
 #include "front/qt/map_view.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <QWheelEvent>
 #include <algorithm>
 #include <unordered_map>
 
@@ -15,6 +17,12 @@ namespace {
 
 /// How far a pixel of the filtered picture looks, in pixels of the data.
 constexpr int reach = 2;
+/// How far the drawing of the keyboard's cursor does, and how near to the view's edge it comes.
+constexpr int cursor_reach = 17;
+/// What the Shift key makes of one pixel.
+constexpr int stride = 10;
+/// Of the mouse wheel's turn: forty logical pixels a notch, as much as three lines of a text.
+constexpr int eighths_a_pixel = 3;
 
 /// What a region widened on all sides covers at a scale.
 QRegion scaled(const QRegion &region, double scale, int wider) {
@@ -33,7 +41,9 @@ bool lies_lower(const Contrôle *a, const Contrôle *b) {
 }  // namespace
 
 MapView::MapView(Contrôle &control, const ViewContext &context, Pointing pointing, QWidget *parent)
-    : QWidget(parent), control_(control), context_(context), pointing_(std::move(pointing)) {}
+    : QWidget(parent), control_(control), context_(context), pointing_(std::move(pointing)) {
+  setFocusPolicy(Qt::StrongFocus);
+}
 
 void MapView::gather() {
   if (revision_ != context_.window.révision()) {
@@ -150,31 +160,157 @@ void MapView::paintEvent(QPaintEvent *event) {
   for (const QRect &part : event->region())
     painter.drawImage(QRectF(part), shown,
                       QRectF(QPointF(part.topLeft()) * device, QSizeF(part.size()) * device));
+  if (cursor_shown_) draw_cursor(painter, QRectF(cursor_area()).center(), context_.scale.value());
 }
 
 void MapView::mousePressEvent(QMouseEvent *event) {
-  if (event->button() != Qt::LeftButton) return;
-  const QPointF place = context_.scale.logical(event->position());
-  const ScreenQt::Press press(context_.screen, event->globalPosition().toPoint());
-  context_.dispatcher.run([&] {
-    if (Contrôle *picture = pointing_.picture(place.x(), place.y())) cliquer(context_.window, *picture);
-  });
+  hide_cursor();
+  if (event->button() == Qt::MiddleButton && pointing_.scrolled.map != nullptr) {
+    drag_ = Drag{event->position(), scroll()};
+    setCursor(Qt::ClosedHandCursor);
+  }
+  if (event->button() == Qt::LeftButton)
+    press(context_.scale.logical(event->position()), event->globalPosition());
 }
 
 /// The second press of a double click was meant for what the first one has answered.
 void MapView::mouseDoubleClickEvent(QMouseEvent *) {}
 
+void MapView::press(QPointF logical, QPointF on_desktop) {
+  const ScreenQt::Press at(context_.screen, on_desktop);
+  context_.dispatcher.run([&] {
+    if (Contrôle *picture = pointing_.picture(logical.x(), logical.y())) cliquer(context_.window, *picture);
+  });
+}
+
+void MapView::mouseMoveEvent(QMouseEvent *event) {
+  if (!drag_) return;
+  scroll_to(drag_->scroll + context_.scale.logical(drag_->press - event->position()).toPoint());
+}
+
+void MapView::mouseReleaseEvent(QMouseEvent *event) {
+  if (event->button() != Qt::MiddleButton) return;
+  drag_.reset();
+  unsetCursor();
+}
+
+void MapView::wheelEvent(QWheelEvent *event) {
+  if (event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
+  const bool sideways = event->modifiers().testFlag(Qt::ShiftModifier);
+  wheel_ += sideways ? event->angleDelta().transposed() : event->angleDelta();
+  const QPoint by = wheel_ / eighths_a_pixel;
+  wheel_ -= by * eighths_a_pixel;
+  scroll_to(scroll() - by);
+}
+
+QPoint MapView::scroll() const {
+  const auto &[map, across, down] = pointing_.scrolled;
+  return map == nullptr ? QPoint() : QPoint(across->valeur, down->valeur);
+}
+
+void MapView::scroll_to(QPoint corner) {
+  const Pointing::Scrolled &by = pointing_.scrolled;
+  if (by.map == nullptr || corner == scroll() || context_.dispatcher.busy()) return;
+  context_.dispatcher.run([&] {
+    if (by.across->visible) fixer_valeur(*by.across, corner.x());
+    if (by.down->visible) fixer_valeur(*by.down, corner.y());
+  });
+}
+
+QSize MapView::map_size() const {
+  return pointing_.scrolled.map == nullptr ? viewport().size() : place_of(*pointing_.scrolled.map).size();
+}
+
+/// The pixel under the keyboard's cursor, in those of the viewport.
+QRect MapView::cursor_pixel() const {
+  return {cursor_.place() - scroll(), QSize(1, 1)};
+}
+
+/// All that the cursor's drawing reaches, in the toolkit's pixels.
+QRect MapView::cursor_area() const {
+  return context_.scale.rect(
+      cursor_pixel().adjusted(-cursor_reach, -cursor_reach, cursor_reach, cursor_reach));
+}
+
+/// The view follows the cursor.
+void MapView::follow_cursor() {
+  const QRect inner = viewport().adjusted(cursor_reach, cursor_reach, -cursor_reach, -cursor_reach);
+  const QPoint place = cursor_pixel().topLeft();
+  const QPoint seen(std::clamp(place.x(), inner.left(), inner.right()),
+                    std::clamp(place.y(), inner.top(), inner.bottom()));
+  scroll_to(scroll() + place - seen);
+}
+
+void MapView::show_cursor() {
+  follow_cursor();
+  cursor_shown_ = true;
+  update();
+  show_tip(cursor_pixel().center(), mapToGlobal(cursor_area().bottomRight()));
+}
+
+void MapView::hide_cursor() {
+  if (!cursor_shown_) return;
+  cursor_shown_ = false;
+  update(cursor_area());
+}
+
+void MapView::focusOutEvent(QFocusEvent *event) {
+  hide_cursor();
+  QWidget::focusOutEvent(event);
+}
+
+void MapView::jump(QPoint direction) {
+  if (!context_.guide.targets) return;
+  std::vector<QPoint> targets;
+  for (const Point &target : context_.guide.targets()) targets.emplace_back(target.x, target.y);
+  cursor_.jump(direction, targets);
+}
+
+/// True for a key that moves the cursor.
+bool MapView::move_cursor(const QKeyEvent &event) {
+  const QSize map = map_size();
+  const QPoint place = cursor_.place();
+  const auto go = [&](QPoint direction) {
+    if (event.modifiers().testFlag(Qt::ControlModifier)) return jump(direction);
+    cursor_.move(direction * (event.modifiers().testFlag(Qt::ShiftModifier) ? stride : 1), map);
+  };
+  switch (event.key()) {
+    case Qt::Key_Left: go({-1, 0}); break;
+    case Qt::Key_Right: go({1, 0}); break;
+    case Qt::Key_Up: go({0, -1}); break;
+    case Qt::Key_Down: go({0, 1}); break;
+    case Qt::Key_Home: cursor_.move_to({0, place.y()}, map); break;
+    case Qt::Key_End: cursor_.move_to({map.width(), place.y()}, map); break;
+    case Qt::Key_PageUp: cursor_.move_to({place.x(), 0}, map); break;
+    case Qt::Key_PageDown: cursor_.move_to({place.x(), map.height()}, map); break;
+    default: return false;
+  }
+  return true;
+}
+
+void MapView::keyPressEvent(QKeyEvent *event) {
+  if (move_cursor(*event)) return show_cursor();
+  if (!is_enter(*event)) return QWidget::keyPressEvent(event);
+  if (!cursor_shown_) return show_cursor();
+  const QPoint pixel = cursor_pixel().topLeft();
+  const QPointF middle(pixel.x() + 0.5, pixel.y() + 0.5);
+  press(middle, mapToGlobal(middle * context_.scale.value()));
+}
+
 bool MapView::event(QEvent *event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto &help = static_cast<QHelpEvent &>(*event);
-  const QPointF place = context_.scale.logical(help.pos());
+  show_tip(context_.scale.logical(help.pos()), help.globalPos());
+  return true;
+}
+
+void MapView::show_tip(QPointF place, QPoint on_desktop) {
   const Contrôle *picture = pointing_.tip(place.x(), place.y());
   if (picture == nullptr)
     QToolTip::hideText();
   else
-    QToolTip::showText(help.globalPos(), tool_tip(picture->infobulle), this,
+    QToolTip::showText(on_desktop, tool_tip(picture->infobulle), this,
                        context_.scale.rect(place_of(*picture)));
-  return true;
 }
 
 }  // namespace ardane

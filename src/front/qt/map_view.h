@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "front/qt/control_view.h"
+#include "front/qt/map_cursor.h"
 
 namespace ardane {
 
@@ -14,6 +15,11 @@ struct Pointing {
   std::function<Contrôle *(double x, double y)> picture;
   /// The topmost picture there whose tool tip is to be shown, or null.
   std::function<const Contrôle *(double x, double y)> tip;
+  /// The picture of the whole map and the bars that scroll it; null for a viewport that shows all.
+  struct Scrolled {
+    const Contrôle *map = nullptr;
+    Contrôle *across = nullptr, *down = nullptr;
+  } scrolled;
 };
 
 /// Paints the visible pictures contained in a control, the lowest first, and only where the stack has changed
@@ -33,6 +39,11 @@ class MapView : public QWidget {
   void paintEvent(QPaintEvent *event) override;
   void mousePressEvent(QMouseEvent *event) override;
   void mouseDoubleClickEvent(QMouseEvent *event) override;
+  void mouseMoveEvent(QMouseEvent *event) override;
+  void mouseReleaseEvent(QMouseEvent *event) override;
+  void wheelEvent(QWheelEvent *event) override;
+  void keyPressEvent(QKeyEvent *event) override;
+  void focusOutEvent(QFocusEvent *event) override;
   bool event(QEvent *event) override;
 
  private:
@@ -47,6 +58,20 @@ class MapView : public QWidget {
   std::vector<Layer> visible_layers();
   QRect viewport() const { return {{}, place_of(control_).size()}; }
   double ratio() const { return context_.scale.value() * devicePixelRatioF(); }
+  /// The map's pixel in the viewport's corner.
+  QPoint scroll() const;
+  void scroll_to(QPoint corner);
+  QSize map_size() const;
+  bool move_cursor(const QKeyEvent &event);
+  void show_cursor();
+  void hide_cursor();
+  void jump(QPoint direction);
+  void follow_cursor();
+  void press(QPointF logical, QPointF on_desktop);
+  void show_tip(QPointF logical, QPoint on_desktop);
+  QRect cursor_pixel() const;
+  QRect cursor_area() const;
+
   void compose();
   void filter();
   const QImage &picture();
@@ -58,6 +83,14 @@ class MapView : public QWidget {
   std::vector<const Contrôle *> stack_;  ///< every picture of the viewport, the lowest first
   std::vector<Layer> layers_;            ///< those painted, the lowest first
   QRegion damage_;
+  MapCursor cursor_;
+  bool cursor_shown_ = false;  ///< the player moves by keys
+  struct Drag {
+    QPointF press;  ///< in the toolkit's pixels
+    QPoint scroll;
+  };
+  std::optional<Drag> drag_;
+  QPoint wheel_;     ///< of the mouse wheel, what has not made a pixel yet
   QImage composed_;  ///< the viewport in the detail of its pictures
   QImage filtered_;  ///< the viewport in the screen's pixels, unless those are the pictures' own
   QRegion unmade_;   ///< what of the composed picture is out of date, in pixels of the data

@@ -64,7 +64,8 @@ Pointing pointing_of(Fenêtre &window) {
   auto *main = dynamic_cast<Ecran_principal *>(&window);
   if (main == nullptr) throw ErreurFatale("Seule la fenêtre principale porte une carte", Lieu::ici());
   return {[main](double x, double y) { return image_sous(*main, x, y); },
-          [main](double x, double y) { return image_avec_infobulle(*main, x, y); }};
+          [main](double x, double y) { return image_avec_infobulle(*main, x, y); },
+          {&main->image_région, &main->barre_h, &main->barre_v}};
 }
 
 }  // namespace

@@ -46,6 +46,9 @@ class MapControlView : public ControlView {
  public:
   MapControlView(Contrôle &control, const ViewContext &context, QWidget *parent);
   void sync() override;
+
+ private:
+  bool takes_enter() const override { return true; }
 };
 
 }  // namespace ardane

@@ -28,7 +28,7 @@ WindowView &Renderer::view(Fenêtre &window) {
   for (const auto &below : views_)
     if (!window.est_principale && (below->window().est_principale || below->waiting != nullptr))
       parent = &below->frame();
-  const WindowParts parts{dispatcher_, pictures_, screen_};
+  const WindowParts parts{dispatcher_, pictures_, screen_, guide};
   views_.push_back(std::make_unique<WindowView>(window, parts, events_of(window), parent));
   return *views_.back();
 }

@@ -39,6 +39,8 @@ class Renderer : public QObject, public Façade {
   /// The Qt window of a window that has been shown or measured; null before.
   QWidget *frame(const Fenêtre &window) const;
 
+  /// What the map is asked about; empty where there is no game.
+  MapGuide guide;
   /// The F1 key in a window.
   std::function<void(const Fenêtre &)> help;
   /// The window manager has moved a window that is on the screen.

@@ -23,9 +23,8 @@ QPointF ScreenQt::on_desktop(QPointF logical) const {
   return area_->widget->mapToGlobal(logical * area_->scale.value());
 }
 
-QPoint ScreenQt::logical(QPoint on_desktop) const {
-  if (!area_) return on_desktop;
-  const QPointF place = area_->scale.logical(area_->widget->mapFromGlobal(QPointF(on_desktop)));
+QPoint ScreenQt::logical(QPointF on_desktop) const {
+  const QPointF place = area_ ? area_->scale.logical(area_->widget->mapFromGlobal(on_desktop)) : on_desktop;
   return {static_cast<int>(std::floor(place.x())), static_cast<int>(std::floor(place.y()))};
 }
 
@@ -54,7 +53,7 @@ std::vector<Mode_écran> ScreenQt::modes() const {
 }
 
 Point ScreenQt::curseur() const {
-  const QPoint place = logical(press_ ? *press_ : QCursor::pos());
+  const QPoint place = logical(press_ ? *press_ : QPointF(QCursor::pos()));
   return {place.x(), place.y()};
 }
 

@@ -31,7 +31,7 @@ class ScreenQt : public Ecran {
 
   /// A place of the program's screen on the desktop, and the other way round.
   QPointF on_desktop(QPointF logical) const;
-  QPoint logical(QPoint on_desktop) const;
+  QPoint logical(QPointF on_desktop) const;
 
   int largeur() const override;
   int hauteur() const override;
@@ -46,7 +46,7 @@ class ScreenQt : public Ecran {
   /// Where the press stands that is being handled; the cursor may have moved on since.
   class Press {
    public:
-    Press(ScreenQt &screen, QPoint place) : screen_(screen) { screen.press_ = place; }
+    Press(ScreenQt &screen, QPointF place) : screen_(screen) { screen.press_ = place; }
     ~Press() { screen_.press_.reset(); }
     Press(const Press &) = delete;
     Press &operator=(const Press &) = delete;
@@ -72,7 +72,7 @@ class ScreenQt : public Ecran {
 
  private:
   std::optional<Area> area_;
-  std::optional<QPoint> press_;  ///< on the desktop
+  std::optional<QPointF> press_;  ///< on the desktop
   bool hourglass_ = false;
 };
 

@@ -128,7 +128,7 @@ QMargins decoration_of(const QWidget &window) {
 
 WindowView::WindowView(Fenêtre &window_shown, const WindowParts &parts, const WindowEvents &events,
                        QWidget *parent)
-    : context_{window_shown, parts.dispatcher, parts.pictures, parts.screen, scale_},
+    : context_{window_shown, parts.dispatcher, parts.pictures, parts.screen, scale_, parts.guide},
       frame_(*make_child<Frame>(window_shown, events, parent)),
       client_(*make_child<QWidget>(&frame_)),
       fitted_(events.fitted) {
@@ -204,6 +204,7 @@ void WindowView::sync() {
   sync_window();
   drop_views_of_gone();
   make_missing_views();
+  bring_focus_home();
   for (const auto &view : views_) view->sync();
   sync_stacking();
   sync_focus();
@@ -315,7 +316,8 @@ void WindowView::sync_stacking() {
 }
 
 void WindowView::sync_tab_order() {
-  QWidget *last = nullptr;
+  ControlView *first = map() == nullptr ? nullptr : view_of(*map());
+  QWidget *last = first == nullptr ? nullptr : &first->widget();
   for (const Contrôle *control : ordre_du_clavier(window())) {
     ControlView *view = view_of(*control);
     if (view == nullptr) continue;
@@ -331,6 +333,22 @@ void WindowView::sync_buddies() {
     if (auto *shown = qobject_cast<QLabel *>(&label->widget())) shown->setBuddy(&view->widget());
     label->sync();  // a mnemonic is marked where it leads somewhere
   }
+}
+
+/// The map, where the keyboard's focus is at home; null in other windows.
+Contrôle *WindowView::map() {
+  const auto found = std::ranges::find(window().contrôles(), Genre::vue, &Contrôle::genre);
+  return found == window().contrôles().end() ? nullptr : &*found;
+}
+
+/// What the player meant for a button that is gone must not reach the next one. Before that one is hidden:
+/// the toolkit would find it a neighbour.
+void WindowView::bring_focus_home() {
+  const Contrôle *focus = window().focus;
+  Contrôle *home = map();
+  if (home == nullptr || (focus != nullptr && est_utilisable(*focus))) return;
+  window().focus = home;
+  if (ControlView *view = view_of(*home)) view->widget().setFocus(Qt::OtherFocusReason);
 }
 
 void WindowView::sync_focus() {

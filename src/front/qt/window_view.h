@@ -25,6 +25,7 @@ struct WindowParts {
   Dispatcher &dispatcher;
   PictureStore &pictures;
   ScreenQt &screen;
+  const MapGuide &guide;
 };
 
 /// The Qt window of a `Fenêtre` and the widgets of its controls. A widget is made when its control is first
@@ -81,6 +82,8 @@ class WindowView : public QObject {
   void sync_stacking();
   void sync_tab_order();
   void sync_buddies();
+  Contrôle *map();
+  void bring_focus_home();
   void sync_focus();
   ControlView *view_of(const Contrôle &control) const;
   ControlView *make(Contrôle &control);

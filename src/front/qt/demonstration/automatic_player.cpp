@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <algorithm>
 #include <utility>
 
@@ -38,7 +40,8 @@ void Plan::at_box(AutomaticPlayer &player, const QMessageBox &) {
   player.accept();
 }
 
-AutomaticPlayer::AutomaticPlayer(Desktop &desktop, Plan &plan) : desktop_(desktop), plan_(plan) {
+AutomaticPlayer::AutomaticPlayer(Desktop &desktop, Plan &plan, Hand hand)
+    : desktop_(desktop), plan_(plan), hand_(hand) {
   turn_.setSingleShot(true);
   connect(&turn_, &QTimer::timeout, this, [this] { turn(); });
 }
@@ -114,6 +117,7 @@ QWidget *AutomaticPlayer::usable(const std::string &control) {
 }
 
 void AutomaticPlayer::choose(const std::string &menu, const std::string &entry) {
+  if (hand_ == Hand::keys) return choose_by_keys(menu, entry);
   then([this, menu] { click_entry(usable("barre_de_menus"), menu); });
   then([this, entry] { click_entry(QApplication::activePopupWidget(), entry); });
 }
@@ -127,7 +131,55 @@ void AutomaticPlayer::click_entry(QWidget *menu, const std::string &entry) {
 
 void AutomaticPlayer::click(const std::string &control) {
   then([this, control] {
-    if (QWidget *found = usable(control)) ardane::click(*found);
+    QWidget *found = usable(control);
+    if (found == nullptr) return;
+    if (hand_ == Hand::keys)
+      click_by_keys(*found);
+    else
+      ardane::click(*found);
+  });
+}
+
+bool AutomaticPlayer::focus(QWidget &control) {
+  const auto holder = [&] { return control.window()->focusWidget(); };
+  const auto is_option = [](const QWidget *widget) {
+    return qobject_cast<const QRadioButton *>(widget) != nullptr;
+  };
+  const auto key = [&] {
+    if (!is_option(&control) || !is_option(holder())) return Qt::Key_Tab;
+    return holder()->y() > control.y() ? Qt::Key_Up : Qt::Key_Down;
+  };
+  constexpr int most_stops = 60;
+  for (int i = 0; i < most_stops && holder() != &control; ++i) ardane::press(control, key());
+  if (holder() != &control) give_up("aucune touche ne mène à " + to_utf8(control.objectName()));
+  return holder() == &control;
+}
+
+void AutomaticPlayer::click_by_keys(QWidget &control) {
+  if (focus(control)) ardane::press(control, Qt::Key_Space);
+}
+
+/// From the menu bar, which F10 gives the focus.
+void AutomaticPlayer::choose_by_keys(const std::string &menu, const std::string &entry) {
+  constexpr int most_steps = 40;
+  then([this, menu] {
+    auto *bar = qobject_cast<QMenuBar *>(usable("barre_de_menus"));
+    if (bar == nullptr) return;
+    bar->setFocus(Qt::MenuBarFocusReason);
+    bar->setActiveAction(bar->actions().constFirst());
+    for (int i = 0; i < most_steps && to_utf8(bar->activeAction()->objectName()) != menu; ++i)
+      ardane::press(*bar, Qt::Key_Right);
+    ardane::press(*bar, Qt::Key_Down);
+  });
+  then([this, entry] {
+    auto *list = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    if (list == nullptr) return give_up("le menu ne s'ouvre pas");
+    for (int i = 0; i < most_steps; ++i) {
+      if (list->activeAction() != nullptr && to_utf8(list->activeAction()->objectName()) == entry)
+        return ardane::press(*list, Qt::Key_Return);
+      ardane::press(*list, Qt::Key_Down);
+    }
+    give_up("rien à choisir sous le nom " + entry);
   });
 }
 
@@ -135,7 +187,8 @@ void AutomaticPlayer::fill_in(const std::string &control, const QString &text) {
   then([this, control, text] {
     QWidget *found = usable(control);
     if (found == nullptr) return;
-    ardane::click(*found);
+    if (hand_ == Hand::keys && !focus(*found)) return;
+    if (hand_ == Hand::mouse) ardane::click(*found);
     ardane::press(*found, Qt::Key_A, Qt::ControlModifier);
     ardane::press(*found, Qt::Key_Delete);
     type(*found, text);
@@ -176,7 +229,10 @@ void AutomaticPlayer::accept() {
 
 void AutomaticPlayer::click_button(QWidget *button) {
   if (button == nullptr) return give_up("pas de boîte qui se réponde ainsi");
-  ardane::click(*button);
+  if (hand_ == Hand::keys)
+    click_by_keys(*button);
+  else
+    ardane::click(*button);
 }
 
 void AutomaticPlayer::click(MapTarget target) {
@@ -186,11 +242,38 @@ void AutomaticPlayer::click(MapTarget target) {
 void AutomaticPlayer::reach(MapTarget target) {
   QWidget *map = usable("Carte");
   if (map == nullptr) return;
+  if (hand_ == Hand::keys) return reach_by_keys(*map, target);
   if (const std::optional<QPoint> place = free_place(desktop_.programme(), target))
     return ardane::click(*map, desktop_.renderer().scale().rect(QRectF(*place, QSizeF(1, 1))).center());
   if (!scroll_towards(middle(desktop_.programme(), target)))
     return give_up("pas un pixel libre pour " + to_text(target));
   orders_.push_front([this, target] { reach(target); });
+}
+
+void AutomaticPlayer::reach_by_keys(QWidget &map, MapTarget target) {
+  if (!focus(map)) return;
+  std::optional<QPoint> place = free_place(desktop_.programme(), target);
+  if (!place) {
+    travel(map, middle(desktop_.programme(), target));  // which brings it into view
+    place = free_place(desktop_.programme(), target);
+  }
+  if (!place) return give_up("pas un pixel libre pour " + to_text(target));
+  travel(map, *place);
+  ardane::press(map, Qt::Key_Return);
+}
+
+void AutomaticPlayer::travel(QWidget &map, QPoint place) {
+  constexpr int stride = 10;
+  const Ecran_principal &main = desktop_.programme().principale();
+  const QPoint goal = place + QPoint(main.barre_h.valeur, main.barre_v.valeur);
+  const auto walk = [&](Qt::Key key, int length) {
+    for (int i = 0; i < length / stride; ++i) ardane::press(map, key, Qt::ShiftModifier);
+    for (int i = 0; i < length % stride; ++i) ardane::press(map, key);
+  };
+  ardane::press(map, Qt::Key_Home);
+  ardane::press(map, Qt::Key_PageUp);
+  walk(Qt::Key_Right, goal.x());
+  walk(Qt::Key_Down, goal.y());
 }
 
 bool AutomaticPlayer::scroll_towards(QPoint place) {

@@ -22,8 +22,10 @@ namespace ardane {
 /// is not there, is hidden or disabled, or cannot be reached by a click - makes it give up.
 class AutomaticPlayer : public QObject {
  public:
+  enum class Hand : std::uint8_t { mouse, keys };
+
   /// The plan must outlive the player.
-  AutomaticPlayer(Desktop &desktop, Plan &plan);
+  AutomaticPlayer(Desktop &desktop, Plan &plan, Hand hand = Hand::mouse);
 
   /// Starts the program, the boxes of a first start answered by order or by plan. False if it ended at once.
   bool start();
@@ -70,11 +72,19 @@ class AutomaticPlayer : public QObject {
   using OnItem = void (*)(QListWidget &list, QListWidgetItem &item);
   void work_item(const std::string &list, const QString &item, OnItem deed);
   void reach(MapTarget target);
+  void reach_by_keys(QWidget &map, MapTarget target);
+  /// Takes the map's cursor by arrows to a place of the viewport.
+  void travel(QWidget &map, QPoint place);
+  /// Gives a control the focus by Tab, and by arrows within a group of options.
+  bool focus(QWidget &control);
+  void click_by_keys(QWidget &control);
+  void choose_by_keys(const std::string &menu, const std::string &entry);
   /// A click in a scroll bar's trough that brings a place nearer; false if there is none.
   bool scroll_towards(QPoint place);
 
   Desktop &desktop_;
   Plan &plan_;
+  const Hand hand_;
   QTimer turn_;
   std::deque<std::function<void()>> orders_;
   const QWidget *seen_in_front_ = nullptr;  ///< at the turn before, to compare with

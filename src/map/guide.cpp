@@ -4,11 +4,13 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <numbers>
 #include <optional>
 
 #include "core/game_state.h"
 #include "core/hit_test_table.h"
 #include "map/main_window.h"
+#include "map/pointing.h"
 
 namespace ardane {
 namespace {
@@ -51,6 +53,197 @@ std::vector<Point> Cibles(Contexte &c) {
       if (const auto place = intérieur(c.état, p, milieu(e, *couche), anneaux)) cibles.push_back(*place);
     }
   return cibles;
+}
+
+namespace {
+
+/// The scale bar's: a pixel of the map is a kilometre.
+constexpr double kilomètres_par_pixel = 1;
+
+struct Direction {
+  const char *nom;
+  int dx, dy;
+};
+constexpr std::array directions = std::to_array<Direction>({{"nord", 0, -1},
+                                                            {"nord-est", 1, -1},
+                                                            {"est", 1, 0},
+                                                            {"sud-est", 1, 1},
+                                                            {"sud", 0, 1},
+                                                            {"sud-ouest", -1, 1},
+                                                            {"ouest", -1, 0},
+                                                            {"nord-ouest", -1, -1}});
+
+int kilomètres(double dx, double dy) {
+  return static_cast<int>(std::lround(std::hypot(dx, dy) * kilomètres_par_pixel));
+}
+
+/// The rank of the direction that a way comes nearest to.
+std::size_t rang_de_direction(double dx, double dy) {
+  const double huitièmes = std::atan2(dx, -dy) / (std::numbers::pi / 4);
+  return static_cast<std::size_t>(std::lround(huitièmes) + 8) % 8;
+}
+
+bool contient(const Contrôle &image, const Ecran_principal &e, Point lieu) {
+  const double x = lieu.x + e.image_région.gauche - image.gauche;
+  const double y = lieu.y + e.image_région.haut - image.haut;
+  return x >= 0 && y >= 0 && x < image.largeur && y < image.hauteur;
+}
+
+/// Calls for every dot and marker that is shown.
+template <class Action>
+void pour_chaque_repère(Ecran_principal &e, Action action) {
+  for (int v = 1; v <= nombre_villes; ++v)
+    for (const Contrôle *point : {&e.rond(v), &repère(e, v)})
+      if (point->visible) action(*point);
+}
+
+bool est_dessinée(Ecran_principal &e, int province) {
+  return province != 0 && (e.Pays(province).visible || e.Inv(province).visible);
+}
+
+int région_de(const GameState &g, int province) {
+  return province == 0 ? 0 : g.TableProvinces(province).région;
+}
+
+bool sur_la_carte(const Ecran_principal &e, Point lieu) {
+  return lieu.x >= 0 && lieu.y >= 0 && lieu.x < e.image_région.largeur && lieu.y < e.image_région.hauteur;
+}
+
+std::string mot(Ligne ligne) {
+  switch (ligne) {
+    case Ligne::côte: return "bord du pays";
+    case Ligne::limite_de_province: return "limite de province";
+    case Ligne::limite_de_région: return "limite de région";
+    case Ligne::aucune: break;
+  }
+  return {};
+}
+
+/// The name that the map shows there; nothing for a dot that shows none.
+std::string nom_montré(const Contrôle &point) {
+  return est_cliquable(point) ? point.infobulle : std::string();
+}
+
+std::string appeler(const std::string &nom) {
+  return nom.empty() ? "un point" : nom;
+}
+
+void ajouter(std::string &phrase, const std::string &partie, const char *séparateur = ", ") {
+  if (partie.empty()) return;
+  if (!phrase.empty()) phrase += séparateur;
+  phrase += partie;
+}
+
+/// Something with its distance.
+struct Repérage {
+  std::string nom;
+  int distance;
+};
+
+/// The nearest dot in each of the eight directions.
+std::array<std::optional<Repérage>, 8> repères_autour(Ecran_principal &e, Point lieu) {
+  std::array<std::optional<Repérage>, 8> autour;
+  pour_chaque_repère(e, [&](const Contrôle &point) {
+    const Point là = milieu(e, point);
+    const int dx = là.x - lieu.x, dy = là.y - lieu.y;
+    if (contient(point, e, lieu)) return;
+    std::optional<Repérage> &voisin = autour.at(rang_de_direction(dx, dy));
+    if (const int distance = kilomètres(dx, dy); !voisin || distance < voisin->distance)
+      voisin = Repérage{appeler(nom_montré(point)), distance};
+  });
+  return autour;
+}
+
+/// The first line on the way in a direction, or the map's edge.
+Repérage première_ligne(Contexte &c, Point lieu, const Direction &direction) {
+  for (int pas = 1;; ++pas) {
+    const Point avant{lieu.x + (pas - 1) * direction.dx, lieu.y + (pas - 1) * direction.dy};
+    const Point ici{lieu.x + pas * direction.dx, lieu.y + pas * direction.dy};
+    const int distance = kilomètres(pas * direction.dx, pas * direction.dy);
+    if (!sur_la_carte(c.principale, ici)) return {"bord de la carte", distance};
+    if (const Ligne ligne = Ligne_franchie(c, avant, ici); ligne != Ligne::aucune) return {mot(ligne), distance};
+  }
+}
+
+}  // namespace
+
+Vue_du_lieu Voir(Contexte &c, Point lieu) {
+  Ecran_principal &e = c.principale;
+  Vue_du_lieu vue;
+  const int province = code_du_pixel(c.état, 0, lieu.x, lieu.y);
+  vue.terre = province != 0;
+  vue.en_jaune = vue.terre && e.Pays(province).visible;
+  pour_chaque_repère(e, [&](const Contrôle &point) { vue.repère |= contient(point, e, lieu); });
+  const Contrôle *nommé =
+      image_avec_infobulle(e, lieu.x + e.image_région.gauche, lieu.y + e.image_région.haut);
+  if (nommé != nullptr) vue.nom = nommé->infobulle;
+  return vue;
+}
+
+Ligne Ligne_franchie(Contexte &c, Point départ, Point arrivée) {
+  const GameState &g = c.état;
+  Ecran_principal &e = c.principale;
+  const int p = code_du_pixel(g, 0, départ.x, départ.y), q = code_du_pixel(g, 0, arrivée.x, arrivée.y);
+  if (p == q) return Ligne::aucune;
+  if (p == 0 || q == 0) return Ligne::côte;
+  const int r = région_de(g, p), s = région_de(g, q);
+  if (r != s && (e.Région(r).visible || e.Région(s).visible)) return Ligne::limite_de_région;
+  return est_dessinée(e, p) || est_dessinée(e, q) ? Ligne::limite_de_province : Ligne::aucune;
+}
+
+std::string Décrire_lieu(Contexte &c, Point départ, Point arrivée) {
+  const Vue_du_lieu vue = Voir(c, arrivée);
+  std::string phrase;
+  if (vue.repère) ajouter(phrase, appeler(vue.nom));
+  ajouter(phrase, mot(Ligne_franchie(c, départ, arrivée)));
+  if (vue.en_jaune)
+    ajouter(phrase, "province en jaune");
+  else
+    ajouter(phrase, vue.terre ? "terre" : "mer ou pays voisin");
+  return phrase;
+}
+
+std::string Situer(Contexte &c, Point lieu) {
+  Ecran_principal &e = c.principale;
+  std::optional<Repérage> proche;
+  std::string où;
+  pour_chaque_repère(e, [&](const Contrôle &point) {
+    const Point là = milieu(e, point);
+    const int dx = lieu.x - là.x, dy = lieu.y - là.y;
+    const std::string nom = nom_montré(point);
+    if (nom.empty() || (proche && kilomètres(dx, dy) >= proche->distance)) return;
+    proche = Repérage{nom, kilomètres(dx, dy)};
+    où = directions.at(rang_de_direction(dx, dy)).nom;
+  });
+  std::string phrase;
+  if (!proche)
+    phrase = "Aucun nom en vue";
+  else if (proche->distance == 0)
+    phrase = proche->nom;
+  else
+    phrase = std::to_string(proche->distance) + " km au " + où + " de " + proche->nom;
+  const auto bord = [&](const char *côté, double distance) {
+    ajouter(phrase, std::string("bord ") + côté + " de la carte à " + std::to_string(kilomètres(distance, 0)) + " km",
+            " ; ");
+  };
+  bord("nord", lieu.y);
+  bord("est", e.image_région.largeur - 1 - lieu.x);
+  bord("sud", e.image_région.hauteur - 1 - lieu.y);
+  bord("ouest", lieu.x);
+  return phrase;
+}
+
+std::string Balayer(Contexte &c, Point lieu) {
+  const auto repères = repères_autour(c.principale, lieu);
+  std::string phrase;
+  for (std::size_t i = 0; i < directions.size(); ++i) {
+    Repérage proche = première_ligne(c, lieu, directions.at(i));
+    if (const auto &point = repères.at(i); point && point->distance < proche.distance) proche = *point;
+    ajouter(phrase,
+            std::string(directions.at(i).nom) + " : " + proche.nom + ", " + std::to_string(proche.distance) + " km",
+            " ; ");
+  }
+  return phrase;
 }
 
 }  // namespace ardane

@@ -113,6 +113,7 @@ void habiller_chiffre(Contrôle &texte) {
   texte.alignement = Alignement::centre;
   texte.police = chiffre;
   texte.lecture_seule = true;
+  texte.muet = true;  // a digit by itself says nothing
 }
 
 void habiller_titre(Contrôle &étiquette) {
@@ -250,6 +251,8 @@ void Ecran_principal::créer_panneau() {
   BoutonPasse.image = catalogue_.chercher("BoutonPasse");
   barre_h.visible = barre_v.visible = false;
   Bouton_gruge.visible = BoutonPasse.visible = false;
+  Bouton_gruge.nom_parlé = "Aide : montrer la réponse";
+  Carte.nom_parlé = "Carte";
 }
 
 void Ecran_principal::créer_grille() {

@@ -82,10 +82,23 @@ void MasquerPanneau(Contexte &c) {
   for (int i = 1; i <= 3; ++i) e.Reste(i).visible = false;
 }
 
+std::string En_milliers(long nombre) {
+  std::string chiffres = std::to_string(nombre);
+  const std::size_t premier = nombre < 0 ? 1 : 0;
+  for (std::size_t i = chiffres.size(); i > premier + 3; i -= 3) chiffres.insert(i - 3, " ");
+  return chiffres;
+}
+
 void AfficherScore(Contexte &c) {
   const long score = c.état.Score;
+  c.principale.Boîte_score.nom_parlé = c.principale.Boîte_score.texte + " : " + En_milliers(score);
   afficher_chiffres(c.principale.Digit, 6, std::labs(score));
   c.principale.Digit(0).texte = score < 0 ? "-" : "";
+}
+
+void AfficherNombreProvinces(Contexte &c, int nombre) {
+  c.principale.NombreProvinces.texte = std::to_string(nombre);
+  c.principale.BoîteProvinces.nom_parlé = "Provinces de la région à choisir : " + std::to_string(nombre);
 }
 
 void Légender_reste(Contexte &c) {
@@ -103,6 +116,7 @@ void Légender_reste(Contexte &c) {
 void AfficherReste(Contexte &c, int nombre) {
   Légender_reste(c);
   afficher_chiffres(c.principale.Reste, 3, nombre);
+  c.principale.Boîte_restants.nom_parlé = c.principale.Boîte_restants.texte + " : " + std::to_string(nombre);
 }
 
 int reste_de_l_étape(const GameState &g) {

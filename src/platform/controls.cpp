@@ -85,6 +85,12 @@ const std::string &nom_à_dire(const Contrôle &contrôle) {
   return contrôle.infobulle.empty() ? contrôle.nom : contrôle.infobulle;
 }
 
+bool est_muet(const Contrôle &contrôle) {
+  const bool image = contrôle.genre == Genre::image || contrôle.genre == Genre::boîte_image;
+  const bool décor = image && !contrôle.clic && contrôle.nom_parlé.empty() && contrôle.infobulle.empty();
+  return contrôle.muet || décor;
+}
+
 bool prend_le_clavier(const Contrôle &contrôle) {
   switch (contrôle.genre) {
     case Genre::texte:

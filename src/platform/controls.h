@@ -82,6 +82,7 @@ struct Contrôle {
   Contrôle *étiquette = nullptr;  ///< the label that names this control, and whose mnemonic leads to it
   Image image;
   std::string texte;      ///< caption or text, as the player reads it: no character of it is a mark
+  bool muet = false;      ///< a screen reader passes it over: what stands around it says it
   std::string nom_parlé;  ///< what a screen reader says; empty for what `nom_à_dire` finds
   std::string infobulle;
   std::optional<Teinte> fond;
@@ -162,6 +163,9 @@ bool est_bordé(const Contrôle &contrôle);
 /// What a screen reader says of a control: its spoken name, else the text of its label, its caption, its tool
 /// tip or its name, the first that is not empty. What stands in a box to type in is no name of it.
 const std::string &nom_à_dire(const Contrôle &contrôle);
+
+/// True if a screen reader passes the control over: it is told to, or it is a picture that says nothing.
+bool est_muet(const Contrôle &contrôle);
 
 /// True for the kinds that can have the keyboard's focus.
 bool prend_le_clavier(const Contrôle &contrôle);

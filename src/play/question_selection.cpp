@@ -66,7 +66,7 @@ void poser_région(Contexte &c, int choix) {
   c.principale.Texte_à_chercher.texte = région.nom;
   g.ResteRégion = g.TailleRégion = région.provinces_restantes;
   g.SélectionRégion.dimensionner(g.TailleRégion);
-  c.principale.NombreProvinces.texte = std::to_string(g.TailleRégion);
+  AfficherNombreProvinces(c, g.TailleRégion);
   c.principale.au_premier_plan(c.principale.NombreProvinces);
   for (int k = 1; k <= région.nombre_provinces; ++k) Montrer_province(c, région.membres(k), false);
   AfficherDrapeauRégion(c, choix);

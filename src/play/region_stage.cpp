@@ -3,6 +3,7 @@
 #include "core/game_state.h"
 #include "core/sound.h"
 #include "map/main_window.h"
+#include "map/panel.h"
 #include "map/visibility_rules.h"
 #include "play/card.h"
 #include "play/judgement.h"
@@ -11,7 +12,7 @@ namespace ardane {
 namespace {
 
 void afficher_nombre(Contexte &c) {
-  c.principale.NombreProvinces.texte = std::to_string(c.état.ResteRégion);
+  AfficherNombreProvinces(c, c.état.ResteRégion);
 }
 
 /// The selection without `province`, again from the top down without a hole. The working list holds 8: taking

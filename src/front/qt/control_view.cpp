@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <cmath>
 
+#include "front/qt/accessibility.h"
 #include "front/qt/appearance.h"
 
 namespace ardane {
@@ -30,6 +31,7 @@ ControlView::ControlView(Contrôle &control, const ViewContext &context, QWidget
     : context_(context), control_(control), widget_(widget) {
   widget_->setObjectName(to_qt(control.nom));
   widget_->installEventFilter(this);
+  set_silent(*widget_, est_muet(control));
   if (prend_le_clavier(control) && widget_->focusPolicy() == Qt::NoFocus)
     widget_->setFocusPolicy(Qt::StrongFocus);
   if (control.lecture_seule && control.ordre_tabulation < 0) widget_->setFocusPolicy(Qt::ClickFocus);

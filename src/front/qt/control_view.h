@@ -19,6 +19,10 @@ namespace ardane {
 /// What the map's widget asks of the game for a player who has no mouse. Places are pixels of the map.
 struct MapGuide {
   std::function<std::vector<Point>()> targets;
+  /// What is told of a place that the cursor has come to from another.
+  std::function<std::string(Point from, Point to)> tell;
+  /// Where a place lies, and what lies around it.
+  std::function<std::string(Point)> locate, sweep;
 };
 
 /// What the widgets of one window share.

@@ -1,12 +1,15 @@
 #include "front/qt/desktop.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QSessionManager>
 #include <QTimer>
 
 #include "core/paths.h"
+#include "front/qt/accessibility.h"
 #include "front/qt/appearance.h"
+#include "front/qt/child.h"
 #include "map/guide.h"
 #include "map/layout.h"
 
@@ -26,18 +29,23 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
     : places_(places),
       pictures_(ressources.images, to_qt(Joindre_chemin(places.programme, "images"))),
       registry_(places.registre),
+      memory_(places.registre.parent_path() / "fenetre.ini"),
       renderer_(dispatcher_, pictures_, screen_),
       boxes_(dispatcher_, screen_, renderer_),
       programme_({boxes_, registry_, screen_, sound_, clock_, random_, web_, help_, renderer_}, ressources,
                  places.dossier),
-      heartbeat_(dispatcher_, boxes_),
-      memory_(places.registre.parent_path() / "fenetre.ini") {
+      heartbeat_(dispatcher_, boxes_) {
   renderer_.help = [this](const Fenêtre &window) { programme_.aide(window); };
   renderer_.moved = [this](const Fenêtre &window) {
     if (&window == &programme_.principale() && programme_.principale().déplacement)
       programme_.principale().déplacement();
   };
-  renderer_.guide = {[this] { return Cibles(programme_.contexte()); }};
+  renderer_.guide = {[this] { return Cibles(programme_.contexte()); },
+                     [this](Point from, Point to) { return Décrire_lieu(programme_.contexte(), from, to); },
+                     [this](Point place) { return Situer(programme_.contexte(), place); },
+                     [this](Point place) { return Balayer(programme_.contexte(), place); }};
+  renderer_.synced = [this] { speak(); };
+  install_accessibility();
   renderer_.fitted = [this] { rest_.start(resting_delay); };
   rest_.setSingleShot(true);
   connect(&rest_, &QTimer::timeout, this, [this] { window_rests(); });
@@ -53,7 +61,9 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
       Qt::DirectConnection);
 }
 
-Desktop::~Desktop() = default;
+Desktop::~Desktop() {
+  if (screen_view_) screen_view_->frame().removeEventFilter(this);
+}
 
 void Desktop::frame_main_window() {
   const Point size = Taille_confortable(programme_.principale());
@@ -67,7 +77,7 @@ void Desktop::frame_main_window() {
 
 /// The main window, as it goes from the screen.
 bool Desktop::eventFilter(QObject *, QEvent *event) {
-  if (event->type() == QEvent::Hide) memory_.keep(screen_view_->frame(), screen_view_->chosen_scale());
+  if (event->type() == QEvent::Hide && screen_view_) memory_.keep(screen_view_->frame(), screen_view_->chosen_scale());
   return false;
 }
 
@@ -77,6 +87,18 @@ void Desktop::window_rests() {
   dispatcher_.run_when_idle([this] {
     if (programme_.en_cours()) programme_.écran_changé();
   });
+}
+
+/// Tells what the last event has changed for a player who listens.
+void Desktop::speak() {
+  if (!QAccessible::isActive()) return;
+  QWidget *main = renderer_.frame(programme_.principale());
+  if (main == nullptr) return;
+  if (speech_ == nullptr) speech_ = make_child<Speech>(main);
+  Partie_entendue now = Ecouter(programme_.contexte());
+  if (now == heard_) return;
+  speech_->say(to_qt(Annoncer_partie(heard_, now)));
+  heard_ = std::move(now);
 }
 
 bool Desktop::start() {

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QPointer>
 #include <QTimer>
 #include <QTranslator>
 #include <filesystem>
 #include <string>
 
 #include "core/resources.h"
+#include "front/qt/accessibility.h"
 #include "front/qt/boxes.h"
 #include "front/qt/dispatcher.h"
 #include "front/qt/heartbeat.h"
@@ -20,6 +22,7 @@
 #include "platform/random_source.h"
 #include "platform/registry_store.h"
 #include "platform/system_clock.h"
+#include "services/spoken_game.h"
 #include "startup/program.h"
 
 namespace ardane {
@@ -60,6 +63,7 @@ class Desktop : public QObject {
   bool eventFilter(QObject *watched, QEvent *event) override;
   /// The player has let go of the window's edge, or of its title bar.
   void window_rests();
+  void speak();
   /// What can wait until the player has the map before him.
   void settle();
   void tell_missing_pictures();
@@ -69,6 +73,7 @@ class Desktop : public QObject {
   ScreenQt screen_;
   PictureStore pictures_;
   RegistreFichier registry_;
+  WindowMemory memory_;
   Renderer renderer_;
   BoxesQt boxes_;
   SoundOnDemand sound_;
@@ -78,9 +83,10 @@ class Desktop : public QObject {
   HelpQt help_;
   Programme programme_;
   Heartbeat heartbeat_;
-  WindowMemory memory_;
-  WindowView *screen_view_ = nullptr;  ///< of the window that is the program's screen; null without a frame
+  QPointer<WindowView> screen_view_;  ///< of the window that is the program's screen; null without a frame
   QTimer rest_;
+  QPointer<Speech> speech_;
+  Partie_entendue heard_;
   QTranslator translator_;  ///< of the toolkit's own words
   QEventLoop loop_;
 };

@@ -1,5 +1,6 @@
 #include "front/qt/map_view.h"
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -246,6 +247,22 @@ void MapView::show_cursor() {
   cursor_shown_ = true;
   update();
   show_tip(cursor_pixel().center(), mapToGlobal(cursor_area().bottomRight()));
+  tell_place();
+}
+
+/// To a screen reader the map is what lies under the cursor. True for a key that asks about it.
+bool MapView::ask(const QKeyEvent &event) {
+  const auto &question = event.key() == Qt::Key_O ? context_.guide.locate : context_.guide.sweep;
+  if ((event.key() != Qt::Key_O && event.key() != Qt::Key_T) || event.modifiers() != Qt::NoModifier) return false;
+  if (question) setAccessibleName(to_qt(question({cursor_.place().x(), cursor_.place().y()})));
+  return true;
+}
+
+void MapView::tell_place() {
+  if (!context_.guide.tell || !QAccessible::isActive()) return;
+  const QPoint place = cursor_.place();
+  setAccessibleName(to_qt(context_.guide.tell({told_.x(), told_.y()}, {place.x(), place.y()})));
+  told_ = place;
 }
 
 void MapView::hide_cursor() {
@@ -290,6 +307,7 @@ bool MapView::move_cursor(const QKeyEvent &event) {
 
 void MapView::keyPressEvent(QKeyEvent *event) {
   if (move_cursor(*event)) return show_cursor();
+  if (ask(*event)) return;
   if (!is_enter(*event)) return QWidget::keyPressEvent(event);
   if (!cursor_shown_) return show_cursor();
   const QPoint pixel = cursor_pixel().topLeft();

@@ -64,6 +64,8 @@ class MapView : public QWidget {
   QSize map_size() const;
   bool move_cursor(const QKeyEvent &event);
   void show_cursor();
+  void tell_place();
+  bool ask(const QKeyEvent &event);
   void hide_cursor();
   void jump(QPoint direction);
   void follow_cursor();
@@ -84,6 +86,7 @@ class MapView : public QWidget {
   std::vector<Layer> layers_;            ///< those painted, the lowest first
   QRegion damage_;
   MapCursor cursor_;
+  QPoint told_;                ///< where it stood when its place was last told
   bool cursor_shown_ = false;  ///< the player moves by keys
   struct Drag {
     QPointF press;  ///< in the toolkit's pixels

@@ -145,6 +145,7 @@ void Renderer::sync() {
   }
   for (const auto &view : views_)
     if (view->window().ouverte) view->sync();
+  if (synced) synced();
 }
 
 void Renderer::close_top() {

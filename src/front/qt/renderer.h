@@ -41,6 +41,8 @@ class Renderer : public QObject, public Façade {
 
   /// What the map is asked about; empty where there is no game.
   MapGuide guide;
+  /// All windows have been brought in step with their data.
+  std::function<void()> synced;
   /// The F1 key in a window.
   std::function<void(const Fenêtre &)> help;
   /// The window manager has moved a window that is on the screen.

@@ -1,0 +1,22 @@
+// What a screen reader is told of the program's windows, beyond what the toolkit tells of its widgets.
+#pragma once
+
+#include <QWidget>
+
+namespace ardane {
+
+/// A widget that a screen reader passes over.
+void set_silent(QWidget &widget, bool silent);
+
+/// Says a text by itself, whatever has the focus: an alert of the window that it lies in. The eye sees nothing.
+class Speech : public QWidget {
+ public:
+  explicit Speech(QWidget *window);
+  void say(const QString &text);
+};
+
+/// From now on windows are windows, dialogs dialogs, the map a picture with a cursor, and silent widgets are
+/// silent. To be called once, before the first window.
+void install_accessibility();
+
+}  // namespace ardane

@@ -96,6 +96,26 @@ TEST(Help, KnowsTheContextsThatTheWindowsAskFor) {
   }
 }
 
+/// What a reader reads: text, titles, what stands for pictures.
+std::string read_text(const std::string &page) {
+  std::string text;
+  for (const std::string &said : matches(page, "(?:alt|content)=\"([^\"]*)\"")) text += said + "\n";
+  return text + std::regex_replace(page, std::regex("<[^>]*>"), "");
+}
+
+TEST(Help, IsSetAsAFrenchPrinterWould) {
+  // A no-break blank is C2 A0; the quotation marks are C2 AB and C2 BB.
+  const std::regex typewritten(
+      "'|\"|--| - |[^\xA0][;?!:]|[^\xA0]\xC2\xBB|\xC2\xAB(?!\xC2\xA0)|[0-9] [0-9]|[0-9](e|è|i)me");
+  for (const auto &[name, text] : pages()) {
+    const std::string said = read_text(text);
+    std::smatch found;
+    const bool wrong = std::regex_search(said, found, typewritten);
+    EXPECT_FALSE(wrong) << name << ": ..."
+                        << said.substr(static_cast<std::size_t>(std::max(found.position() - 40, 0L)), 50);
+  }
+}
+
 TEST(Help, ClosesWhatItOpens) {
   for (const auto &[name, text] : pages()) {
     for (const char *tag :

@@ -35,8 +35,9 @@ const Dessous &dessous_du_programme() {
       {"screens", {"platform", "core", "map", "persistence", "play"}},
       {"startup", {"platform", "core", "map", "persistence", "play", "services", "configuration", "screens"}},
       {"front/scripted", {"platform", "core"}},
+      {"front/help", {"platform"}},
       {"front/pilote", et_aussi(tout_sauf_les_façades, {"front/scripted"})},
-      {"front/qt", tout_sauf_les_façades},
+      {"front/qt", et_aussi(tout_sauf_les_façades, {"front/help"})},
       {"front/qt/demonstration", et_aussi(tout_sauf_les_façades, {"front/qt"})},
       {"front/qt/ardane", et_aussi(tout_sauf_les_façades, {"front/qt", "front/qt/demonstration"})},
   };

@@ -1,109 +1,156 @@
 #include "front/qt/help_window.h"
 
-#include <QApplication>
-#include <QFile>
+#include <QDir>
 #include <QFileInfo>
+#include <QImageReader>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
-#include <QTextBrowser>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include "front/qt/appearance.h"
 #include "front/qt/child.h"
+#include "front/qt/help_page.h"
+#include "front/qt/modal_companion.h"
 
 namespace ardane {
 namespace {
+
+/// Wide enough for the table of levels.
+constexpr QSize smallest{740, 400};
+constexpr int usual_height = 760;
+/// Of the layout and the page, left and right of a picture.
+constexpr int beside_pictures = 60;
+/// What a window manager may put around the window.
+constexpr QSize decoration{16, 48};
 
 QString folder_of(const std::string &help_file) {
   return QFileInfo(to_qt(help_file)).absolutePath() + QStringLiteral("/aide");
 }
 
-/// "page#anchor" of a context; empty if the list has none.
-QString page_of(const QString &folder, int context) {
-  QFile list(folder + QStringLiteral("/contextes.txt"));
-  if (!list.open(QIODevice::ReadOnly | QIODevice::Text)) return {};
-  while (!list.atEnd()) {
-    const QStringList fields = QString::fromUtf8(list.readLine()).trimmed().split(QLatin1Char('\t'));
-    if (fields.size() == 2 && fields[0] == QString::number(context)) return fields[1];
-  }
-  return {};
-}
-
-QUrl url_of(const QString &folder, const QString &page) {
-  QUrl url = QUrl::fromLocalFile(folder + QLatin1Char('/') + page.section(QLatin1Char('#'), 0, 0));
-  url.setFragment(page.section(QLatin1Char('#'), 1));
-  return url;
+int widest_picture(const QString &folder) {
+  int widest = 0;
+  for (const QFileInfo &file : QDir(folder).entryInfoList({QStringLiteral("*.png")}, QDir::Files))
+    widest = std::max(widest, QImageReader(file.filePath()).size().width());
+  return widest;
 }
 
 }  // namespace
 
 class HelpQt::Window : public QWidget {
  public:
-  Window() : QWidget(nullptr, Qt::Window) {
+  Window() : QWidget(nullptr, Qt::Window), companion_(*this) {
     setObjectName(QStringLiteral("aide"));
-    setWindowTitle(QStringLiteral("Aide - L'Ardane et ses provinces"));
-    resize(640, 560);
+    setWindowTitle(QStringLiteral("Aide – L’Ardane et ses provinces"));
     page_.setObjectName(QStringLiteral("page_aide"));
-    page_.setOpenLinks(true);
-    page_.setOpenExternalLinks(false);
     search_.setObjectName(QStringLiteral("recherche_aide"));
-    search_.setPlaceholderText(QStringLiteral("Rechercher dans la page"));
+    search_.setPlaceholderText(QStringLiteral("Chercher dans toute l’aide"));
     search_.setClearButtonEnabled(true);
     status_.setObjectName(QStringLiteral("résultat_recherche"));
+    next_.setObjectName(QStringLiteral("mot_suivant"));
     lay_out();
     connect(&back_, &QPushButton::clicked, &page_, &QTextBrowser::backward);
     connect(&page_, &QTextBrowser::backwardAvailable, &back_, &QPushButton::setEnabled);
-    connect(&search_, &QLineEdit::returnPressed, this, [this] { find_next(); });
-    connect(&search_, &QLineEdit::textEdited, this, [this] { status_.clear(); });
-    connect(make_child<QShortcut>(QKeySequence::Find, this), &QShortcut::activated, &search_,
-            [this] { search_.setFocus(); });
-    connect(make_child<QShortcut>(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this,
-            &QWidget::close);
+    connect(&contents_, &QPushButton::clicked, &page_, [this] { page_.open_contents(); });
+    connect(&next_, &QPushButton::clicked, &page_, [this] { go_to_mark(false); });
+    connect(&search_, &QLineEdit::returnPressed, this, [this] { search(); });
+    connect(&search_, &QLineEdit::textChanged, this, [this](const QString &typed) {
+      page_.seek(typed);
+      tell();
+    });
+    page_.shown = [this](const std::optional<QString> &sought) {
+      if (sought) search_.setText(*sought);
+      tell();
+    };
+    on_key(QKeySequence::Find, [this] { begin_search(); });
+    on_key(QKeySequence(Qt::Key_F3), [this] { go_to_mark(false); });
+    on_key(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { go_to_mark(true); });
+    on_key(QKeySequence(Qt::Key_Escape), [this] { close(); });
   }
 
   void open(const QString &folder, int context) {
-    const QString page = page_of(folder, context);
-    const QUrl url = url_of(folder, page);
-    if (page.isEmpty() || !QFileInfo(url.toLocalFile()).isFile())
-      page_.setPlainText(QStringLiteral("La page d'aide numéro %1 est introuvable dans le dossier « %2 ». "
-                                        "Le jeu se joue très bien sans elle.")
-                             .arg(context)
-                             .arg(folder));
-    else
-      page_.setSource(url);
-    // A window that the game waits in locks all others out, those opened above it excepted.
-    setWindowModality(QApplication::activeModalWidget() == nullptr ? Qt::NonModal : Qt::ApplicationModal);
+    if (!testAttribute(Qt::WA_Resized)) fit_to(widest_picture(folder));
+    page_.open(folder, context);
+    page_.setFocus();
     show();
     raise();
     activateWindow();
   }
 
+ protected:
+  /// Keys that the field and the buttons have no use for.
+  void keyPressEvent(QKeyEvent *event) override {
+    const bool scrolls = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown;
+    if (scrolls && !page_.hasFocus()) QCoreApplication::sendEvent(&page_, event);
+  }
+
  private:
+  template <class F>
+  void on_key(const QKeySequence &keys, F &&act) {
+    connect(make_child<QShortcut>(keys, this), &QShortcut::activated, this, std::forward<F>(act));
+  }
+
   void lay_out() {
     back_.setEnabled(false);
     auto *top = make_child<QHBoxLayout>();
     top->addWidget(&back_);
-    top->addStretch();
-    top->addWidget(&status_);
+    top->addWidget(&contents_);
     top->addWidget(&search_);
+    auto *bottom = make_child<QHBoxLayout>(&found_);
+    bottom->setContentsMargins({});
+    bottom->addStretch();
+    bottom->addWidget(&status_);
+    bottom->addWidget(&next_);
     auto *all = make_child<QVBoxLayout>(this);
     all->addLayout(top);
     all->addWidget(&page_);
+    all->addWidget(&found_);
+    found_.hide();
   }
 
-  void find_next() {
-    if (search_.text().isEmpty() || page_.find(search_.text())) return status_.clear();
-    page_.moveCursor(QTextCursor::Start);
-    if (!page_.find(search_.text())) status_.setText(QStringLiteral("Introuvable dans cette page"));
+  /// As large as the pictures ask for, within the work area.
+  void fit_to(int picture) {
+    const int wanted = picture + beside_pictures + page_.verticalScrollBar()->sizeHint().width();
+    resize(QSize(std::max(wanted, smallest.width()), usual_height)
+               .boundedTo(screen()->availableSize() - decoration));
   }
 
+  void begin_search() {
+    search_.setFocus(Qt::ShortcutFocusReason);
+    search_.selectAll();
+  }
+
+  void search() {
+    if (search_.text().trimmed().isEmpty()) return;
+    page_.search(search_.text().trimmed());
+    page_.setFocus();
+  }
+
+  void go_to_mark(bool backwards) {
+    if (page_.marks() == 0) return begin_search();
+    page_.go_to_mark(backwards);
+    tell();
+  }
+
+  void tell() {
+    found_.setVisible(page_.marks() > 0);
+    const qsizetype at = page_.mark_at_cursor();
+    status_.setText(at == 0 ? QStringLiteral("Dans cette page : %1").arg(page_.marks())
+                            : QStringLiteral("Dans cette page : %1 sur %2").arg(at).arg(page_.marks()));
+  }
+
+  ModalCompanion companion_;
   QPushButton back_{QStringLiteral("Page précédente")};
-  QLabel status_;
+  QPushButton contents_{QStringLiteral("Sommaire")};
   QLineEdit search_;
-  QTextBrowser page_;
+  HelpPage page_;
+  QWidget found_;  ///< shown while the page has words that are sought
+  QLabel status_;
+  QPushButton next_{QStringLiteral("Suivant (F3)")};
 };
 
 HelpQt::HelpQt() = default;

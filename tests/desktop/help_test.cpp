@@ -41,7 +41,9 @@ class Help : public testing::Test {
   /// Of the word behind that text.
   bool is_bold(const QString &word, const QString &after) {
     const QTextDocument &text = *page().document();
-    return text.find(word, text.find(after, 0, QTextDocument::FindCaseSensitively)).charFormat().fontWeight() == QFont::Bold;
+    return text.find(word, text.find(after, 0, QTextDocument::FindCaseSensitively))
+               .charFormat()
+               .fontWeight() == QFont::Bold;
   }
   QString results(const char *words) {
     type(words);
@@ -122,7 +124,8 @@ TEST_F(Help, WhatCannotBeFoundIsToldInWords) {
   open_shipped();
   EXPECT_TRUE(results("zzz").contains("Aucune page ne répond à ces mots."));
   EXPECT_TRUE(results("comment la").contains("Ces mots sont trop courants"));
-  EXPECT_TRUE(results("<b>zzz</b> %1 & co").startsWith("Recherche : « <b>zzz</b> %1 & co »"));
+  for (const char *odd : {"<b>zzz</b> %1 & co", "//", "../zzz", "100 %25 #zzz?", "zzz:zzz"})
+    EXPECT_TRUE(results(odd).startsWith("Recherche : « " + QString::fromUtf8(odd) + " »")) << odd;
   const QString before = page().toPlainText();
   EXPECT_EQ(results("  "), before) << "nothing is asked";
 }
@@ -194,7 +197,9 @@ TEST_F(Help, F3GoesToTheFieldWhileNothingIsSoughtAndEscapeCloses) {
   EXPECT_TRUE(field().hasFocus());
   QTest::keyClick(help.window()->windowHandle(), Qt::Key_Escape);
   EXPECT_FALSE(help.window()->isVisible());
+  type("lampe");
   EXPECT_TRUE(open_shipped().hasFocus()) << "and again from the start";
+  EXPECT_EQ(field().text(), "");
 }
 
 TEST_F(Help, FitsItsPicturesAndTables) {

@@ -57,11 +57,16 @@ QString paragraph(const QString &html) {
   return QStringLiteral("<p>") + html + QStringLiteral("</p>");
 }
 
-QUrl address(const char *scheme, const QString &path) {
+/// The address of what is made for some words. They stand where an address may hold any.
+QUrl address(const char *scheme, const QString &about) {
   QUrl url;
   url.setScheme(QLatin1String(scheme));
-  url.setPath(path);
+  url.setQuery(QString::fromLatin1(QUrl::toPercentEncoding(about)));
   return url;
+}
+
+QString about(const QUrl &url) {
+  return QUrl::fromPercentEncoding(url.query(QUrl::FullyEncoded).toLatin1());
 }
 
 /// "page#anchor" of a context; empty if the list has none.
@@ -82,7 +87,7 @@ HelpPage::HelpPage() {
   setOpenExternalLinks(false);
   connect(this, &QTextBrowser::sourceChanged, this, [this](const QUrl &url) {
     shows_results_ = url.scheme() == QLatin1String(search_scheme);
-    if (shows_results_) sought_ = url.path();
+    if (shows_results_) sought_ = about(url);
     mark_words();
     if (shown) shown(shows_results_ ? std::optional(sought_) : std::nullopt);
   });
@@ -111,8 +116,8 @@ void HelpPage::search(const QString &typed) {
 }
 
 QVariant HelpPage::loadResource(int type, const QUrl &name) {
-  if (name.scheme() == QLatin1String(search_scheme)) return results(name.path());
-  if (name.scheme() == QLatin1String(missing_scheme)) return missing(name.path());
+  if (name.scheme() == QLatin1String(search_scheme)) return results(about(name));
+  if (name.scheme() == QLatin1String(missing_scheme)) return missing(about(name));
   const QVariant resource = QTextBrowser::loadResource(type, name);
   if (type != QTextDocument::StyleSheetResource) return resource;
   return QString(QString::fromUtf8(resource.toByteArray()) + colours(palette()));

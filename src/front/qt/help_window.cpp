@@ -23,6 +23,7 @@ namespace {
 /// Wide enough for the table of levels.
 constexpr QSize smallest{740, 400};
 constexpr int usual_height = 760;
+constexpr int longest_question = 200;
 /// Of the layout and the page, left and right of a picture.
 constexpr int beside_pictures = 60;
 /// What a window manager may put around the window.
@@ -50,6 +51,7 @@ class HelpQt::Window : public QWidget {
     search_.setObjectName(QStringLiteral("recherche_aide"));
     search_.setPlaceholderText(QStringLiteral("Chercher dans toute l’aide"));
     search_.setClearButtonEnabled(true);
+    search_.setMaxLength(longest_question);
     status_.setObjectName(QStringLiteral("résultat_recherche"));
     next_.setObjectName(QStringLiteral("mot_suivant"));
     lay_out();
@@ -74,6 +76,7 @@ class HelpQt::Window : public QWidget {
 
   void open(const QString &folder, int context) {
     if (!testAttribute(Qt::WA_Resized)) fit_to(widest_picture(folder));
+    search_.clear();
     page_.open(folder, context);
     page_.setFocus();
     show();

@@ -35,7 +35,7 @@ class Help : public testing::Test {
 
   QTextBrowser &page() { return *child<QTextBrowser>("page_aide"); }
   QLineEdit &field() { return *child<QLineEdit>("recherche_aide"); }
-  QString status() { return child<QLabel>("résultat_recherche")->text(); }
+  QString status() { return child<QLabel>("résultat_recherche")->text().replace(QChar::Nbsp, ' '); }
   QPushButton &button(const char *name) { return *child<QPushButton>(name); }
   void type(const char *words) { field().setText(QString::fromUtf8(words)); }
   /// Of the word behind that text.
@@ -123,6 +123,8 @@ TEST_F(Help, AResultLeadsToItsHeading) {
 TEST_F(Help, WhatCannotBeFoundIsToldInWords) {
   open_shipped();
   EXPECT_TRUE(results("zzz").contains("Aucune page ne répond à ces mots."));
+  EXPECT_TRUE(results("lampe zzz")
+                  .contains("Aucune page ne réunit tous ces mots ; voici les plus proches.\nCoups de pouce"));
   EXPECT_TRUE(results("comment la").contains("Ces mots sont trop courants"));
   for (const char *odd : {"<b>zzz</b> %1 & co", "//", "../zzz", "100 %25 #zzz?", "zzz:zzz"})
     EXPECT_TRUE(results(odd).startsWith("Recherche : « " + QString::fromUtf8(odd) + " »")) << odd;

@@ -36,7 +36,7 @@ constexpr std::size_t most_counted = 4;
 constexpr double share_of_the_best = 0.4;
 
 /// The words of a section, taken apart once for all those sought.
-struct Fields {
+struct SectionWords {
   std::vector<Word> heading, keywords, text, title;
   bool first = false;
 };
@@ -47,37 +47,32 @@ double best_fit(const Query &query, std::size_t number, const std::vector<Word> 
   return best;
 }
 
-/// What a sought word is worth to a section by its own fields; by its page's title if they lack it.
-struct Worth {
-  double own = 0, above = 0;
-};
-
-Worth worth(const Query &query, std::size_t number, const Fields &fields) {
-  const double heading =
-      best_fit(query, number, fields.heading) * (fields.first ? in_first_heading : in_heading);
-  const double keywords = best_fit(query, number, fields.keywords) * in_keywords;
-  const double text = best_fit(query, number, fields.text) * in_text;
-  const double title = best_fit(query, number, fields.title) * in_title_above;
-  const auto times =
-      std::ranges::count_if(fields.text, [&](const Word &w) { return query.fit(number, w.folded) > 0; });
-  const double again = text == 0 ? 0
-                                 : said_again * static_cast<double>(std::min<std::size_t>(
-                                                    static_cast<std::size_t>(times) - 1, most_counted));
-  return {std::max({heading, keywords, text}) + again, title};
+double worth_in_text(const Query &query, std::size_t number, const std::vector<Word> &text) {
+  const auto times = static_cast<std::size_t>(
+      std::ranges::count_if(text, [&](const Word &word) { return query.fit(number, word.folded) > 0; }));
+  if (times == 0) return 0;
+  return best_fit(query, number, text) * in_text +
+         said_again * static_cast<double>(std::min(times - 1, most_counted));
 }
 
-/// The worth of each sought word to a section; none if it has none of its own.
+/// What a sought word is worth to a section by its own fields.
+double worth(const Query &query, std::size_t number, const SectionWords &section) {
+  const double heading = section.first ? in_first_heading : in_heading;
+  return std::max({best_fit(query, number, section.heading) * heading,
+                   best_fit(query, number, section.keywords) * in_keywords,
+                   worth_in_text(query, number, section.text)});
+}
+
+/// The worth of each sought word to a section, by its page's title where it lacks one; none if it has none at
+/// all.
 std::vector<double> row_of(const Section &section, const Query &query) {
-  const Fields fields{words_of(section.heading), words_of(section.keywords), words_of(section.text),
-                      words_of(section.title), section.anchor.empty()};
+  const SectionWords words{words_of(section.heading), words_of(section.keywords), words_of(section.text),
+                           words_of(section.title), section.anchor.empty()};
   std::vector<double> row(query.size());
-  bool own = false;
-  for (std::size_t i = 0; i < row.size(); ++i) {
-    const Worth found = worth(query, i, fields);
-    own = own || found.own > 0;
-    row[i] = found.own > 0 ? found.own : found.above;
-  }
-  if (!own) std::ranges::fill(row, 0);
+  for (std::size_t i = 0; i < row.size(); ++i) row[i] = worth(query, i, words);
+  if (std::ranges::max(row) == 0) return row;
+  for (std::size_t i = 0; i < row.size(); ++i)
+    if (row[i] == 0) row[i] = best_fit(query, i, words.title) * in_title_above;
   return row;
 }
 
@@ -143,6 +138,7 @@ std::vector<Span> Query::found_in(std::string_view text) const {
 }
 
 std::vector<Hit> search(const std::vector<Section> &sections, const Query &query) {
+  if (query.empty()) return {};
   std::vector<Hit> hits;
   const auto table = worths(sections, query);
   for (std::size_t s = 0; s < sections.size(); ++s) {

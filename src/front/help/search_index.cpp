@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <fstream>
+#include <sstream>
 
 #include "platform/text.h"
 
@@ -14,9 +15,8 @@ constexpr std::string_view signature = "Index de l’aide";
 /// Thirty times the index of today. Whoever put something larger there did not mean it to be read.
 constexpr std::size_t largest_file = 1 << 20;
 
-using Fields = std::array<std::string Section::*, 6>;
-constexpr Fields fields = {&Section::page,    &Section::anchor,   &Section::title,
-                           &Section::heading, &Section::keywords, &Section::text};
+constexpr std::array<std::string Section::*, 6> fields = {
+    &Section::page, &Section::anchor, &Section::title, &Section::heading, &Section::keywords, &Section::text};
 
 /// A page of the help's own folder: the viewer opens what the index names.
 bool is_page(std::string_view name) {
@@ -39,10 +39,11 @@ SearchIndex refused(const char *why) {
 }  // namespace
 
 std::string index_text(const std::vector<Section> &sections) {
-  std::string text = std::string(signature) + "\t" + std::to_string(sections.size()) + "\n";
+  std::ostringstream text;
+  text << signature << '\t' << sections.size() << '\n';
   for (const Section &section : sections)
-    for (const auto field : fields) text += section.*field + (field == fields.back() ? "\n" : "\t");
-  return text;
+    for (const auto field : fields) text << section.*field << (field == fields.back() ? '\n' : '\t');
+  return text.str();
 }
 
 SearchIndex parse_index(std::string_view text) {

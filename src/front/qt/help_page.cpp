@@ -15,7 +15,7 @@ namespace {
 
 // Addresses of pages that are no files.
 constexpr const char *search_scheme = "recherche", *missing_scheme = "introuvable";
-constexpr const char *contents = "index.html", *words = "mots.html";
+constexpr const char *contents_page = "index.html", *words_page = "mots.html";
 constexpr std::size_t most_results = 12;
 
 QColor mixed(const QColor &ground, const QColor &colour, double share) {
@@ -108,7 +108,7 @@ void HelpPage::open(const QString &folder, int context) {
 }
 
 void HelpPage::open_contents() {
-  setSource(url_of(QString::fromLatin1(contents)));
+  setSource(url_of(QString::fromLatin1(contents_page)));
 }
 
 void HelpPage::search(const QString &typed) {
@@ -118,7 +118,7 @@ void HelpPage::search(const QString &typed) {
 QVariant HelpPage::loadResource(int type, const QUrl &name) {
   if (name.scheme() == QLatin1String(search_scheme)) return results(about(name));
   if (name.scheme() == QLatin1String(missing_scheme)) return missing(about(name));
-  const QVariant resource = QTextBrowser::loadResource(type, name);
+  QVariant resource = QTextBrowser::loadResource(type, name);
   if (type != QTextDocument::StyleSheetResource) return resource;
   return QString(QString::fromUtf8(resource.toByteArray()) + colours(palette()));
 }
@@ -143,10 +143,11 @@ QString HelpPage::dressed(const QString &title, const QString &body) const {
 }
 
 QString HelpPage::missing(const QString &context) const {
-  return dressed(QStringLiteral("Aide"),
-                 paragraph(QStringLiteral("La page d’aide numéro %1 est introuvable dans le dossier « %2 ». "
-                                          "Le jeu se joue très bien sans elle.")
-                               .arg(context, folder_.toHtmlEscaped())));
+  return dressed(
+      QStringLiteral("Aide"),
+      paragraph(QStringLiteral("La page d’aide numéro %1 est introuvable dans le dossier «\u00A0%2\u00A0». "
+                               "Le jeu se joue très bien sans elle.")
+                    .arg(context, folder_.toHtmlEscaped())));
 }
 
 QString HelpPage::results(const QString &typed) const {
@@ -155,12 +156,12 @@ QString HelpPage::results(const QString &typed) const {
   const QString found =
       index.trouble.empty()
           ? results_among(index.sections, typed)
-          : paragraph(
-                QStringLiteral(
-                    "La recherche dans toute l’aide n’est pas possible : son index, le fichier « %1 », %2. "
-                    "Les pages se lisent très bien sans lui, par leur <a href=\"%3\">sommaire</a>.")
-                    .arg(QLatin1String(index_file), to_qt(index.trouble), href(contents)));
-  return dressed(QStringLiteral("Recherche : « %1 »").arg(typed.toHtmlEscaped()), found);
+          : paragraph(QStringLiteral(
+                          "La recherche dans toute l’aide n’est pas possible\u00A0: son index, le fichier "
+                          "«\u00A0%1\u00A0», %2. "
+                          "Les pages se lisent très bien sans lui, par leur <a href=\"%3\">sommaire</a>.")
+                          .arg(QLatin1String(index_file), to_qt(index.trouble), href(contents_page)));
+  return dressed(QStringLiteral("Recherche\u00A0: «\u00A0%1\u00A0»").arg(typed.toHtmlEscaped()), found);
 }
 
 QString HelpPage::link(const Section &section) const {
@@ -177,15 +178,15 @@ QString HelpPage::results_among(const std::vector<Section> &sections, const QStr
   if (query.empty())
     return paragraph(
         QStringLiteral("Ces mots sont trop courants pour être cherchés. Essayez-en un autre, par exemple "
-                       "« score » ou « drapeau »."));
+                       "«\u00A0score\u00A0» ou «\u00A0drapeau\u00A0»."));
   const std::vector<Hit> hits = ardane::search(sections, query);
   if (hits.empty())
     return paragraph(QStringLiteral("Aucune page ne répond à ces mots. Essayez-en d’autres, ou cherchez dans "
                                     "l’<a href=\"%1\">index</a>.")
-                         .arg(href(words)));
+                         .arg(href(words_page)));
   QString html;
   if (!hits.front().whole)
-    html += paragraph(QStringLiteral("Aucune page n’a tous ces mots ; voici celles qui en ont."));
+    html += paragraph(QStringLiteral("Aucune page ne réunit tous ces mots\u00A0; voici les plus proches."));
   for (std::size_t i = 0; i < std::min(hits.size(), most_results); ++i) {
     const Section &section = *hits[i].section;
     html += paragraph(link(section) + QStringLiteral("<br>") + marked_up(excerpt(section.text, query)));

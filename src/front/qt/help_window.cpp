@@ -142,8 +142,8 @@ class HelpQt::Window : public QWidget {
   void tell() {
     found_.setVisible(page_.marks() > 0);
     const qsizetype at = page_.mark_at_cursor();
-    status_.setText(at == 0 ? QStringLiteral("Dans cette page : %1").arg(page_.marks())
-                            : QStringLiteral("Dans cette page : %1 sur %2").arg(at).arg(page_.marks()));
+    status_.setText(at == 0 ? QStringLiteral("Dans cette page\u00A0: %1").arg(page_.marks())
+                            : QStringLiteral("Dans cette page\u00A0: %1 sur %2").arg(at).arg(page_.marks()));
   }
 
   ModalCompanion companion_;

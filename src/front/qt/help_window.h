@@ -1,4 +1,4 @@
-// The help: pages of HTML in a window of their own.
+// The help: pages of HTML in a window of their own, which searches them all.
 #pragma once
 
 #include <QString>
@@ -7,14 +7,12 @@
 
 #include "platform/services.h"
 
-class QTextBrowser;
-class QLineEdit;
-
 namespace ardane {
 
 /// Opens the page that `contextes.txt` names for a context number, in the folder `aide` beside the help file
 /// that the program asks for: the pages are what this file was. A line of `contextes.txt` is a number, a tab,
-/// a page and perhaps "#" with an anchor in it.
+/// a page and perhaps "#" with an anchor in it. The window can be read, searched and closed whatever else is
+/// up, and locks nothing.
 class HelpQt : public Aide {
  public:
   HelpQt();

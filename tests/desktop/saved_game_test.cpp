@@ -217,9 +217,6 @@ class StoppedGamePlan : public WholeGamePlan {
 
 // --- Whole games
 
-constexpr std::array<const char *, 5> levels = {"Niveau_apprentissage", "niveau_facile", "niveau_moyen",
-                                                "niveau_difficile", "niveau_expert"};
-
 struct Configuration {
   const char *name;
   std::string_view file;
@@ -241,9 +238,9 @@ constexpr Configuration temporary = {"under_a_temporary_configuration",
                                      {étape_villes, étape_drapeaux, étape_régions, étape_provinces}};
 
 /// A rank in `levels`, 0 for learning, and what is played.
-using Game_to_play = std::tuple<int, Configuration>;
+using Game_to_stop = std::tuple<int, Configuration>;
 
-class StoppedGame : public testing::TestWithParam<Game_to_play> {
+class StoppedGame : public testing::TestWithParam<Game_to_stop> {
  protected:
   static const char *level() { return levels.at(static_cast<std::size_t>(std::get<int>(GetParam()))); }
   static const Configuration &configuration() { return std::get<Configuration>(GetParam()); }
@@ -283,7 +280,7 @@ class StoppedGame : public testing::TestWithParam<Game_to_play> {
   const ScratchFolder folder{ARDANE_RESOURCES};
 };
 
-std::string name_of(const testing::TestParamInfo<Game_to_play> &game) {
+std::string name_of_stopped(const testing::TestParamInfo<Game_to_stop> &game) {
   return std::string(levels.at(static_cast<std::size_t>(std::get<int>(game.param)))) + "_" +
          std::get<Configuration>(game.param).name;
 }
@@ -291,7 +288,7 @@ std::string name_of(const testing::TestParamInfo<Game_to_play> &game) {
 INSTANTIATE_TEST_SUITE_P(EveryLevel, StoppedGame,
                          testing::Combine(testing::Range(0, 5),
                                           testing::Values(the_default, named, temporary)),
-                         name_of);
+                         name_of_stopped);
 
 TEST_P(StoppedGame, GoesOnInAnotherRunOfTheProgramAsItStoodAndCanBePlayedToItsEnd) {
   auto desktop = std::make_unique<Desktop>(folder.places(), ressources_du_programme());

@@ -3,11 +3,16 @@
 #pragma once
 
 #include <QString>
+#include <array>
 #include <string>
 
 #include "front/qt/demonstration/automatic_player.h"
 
 namespace ardane {
+
+/// The buttons of the levels in the window of a new game, that of learning first.
+inline constexpr std::array<const char *, 5> levels = {"Niveau_apprentissage", "niveau_facile",
+                                                       "niveau_moyen", "niveau_difficile", "niveau_expert"};
 
 /// From the map at rest over a new game to the closing of the main window. It gives up when the score is not
 /// what it has counted.

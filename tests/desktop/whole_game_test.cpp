@@ -21,9 +21,6 @@ constexpr Order as_designed = {"as_designed", {étape_provinces, étape_régions
 constexpr Order the_other_way = {"the_other_way",
                                  {étape_drapeaux, étape_villes, étape_régions, étape_provinces}};
 
-constexpr std::array<const char *, 5> levels = {"Niveau_apprentissage", "niveau_facile", "niveau_moyen",
-                                                "niveau_difficile", "niveau_expert"};
-
 /// A rank in `levels`, 0 for learning, and the stages to play.
 using Game_to_play = std::tuple<int, Order>;
 

@@ -38,8 +38,8 @@ struct Hit {
   bool whole = false;  ///< it has all the words, not some of them
 };
 
-/// Sections with all the words, the best first, then those with some that are worth showing. Equal ones stay in the order of the
-/// index.
+/// Sections with all the words, the best first, then those with some that are worth showing. Equal ones stay
+/// in the order of the index.
 std::vector<Hit> search(const std::vector<Section> &sections, const Query &query);
 
 /// A piece of a text with the words found.

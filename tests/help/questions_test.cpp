@@ -79,9 +79,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Question{"que se passe-t-il si je quitte ?", "partie.html#deja-en-cours"},
                     Question{"deviner un drapeau", "etapes.html#drapeaux"},
                     Question{"la carte est trop grande pour mon écran", "questions.html#ecran"},
+                    Question{"jouer au clavier", "jouer.html#clavier"},
                     Question{"agrandir la carte", "jouer.html#taille"},
-        Question{"c'est trop petit, je vois mal", "questions.html#ecran"},
-        Question{"mise a jour", "questions.html#version"},
+                    Question{"c'est trop petit, je vois mal", "questions.html#ecran"},
+                    Question{"mise a jour", "questions.html#version"},
                     Question{"que faire des îles et des lacs", "jouer.html#cliquer"}));
 
 }  // namespace

@@ -4,6 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
+#include <stdexcept>
+#include <tuple>
+
+#include "core/hit_test_table.h"
 #include "map/layers.h"
 #include "support/fake_world.h"
 
@@ -40,6 +46,187 @@ TEST_F(Guide, WhereDotsAreShownTheyAreGoneTo) {
   jouer(étape_provinces, niveau_facile);
   EXPECT_THAT(cibles(), SizeIs(nombre_provinces));
 }
+
+// What is told of a place.
+
+/// A pixel of the province, well inside it.
+Point dans(GameState &g, int province) {
+  for (int y = 2; y < 660; ++y)
+    for (int x = 2; x < 600; ++x)
+      if (code_du_pixel(g, 0, x, y) == province && code_du_pixel(g, 0, x + 2, y + 2) == province &&
+          code_du_pixel(g, 0, x - 2, y - 2) == province)
+        return {x, y};
+  throw std::runtime_error("a province without a pixel");
+}
+
+/// Two neighbours across a border that runs between two columns: of one region, or of two.
+struct Frontière {
+  Point ouest, est;
+};
+Frontière frontière(GameState &g, bool même_région) {
+  for (int y = 0; y < 662; ++y)
+    for (int x = 0; x < 601; ++x) {
+      const int p = code_du_pixel(g, 0, x, y), q = code_du_pixel(g, 0, x + 1, y);
+      if (p == 0 || q == 0 || p == q) continue;
+      if ((g.TableProvinces(p).région == g.TableProvinces(q).région) == même_région) return {{x, y}, {x + 1, y}};
+    }
+  throw std::runtime_error("a country without a border");
+}
+
+TEST_F(Guide, SeaAndLandAreToldAtEveryLevel) {
+  jouer(étape_provinces, niveau_expert);
+  EXPECT_EQ(Décrire_lieu(m.c(), {5, 5}, {6, 5}), "mer ou pays voisin");
+  const Point ici = dans(m.g(), 40);
+  EXPECT_EQ(Décrire_lieu(m.c(), ici, ici), "terre");
+}
+
+TEST_F(Guide, TheCountrysEdgeIsToldWhenItIsCrossed) {
+  jouer(étape_provinces, niveau_expert);
+  const Point ici = dans(m.g(), 40);
+  EXPECT_EQ(Décrire_lieu(m.c(), {5, 5}, ici), "bord du pays, terre");
+}
+
+TEST_F(Guide, ABorderIsToldWhereItIsDrawn) {
+  jouer(étape_provinces, niveau_moyen);
+  const auto [ouest, est] = frontière(m.g(), true);
+  EXPECT_EQ(Ligne_franchie(m.c(), ouest, est), Ligne::limite_de_province);
+  EXPECT_EQ(Ligne_franchie(m.c(), est, ouest), Ligne::limite_de_province);
+}
+
+TEST_F(Guide, ABorderThatIsNotDrawnIsNotTold) {
+  jouer(étape_provinces, niveau_expert);
+  for (const bool même_région : {true, false}) {
+    const auto [ouest, est] = frontière(m.g(), même_région);
+    if (!même_région) {
+      m.e().Région(m.g().TableProvinces(code_du_pixel(m.g(), 0, ouest.x, ouest.y)).région).visible = false;
+      m.e().Région(m.g().TableProvinces(code_du_pixel(m.g(), 0, est.x, est.y)).région).visible = false;
+    }
+    EXPECT_EQ(Ligne_franchie(m.c(), ouest, est), Ligne::aucune);
+  }
+}
+
+TEST_F(Guide, ARegionsBorderIsToldWhereTheRegionIsHighlighted) {
+  jouer(étape_provinces, niveau_facile);
+  const auto [ouest, est] = frontière(m.g(), false);
+  EXPECT_EQ(Ligne_franchie(m.c(), ouest, est), Ligne::limite_de_région);
+}
+
+TEST_F(Guide, AYellowProvinceIsTold) {
+  jouer(étape_provinces, niveau_moyen);
+  const Point ici = dans(m.g(), 40);
+  EXPECT_FALSE(Voir(m.c(), ici).en_jaune);
+  m.g().TableProvinces(40).trouvée = true;
+  RedessinerCarte(m.c());
+  EXPECT_TRUE(Voir(m.c(), ici).en_jaune);
+}
+
+TEST_F(Guide, ADotIsToldByItsNameOnlyWhereTheMapShowsTheName) {
+  jouer(étape_provinces, niveau_facile);
+  const std::vector<Point> points = cibles();
+  EXPECT_TRUE(Voir(m.c(), points.front()).repère);
+  EXPECT_EQ(Voir(m.c(), points.front()).nom, "");
+  EXPECT_THAT(Décrire_lieu(m.c(), points.front(), points.front()), testing::StartsWith("un point"));
+  m.g().Etape = étape_révision;
+  RedessinerCarte(m.c());
+  EXPECT_NE(Voir(m.c(), cibles().front()).nom, "");
+}
+
+TEST_F(Guide, WherePlaceLiesIsToldFromTheNearestNameAndFromTheEdges) {
+  jouer(étape_provinces, niveau_expert);
+  EXPECT_EQ(Situer(m.c(), {100, 50}),
+            "Aucun nom en vue ; bord nord de la carte à 50 km ; bord est de la carte à 501 km ; "
+            "bord sud de la carte à 611 km ; bord ouest de la carte à 100 km");
+  Contrôle &point = m.e().RondPref(7);
+  point.infobulle = "Saulonde";
+  point.visible = point.actif = true;
+  point.gauche = 100 - point.largeur / 2;
+  point.haut = 80 - point.hauteur / 2;
+  EXPECT_THAT(Situer(m.c(), {100, 50}), testing::StartsWith("30 km au nord de Saulonde ; "));
+  EXPECT_THAT(Situer(m.c(), {100, 80}), testing::StartsWith("Saulonde ; "));
+}
+
+TEST_F(Guide, WhatLiesAroundIsToldInEightDirectionsFromTheNorthOn) {
+  jouer(étape_provinces, niveau_expert);
+  EXPECT_EQ(Balayer(m.c(), {3, 4}).substr(0, 73),
+            "nord : bord de la carte, 5 km ; nord-est : bord de la carte, 7 km ; est :");
+  Contrôle &point = m.e().RondPref(7);
+  point.infobulle = "Saulonde";
+  point.visible = point.actif = true;
+  point.gauche = 13 - point.largeur / 2;
+  point.haut = 4 - point.hauteur / 2;
+  EXPECT_THAT(Balayer(m.c(), {3, 4}), testing::HasSubstr("est : Saulonde, 10 km"));
+}
+
+TEST_F(Guide, TheCountrysEdgeIsMetOnTheWay) {
+  jouer(étape_provinces, niveau_expert);
+  EXPECT_THAT(Balayer(m.c(), dans(m.g(), 40)), testing::HasSubstr("bord du pays"));
+}
+
+/// Every stage at every level, with some things found.
+class GuideAtEveryLevel : public Guide, public testing::WithParamInterface<std::tuple<int, int>> {
+ protected:
+  void SetUp() override {
+    const auto [étape, niveau] = GetParam();
+    jouer(étape, niveau);
+    for (int p = 1; p <= nombre_provinces; p += 3) m.g().TableProvinces(p).trouvée = true;
+    for (int v = 1; v <= nombre_villes; v += 4) m.g().TableVilles(v).trouvée = true;
+    for (int r = 1; r <= nombre_régions; r += 5) m.g().TableRégions(r).trouvée = true;
+    RedessinerCarte(m.c());
+    for (Contrôle &image : m.e().contrôles())
+      if (image.visible && image.actif && image.clic && !image.infobulle.empty()) montrés.insert(image.infobulle);
+  }
+  /// Names of the country that the sentence holds and the map does not show.
+  std::vector<std::string> trahis(const std::string &phrase) {
+    std::vector<std::string> noms;
+    const auto chercher = [&](const std::string &nom) {
+      const bool montré = std::ranges::any_of(
+          montrés, [&](const std::string &texte) { return texte.find(nom) != std::string::npos; });
+      if (!montré && phrase.find(nom) != std::string::npos) noms.push_back(nom);
+    };
+    for (int p = 1; p <= nombre_provinces; ++p) chercher(m.g().TableProvinces(p).nom);
+    for (int v = 1; v <= nombre_villes; ++v) chercher(m.g().TableVilles(v).nom);
+    for (int r = 1; r <= nombre_régions; ++r) chercher(m.g().TableRégions(r).nom);
+    return noms;
+  }
+
+  std::set<std::string> montrés;
+};
+
+TEST_P(GuideAtEveryLevel, NoPlaceIsToldByANameThatIsNotShownThere) {
+  for (int y = 0; y < 662; y += 3)
+    for (int x = 0; x < 602; x += 3) {
+      const Vue_du_lieu vue = Voir(m.c(), {x, y});
+      if (vue.nom.empty()) continue;
+      EXPECT_TRUE(montrés.contains(vue.nom)) << vue.nom;
+      EXPECT_TRUE(vue.repère) << vue.nom;
+    }
+}
+
+TEST_P(GuideAtEveryLevel, NoSentenceHoldsANameThatTheMapDoesNotShow) {
+  for (int y = 20; y < 662; y += 80)
+    for (int x = 20; x < 602; x += 80)
+      for (const std::string &phrase :
+           {Situer(m.c(), {x, y}), Balayer(m.c(), {x, y}), Décrire_lieu(m.c(), {x - 1, y}, {x, y})})
+        EXPECT_THAT(trahis(phrase), IsEmpty()) << phrase;
+}
+
+TEST_P(GuideAtEveryLevel, NoBorderIsToldBetweenProvincesOfWhichNothingIsDrawn) {
+  const auto rien = [&](int p) {
+    return !m.e().Pays(p).visible && !m.e().Inv(p).visible &&
+           !m.e().Région(m.g().TableProvinces(p).région).visible;
+  };
+  for (int y = 0; y < 662; y += 2)
+    for (int x = 1; x < 602; ++x) {
+      const int p = code_du_pixel(m.g(), 0, x - 1, y), q = code_du_pixel(m.g(), 0, x, y);
+      if (p == q || p == 0 || q == 0 || !rien(p) || !rien(q)) continue;
+      EXPECT_EQ(Ligne_franchie(m.c(), {x - 1, y}, {x, y}), Ligne::aucune) << p << " and " << q;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryStage, GuideAtEveryLevel,
+                         testing::Combine(testing::Values(étape_provinces, étape_villes, étape_drapeaux,
+                                                          étape_régions),
+                                          testing::Range(1, 5)));
 
 }  // namespace
 }  // namespace ardane

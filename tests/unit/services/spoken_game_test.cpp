@@ -1,0 +1,87 @@
+// What a listener hears when something has changed in a game.
+#include "services/spoken_game.h"
+
+#include <gtest/gtest.h>
+
+#include "map/panel.h"
+
+namespace ardane {
+namespace {
+
+/// A question of stage Provinces in the middle of a game.
+Partie_entendue question() {
+  Partie_entendue partie;
+  partie.étape = 1;
+  partie.consigne = "Trouvez moi... Saulonde";
+  partie.score = 999'998;
+  partie.compté = true;
+  partie.reste = 40;
+  return partie;
+}
+
+TEST(SpokenGame, AnEventThatChangesNothingIsNotTold) {
+  EXPECT_EQ(Annoncer_partie(question(), question()), "");
+}
+
+TEST(SpokenGame, TheFirstQuestionIsToldWithWhatIsLeft) {
+  EXPECT_EQ(Annoncer_partie({}, question()), "Trouvez moi... Saulonde. Reste 40.");
+}
+
+TEST(SpokenGame, ARightAnswerIsToldWithTheNextQuestion) {
+  Partie_entendue après = question();
+  après.consigne = "Trouvez moi... Hermenec";
+  après.reste = 39;
+  EXPECT_EQ(Annoncer_partie(question(), après), "Juste. Trouvez moi... Hermenec. Reste 39.");
+}
+
+TEST(SpokenGame, AWrongAnswerIsToldWithTheScore) {
+  Partie_entendue après = question();
+  après.erreurs = 1;
+  après.score = 999'996;
+  EXPECT_EQ(Annoncer_partie(question(), après), "Faux. Score : 999 996.");
+}
+
+TEST(SpokenGame, AWrongAnswerIsToldWhereNothingIsCounted) {
+  Partie_entendue avant = question(), après = question();
+  avant.compté = après.compté = false;
+  après.erreurs = 3;
+  EXPECT_EQ(Annoncer_partie(avant, après), "Faux.");
+}
+
+TEST(SpokenGame, AnErrorThatGivesTheQuestionUpIsToldWithTheNextOne) {
+  Partie_entendue avant = question(), après = question();
+  avant.erreurs = 9;
+  après.score = 999'486;
+  après.consigne = "Trouvez moi... Hermenec";
+  EXPECT_EQ(Annoncer_partie(avant, après), "Faux. Score : 999 486. Trouvez moi... Hermenec.");
+}
+
+TEST(SpokenGame, AProvinceOfARegionIsToldAsChosenOrTakenBack) {
+  Partie_entendue avant = question(), après = question();
+  après.choisies = 1;
+  EXPECT_EQ(Annoncer_partie(avant, après), "Choisie.");
+  EXPECT_EQ(Annoncer_partie(après, avant), "Retirée.");
+}
+
+TEST(SpokenGame, AnotherStageIsNeitherRightNorWrong) {
+  Partie_entendue après = question();
+  après.étape = 2;
+  après.consigne = "Trouvez moi... Valcrête";
+  après.reste = 330;
+  EXPECT_EQ(Annoncer_partie(question(), après), "Trouvez moi... Valcrête. Reste 330.");
+}
+
+TEST(SpokenGame, TheEndOfAGameIsSilent) {
+  EXPECT_EQ(Annoncer_partie(question(), {}), "");
+}
+
+TEST(SpokenGame, ThousandsAreReadApart) {
+  EXPECT_EQ(En_milliers(0), "0");
+  EXPECT_EQ(En_milliers(999), "999");
+  EXPECT_EQ(En_milliers(1'000), "1 000");
+  EXPECT_EQ(En_milliers(999'999), "999 999");
+  EXPECT_EQ(En_milliers(-1'023), "-1 023");
+}
+
+}  // namespace
+}  // namespace ardane

@@ -15,10 +15,6 @@ void montrer_devant(Ecran_principal &e, Contrôle &contrôle, bool visible = tru
   if (visible) e.au_premier_plan(contrôle);
 }
 
-bool en_jeu(int étape) {
-  return étape >= étape_provinces && étape <= étape_régions;
-}
-
 struct Zone_question {
   Etapes étape;
   Niveaux niveau_premier, niveau_dernier;
@@ -55,9 +51,13 @@ void afficher_chiffres(Chiffres &boîtes, int combien, long nombre) {
 
 }  // namespace
 
+bool est_en_jeu(int étape) {
+  return étape >= étape_provinces && étape <= étape_régions;
+}
+
 void AfficherPanneau(Contexte &c) {
   Ecran_principal &e = c.principale;
-  const bool jeu = en_jeu(c.état.Etape);
+  const bool jeu = est_en_jeu(c.état.Etape);
   const bool compté = jeu && !c.état.ModeApprentissage;
   montrer_devant(e, e.que_faire, jeu);
   e.Boîte_score.visible = compté;

@@ -8,6 +8,8 @@ namespace ardane {
 /// A number with a space between thousands, as it is read out.
 std::string En_milliers(long nombre);
 
+/// True in the four stages of a game, where something is asked.
+bool est_en_jeu(int étape);
 /// Shows the panels of the present `Etape` and `Niveau`.
 void AfficherPanneau(Contexte &c);
 /// Hides them all.

@@ -12,9 +12,11 @@ void dire(std::string &annonce, const std::string &phrase) {
   annonce += phrase;
 }
 
-std::string consigne(const Ecran_principal &e) {
-  if (!e.que_faire.visible) return {};
-  const std::string question = e.Texte_à_chercher.visible ? e.Texte_à_chercher.texte : e.Image_recherchée.nom_parlé;
+std::string consigne(const Contexte &c) {
+  const Ecran_principal &e = c.principale;
+  if (!est_en_jeu(c.état.Etape) || !e.que_faire.visible) return {};
+  const std::string question =
+      e.Texte_à_chercher.visible ? e.Texte_à_chercher.texte : e.Image_recherchée.nom_parlé;
   return question.empty() ? e.que_faire.texte : e.que_faire.texte + " " + question;
 }
 
@@ -25,7 +27,7 @@ Partie_entendue Ecouter(const Contexte &c) {
   const Ecran_principal &e = c.principale;
   Partie_entendue partie;
   partie.étape = g.Etape;
-  partie.consigne = consigne(e);
+  partie.consigne = consigne(c);
   if (partie.consigne.empty()) return partie;
   partie.score = g.Score;
   partie.compté = e.Boîte_score.visible;
@@ -38,7 +40,8 @@ Partie_entendue Ecouter(const Contexte &c) {
 std::string Annoncer_partie(const Partie_entendue &avant, const Partie_entendue &après) {
   std::string annonce;
   const bool même_étape = avant.étape == après.étape && !avant.consigne.empty() && !après.consigne.empty();
-  const bool faux = même_étape && (après.erreurs > avant.erreurs || (après.compté && après.score < avant.score));
+  const bool faux =
+      même_étape && (après.erreurs > avant.erreurs || (après.compté && après.score < avant.score));
   if (faux)
     dire(annonce, "Faux.");
   else if (même_étape && après.reste < avant.reste)

@@ -38,7 +38,7 @@ ControlView::ControlView(Contrôle &control, const ViewContext &context, QWidget
 }
 
 void ControlView::sync() {
-  if (const std::string &spoken = nom_à_dire(control_); spoken != spoken_) {
+  if (const std::string &spoken = nom_à_dire(control_); spoken != spoken_ && !est_muet(control_)) {
     spoken_ = spoken;
     widget_->setAccessibleName(to_qt(spoken));
   }

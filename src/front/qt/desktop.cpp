@@ -102,6 +102,9 @@ void Desktop::speak() {
 }
 
 bool Desktop::start() {
+  // Before the first window: each would be painted again.
+  if (translator_.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&translator_);
   if (!places_.sans_cadre) frame_main_window();
   bool started = false;
   dispatcher_.run([&] { started = programme_.Démarrage(places_.programme); });
@@ -127,8 +130,6 @@ void Desktop::settle() {
   QApplication::setWindowIcon(pictures_.icon("programme"));
   if (QWidget *main = renderer_.frame(programme_.principale()))
     main->setWindowIcon(pictures_.icon(programme_.principale().nom));
-  if (translator_.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QCoreApplication::installTranslator(&translator_);
   tell_missing_pictures();
 }
 

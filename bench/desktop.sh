@@ -1,5 +1,6 @@
 #!/bin/sh
-# The desktop rows of the table of speeds, on a virtual display of 1280 x 1024 and, for scrolling, of 800 x 600.
+# The desktop rows of the table of speeds, on virtual displays: of 1280 x 1024, of 800 x 600 for scrolling, and of
+# 1920 x 1080 and 3840 x 2160 for the real window at its scales.
 #
 #     bench/desktop.sh BUILD_FOLDER
 set -eu
@@ -11,4 +12,6 @@ on_display() {
 }
 on_display 1280x1024 "$programs/desktop_start" "$programs/desktop_empty_window" "$programs/ardane"
 on_display 1280x1024 "$programs/desktop_figures"
+for scale in 1 1.4; do on_display 1920x1080 "$programs/window_figures" $scale; done
+for scale in 1.5 2 3; do on_display 3840x2160 "$programs/window_figures" $scale; done
 on_display 800x600 "$programs/desktop_figures" | grep scroll

@@ -19,34 +19,11 @@
 #include "map/layers.h"
 #include "map/visibility_rules.h"
 #include "script.h"
+#include "timing.h"
 
 namespace {
 
 using namespace ardane;
-
-void print_row(const char *what, std::vector<double> values, const char *unit) {
-  if (values.empty()) return;
-  std::ranges::sort(values);
-  std::printf("| %-52s | %8.3f | %8.3f | %s (n=%zu)\n", what, values[values.size() / 2],
-              values[values.size() * 95 / 100], unit, values.size());
-  std::fflush(stdout);
-}
-
-/// Everything that an event has set off is painted and has reached the display.
-void settle() {
-  QCoreApplication::sendPostedEvents();
-  QCoreApplication::processEvents();
-  QGuiApplication::sync();
-}
-
-double timed(const std::function<void()> &event) {
-  settle();
-  QElapsedTimer timer;
-  timer.start();
-  event();
-  settle();
-  return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
 
 long voluntary_switches() {
   std::ifstream status("/proc/self/status");

@@ -1,8 +1,9 @@
 #include "persistence/information_file.h"
 
+#include <array>
 #include <fstream>
-#include <iterator>
 #include <string>
+#include <string_view>
 
 #include "core/announcement.h"
 #include "core/chooser_modes.h"
@@ -21,11 +22,20 @@ std::string chemin_du_fichier(const Contexte &c, int langue) {
   return c.dossier.complet(c.état.Fichiers_info(langue));
 }
 
-/// The bytes of the file; none if it cannot be read.
-std::string lire_octets(const std::string &chemin) {
-  if (!est_fichier_ordinaire(chemin)) return {};
+/// The bytes of the file, of which none are there if it is not; nothing if it cannot be read.
+std::optional<std::string> lire_octets(const std::string &chemin) {
+  if (!est_fichier_ordinaire(chemin)) return std::string{};
   std::ifstream flux(chemin_natif(chemin), std::ios::binary);
-  return {std::istreambuf_iterator<char>(flux), {}};
+  std::string octets;
+  std::array<char, 16384> bloc;
+  while (flux.read(bloc.data(), bloc.size()) || flux.gcount() > 0)
+    octets.append(bloc.data(), static_cast<std::size_t>(flux.gcount()));
+  if (!flux.eof()) return std::nullopt;
+  return octets;
+}
+
+std::string octets_lisibles(const Contexte &c) {
+  return lire_octets(chemin_du_fichier(c, c.état.Langue)).value_or(std::string{});
 }
 
 /// What the gazetteer knows of a province, ready to be completed. The words are those that such files have
@@ -87,15 +97,16 @@ void Préparer_fichiers_info(Contexte &c) {
 }
 
 std::optional<Fiche_information> Lire_fiche_information(const Contexte &c, int province) {
-  return Fiche_du_fichier(lire_octets(chemin_du_fichier(c, c.état.Langue)), province);
+  return Fiche_du_fichier(octets_lisibles(c), province);
 }
 
 bool Ecrire_fiche_information(const Contexte &c, int province, const Fiche_information &fiche) {
   if (Longueur_de_fiche(fiche) > taille_de_fiche) return false;
   const std::string chemin = chemin_du_fichier(c, c.état.Langue);
-  std::string octets = lire_octets(chemin);
-  Placer_fiche(octets, province, fiche);
-  const auto échec = remplacer_fichier(chemin_natif(chemin), octets);
+  std::optional<std::string> octets = lire_octets(chemin);
+  if (octets) Placer_fiche(*octets, province, fiche);
+  const auto échec = octets ? remplacer_fichier(chemin_natif(chemin), *octets)
+                            : std::optional<std::string_view>("il ne peut pas être lu");
   if (échec) consigner("La fiche n'est pas écrite dans « " + chemin + " » : " + std::string(*échec));
   return !échec;
 }

@@ -13,8 +13,8 @@ void Préparer_fichiers_info(Contexte &c);
 /// The card of a province; nothing if it cannot be read.
 std::optional<Fiche_information> Lire_fiche_information(const Contexte &c, int province);
 
-/// Puts the card of a province into the file. False if it is longer than its slot or cannot be written: the
-/// old card then stays.
+/// Puts the card of a province into the file. False if it is longer than its slot, if the other cards cannot
+/// be read or the file not be written: it then stays as it was.
 bool Ecrire_fiche_information(const Contexte &c, int province, const Fiche_information &fiche);
 
 }  // namespace ardane

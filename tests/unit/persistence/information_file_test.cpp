@@ -151,6 +151,28 @@ TEST_F(InformationFile, ACardOf650BytesIsTakenAndOneOf651IsNot) {
   EXPECT_EQ(Lire_fiche_information(m.c(), 1)->texte.size(), 643U);
 }
 
+TEST_F(InformationFile, AFileThatCannotBeReadIsNotReplacedByOneCardAlone) {
+  préparer();
+  const std::string avant = lire_fichier(fichier);
+  fs::permissions(chemin_natif(m.dossier.chemin()), fs::perms::all);
+  fs::permissions(chemin_natif(dossier_info), fs::perms::all);
+  fs::permissions(chemin_natif(fichier), fs::perms::owner_write | fs::perms::others_write);
+  {
+    const SansPrivilège ordinaire;
+    EXPECT_FALSE(Lire_fiche_information(m.c(), 1));
+    EXPECT_FALSE(Ecrire_fiche_information(m.c(), 1, {"a", "b"}));
+  }
+  EXPECT_EQ(lire_fichier(fichier), avant);
+}
+
+TEST_F(InformationFile, AFileWhoseReadingFailsHalfWayHasNoCardAndStaysAsItIs) {
+  fs::create_symlink("/proc/self/mem", chemin_natif(fichier));
+  préparer();
+  EXPECT_FALSE(Lire_fiche_information(m.c(), 1));
+  EXPECT_FALSE(Ecrire_fiche_information(m.c(), 1, {"a", "b"}));
+  EXPECT_TRUE(fs::is_symlink(chemin_natif(fichier)));
+}
+
 TEST_F(InformationFile, AFullDiskOrAReadOnlyFileKeepsTheOldCard) {
   préparer();
   const std::string avant = lire_fichier(fichier);

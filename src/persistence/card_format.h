@@ -31,6 +31,10 @@ std::size_t Longueur_de_fiche(const Fiche_information &fiche);
 /// `numéro` from 1.
 std::optional<Fiche_information> Fiche_du_fichier(std::string_view octets, int numéro);
 
+/// What is there of a card that is not whole: its title if that is, and its text as far as it goes. Of a
+/// whole card, everything.
+Fiche_information Restes_de_fiche(std::string_view octets, int numéro);
+
 /// Puts a card that fits its slot into the bytes of a whole file; a file that ends above the slot is padded.
 void Placer_fiche(std::string &octets, int numéro, const Fiche_information &fiche);
 

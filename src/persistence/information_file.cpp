@@ -100,6 +100,10 @@ std::optional<Fiche_information> Lire_fiche_information(const Contexte &c, int p
   return Fiche_du_fichier(octets_lisibles(c), province);
 }
 
+Fiche_information Lire_restes_de_fiche(const Contexte &c, int province) {
+  return Restes_de_fiche(octets_lisibles(c), province);
+}
+
 bool Ecrire_fiche_information(const Contexte &c, int province, const Fiche_information &fiche) {
   if (Longueur_de_fiche(fiche) > taille_de_fiche) return false;
   const std::string chemin = chemin_du_fichier(c, c.état.Langue);

@@ -12,6 +12,8 @@ void Préparer_fichiers_info(Contexte &c);
 
 /// The card of a province; nothing if it cannot be read.
 std::optional<Fiche_information> Lire_fiche_information(const Contexte &c, int province);
+/// What is there of a card that cannot be read.
+Fiche_information Lire_restes_de_fiche(const Contexte &c, int province);
 
 /// Puts the card of a province into the file. False if it is longer than its slot, if the other cards cannot
 /// be read or the file not be written: it then stays as it was.

@@ -100,7 +100,7 @@ void Edition::lire_fiche(int n) {
     c_.plateforme.boîtes.montrer(
         {Icône::exclamation, message(g, Message::erreur_de_format),
          g.Fichiers_info(g.Langue) + " : " + message(g, Message::fichier_non_interprétable)});
-  const Fiche_information fiche = lue.value_or(Fiche_information{});
+  const Fiche_information fiche = lue ? *lue : Lire_restes_de_fiche(c_, n);
   titre_fiche_.texte = fiche.titre;
   texte_.texte = texte_lu_ = fiche.texte;
 }

@@ -55,6 +55,23 @@ TEST(CardFormat, ACardThatIsNotThereWholeIsNone) {
   EXPECT_FALSE(Fiche_du_fichier(case_de(entière), 2));
 }
 
+TEST(CardFormat, OfACardThatIsNotWholeTheRestIsThere) {
+  const std::string entière = compté(5, "titre") + compté(5, "texte");
+  const std::pair<std::size_t, Fiche_information> coupées[] = {
+      {0, {"", ""}},        {1, {"", ""}},           {6, {"", ""}},
+      {7, {"titre", ""}},   {8, {"titre", ""}},      {9, {"titre", ""}},
+      {10, {"titre", "t"}}, {13, {"titre", "text"}}, {14, {"titre", "texte"}}};
+  for (const auto &[octets, restes] : coupées)
+    EXPECT_EQ(Restes_de_fiche(entière.substr(0, octets), 1), restes) << octets;
+  EXPECT_EQ(Restes_de_fiche(case_de(entière), 2), (Fiche_information{"", ""}));
+}
+
+TEST(CardFormat, ATextThatPassesTheSlotEndsWhereThePaddingBegins) {
+  EXPECT_EQ(Restes_de_fiche(case_de(compté(1, "t") + compté(647, "abc")), 1),
+            (Fiche_information{"t", "abc"}));
+  EXPECT_EQ(Restes_de_fiche(case_de(compté(647, "abc")), 1), (Fiche_information{"", ""}));
+}
+
 TEST(CardFormat, LengthsThatPassTheSlotAreNoCard) {
   const auto lisible = [](std::size_t l1, std::size_t l2) {
     std::string octets = case_de(compté(l1, std::string(l1, 't')));

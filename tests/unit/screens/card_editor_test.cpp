@@ -159,6 +159,21 @@ TEST_F(CardEditor, AFileThatCannotBeReadIsToldAndEmptyFieldsAreShown) {
   EXPECT_EQ(fiche(2).texte, "réparée");
 }
 
+TEST_F(CardEditor, OfACardThatIsCutTheRestIsShownAndNotWrittenUnlessItChanges) {
+  const std::string fichier = m.g().Fichiers_info(1);
+  const Fiche_information entière = fiche(1);
+  const std::string coupé = lire_fichier(fichier).substr(0, 60);
+  écrire_fichier(fichier, coupé);
+  ASSERT_THAT(m.boîtes.montrées, IsEmpty());
+  EXPECT_EQ(k("LBL_Pays").texte, entière.titre);
+  EXPECT_THAT(entière.texte, testing::StartsWith(k("TXT_INFOS").texte));
+  EXPECT_NE(k("TXT_INFOS").texte, "");
+  ASSERT_THAT(m.boîtes.montrées, SizeIs(1));
+  EXPECT_EQ(m.dernière_boîte().titre, "Erreur de format");
+  presser_bouton("BTN_quit");
+  EXPECT_EQ(lire_fichier(fichier), coupé);
+}
+
 TEST_F(CardEditor, TheMenuLeadsToItOverAnIdleMap) {
   m.nouvelle_partie(1);
   std::int16_t étape = -1;

@@ -18,6 +18,7 @@
 #include "persistence/score_file.h"
 #include "persistence/slot_file.h"
 #include "platform/window_layout.h"
+#include "rules.h"
 #include "support/fake_world.h"
 
 namespace ardane {
@@ -40,15 +41,6 @@ class Octets {
 
 /// Played by all runs, told at the end.
 long événements = 0, enregistrées = 0, reprises = 0, abîmées = 0, paramétrages = 0;
-
-[[noreturn]] void faute(const char *règle) {
-  std::fprintf(stderr, "broken: %s\n", règle);
-  std::abort();
-}
-
-void exiger(bool vrai, const char *règle) {
-  if (!vrai) faute(règle);
-}
 
 int compter_provinces(const GameState &g) {
   int restantes = 0;

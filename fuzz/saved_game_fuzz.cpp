@@ -3,30 +3,19 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <sstream>
 #include <string>
 
 #include "core/game_state.h"
 #include "persistence/saved_game_format.h"
+#include "slot_rules.h"
 
 namespace ardane {
 namespace {
 
-void exiger(bool vrai, const char *règle) {
-  if (vrai) return;
-  std::fprintf(stderr, "broken rule: %s\n", règle);
-  std::abort();
-}
-
 Lecture_partie lire(const std::string &octets) {
   std::istringstream flux(octets);
   return lire_partie(flux);
-}
-
-bool même_table(const auto &a, const auto &b) {
-  return std::equal(a.begin(), a.end(), b.begin());
 }
 
 bool mêmes_bilans(const Contenu_partie &a, const Contenu_partie &b) {
@@ -70,18 +59,9 @@ void vérifier_configuration(const Contenu_partie &partie) {
            "a score file keeps its own configuration");
     return;
   }
-  const auto combien = [&](int jeu) {
-    return std::count(configuration.ordre.begin(), configuration.ordre.end(), jeu);
-  };
-  exiger(configuration.ordre(1) != 0, "an order begins with a stage");
-  for (const std::int16_t code : configuration.ordre) {
-    exiger(code >= 0 && code <= nombre_jeux, "an order holds stages");
-    exiger(code == 0 || combien(code) == 1, "no stage comes twice");
-  }
-  exiger(combien(partie.étape) == 1, "the stage is one of the order");
-  Table<int, 0, plus_haut_niveau> rangs;
-  for (const Enregistrement_score &score : configuration.scores) ++rangs(score.niveau);
-  for (const int rang : rangs) exiger(rang <= nombre_rangs, "at most ten scores a level");
+  vérifier_ordre(configuration.ordre);
+  exiger(std::ranges::count(configuration.ordre, partie.étape) == 1, "the stage is one of the order");
+  vérifier_scores(configuration.scores);
 }
 
 void vérifier_retour(const Contenu_partie &partie) {
@@ -96,10 +76,9 @@ void vérifier_retour(const Contenu_partie &partie) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *octets, std::size_t taille) {
   using namespace ardane;
-  const Lecture_partie lecture = lire(std::string(reinterpret_cast<const char *>(octets), taille));
+  const Lecture_partie lecture = lire(en_fichier(octets, taille));
   if (lecture.défaut) {
-    exiger(lecture.défaut->numéro >= 1, "a fault names its slot");
-    exiger(!décrire_défaut(*lecture.défaut).empty(), "a fault can be told");
+    vérifier_défaut(*lecture.défaut);
     return 0;
   }
   vérifier_partie(lecture.contenu);

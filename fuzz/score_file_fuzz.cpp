@@ -3,21 +3,14 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <sstream>
 #include <string>
 
 #include "persistence/score_format.h"
+#include "slot_rules.h"
 
 namespace ardane {
 namespace {
-
-void exiger(bool vrai, const char *règle) {
-  if (vrai) return;
-  std::fprintf(stderr, "broken rule: %s\n", règle);
-  std::abort();
-}
 
 Lecture_scores lire(const std::string &octets) {
   std::istringstream flux(octets);
@@ -25,24 +18,12 @@ Lecture_scores lire(const std::string &octets) {
 }
 
 bool même_contenu(const Contenu_scores &a, const Contenu_scores &b) {
-  return a.version == b.version && std::equal(a.ordre.begin(), a.ordre.end(), b.ordre.begin()) &&
-         std::equal(a.inhibée.begin(), a.inhibée.end(), b.inhibée.begin()) && a.langue == b.langue &&
-         a.scores == b.scores;
-}
-
-void vérifier_scores(const Contenu_scores &contenu) {
-  Table<int, 0, plus_haut_niveau> rangs;
-  for (const Enregistrement_score &score : contenu.scores) ++rangs(score.niveau);
-  for (const int rang : rangs) exiger(rang <= nombre_rangs, "at most ten scores a level");
+  return a.version == b.version && même_table(a.ordre, b.ordre) && même_table(a.inhibée, b.inhibée) &&
+         a.langue == b.langue && a.scores == b.scores;
 }
 
 void vérifier_configuration(const Contenu_scores &contenu) {
-  exiger(contenu.ordre(1) != 0, "an order begins with a stage");
-  for (const std::int16_t code : contenu.ordre) {
-    exiger(code >= 0 && code <= nombre_jeux, "an order holds stages");
-    exiger(code == 0 || std::count(contenu.ordre.begin(), contenu.ordre.end(), code) == 1,
-           "no stage comes twice");
-  }
+  vérifier_ordre(contenu.ordre);
   exiger(std::count(contenu.inhibée.begin(), contenu.inhibée.end(), false) > 0, "a province is in play");
 }
 
@@ -58,11 +39,10 @@ void vérifier_retour(const Contenu_scores &contenu) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *octets, std::size_t taille) {
   using namespace ardane;
-  const Lecture_scores lecture = lire(std::string(reinterpret_cast<const char *>(octets), taille));
-  vérifier_scores(lecture.contenu);
+  const Lecture_scores lecture = lire(en_fichier(octets, taille));
+  vérifier_scores(lecture.contenu.scores);
   if (lecture.défaut) {
-    exiger(lecture.défaut->numéro >= 1, "a fault names its slot");
-    exiger(!décrire_défaut(*lecture.défaut).empty(), "a fault can be told");
+    vérifier_défaut(*lecture.défaut);
     return 0;
   }
   vérifier_configuration(lecture.contenu);

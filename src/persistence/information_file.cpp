@@ -58,10 +58,22 @@ Fiche_information première_fiche(const GameState &g, int province) {
   return {"Département : " + fiche.nom, texte};
 }
 
-std::string premières_fiches(const GameState &g) {
+/// The bytes of a new file; nothing if a province has too much to tell for its slot.
+std::optional<std::string> premières_fiches(const GameState &g) {
   std::string octets;
-  for (int p = 1; p <= nombre_provinces; ++p) Placer_fiche(octets, p, première_fiche(g, p));
+  for (int p = 1; p <= nombre_provinces; ++p) {
+    const Fiche_information fiche = première_fiche(g, p);
+    if (Longueur_de_fiche(fiche) > taille_de_fiche) return std::nullopt;
+    Placer_fiche(octets, p, fiche);
+  }
   return octets;
+}
+
+/// Nothing, or why the file could not be made.
+std::optional<std::string_view> écrire_premières_fiches(const GameState &g, const std::string &chemin) {
+  const auto octets = premières_fiches(g);
+  if (!octets) return "une fiche dépasse sa case";
+  return remplacer_fichier(chemin_natif(chemin), *octets);
 }
 
 void faire_choisir_un_autre_dossier(Contexte &c) {
@@ -79,7 +91,7 @@ void créer_fichier_info(Contexte &c, int langue) {
     annoncer(c, Message::création_du_fichier_info, Message::fichier_d_information_recréé);
   if (!Tester_ecriture(c.dossier.complet(g.Répertoire_info))) faire_choisir_un_autre_dossier(c);
   if (fichier_existe(chemin_du_fichier(c, langue))) return;
-  const auto échec = remplacer_fichier(chemin_natif(chemin_du_fichier(c, langue)), premières_fiches(g));
+  const auto échec = écrire_premières_fiches(g, chemin_du_fichier(c, langue));
   if (!échec) return;
   consigner("Le fichier d'information n'est pas écrit : " + std::string(*échec));
   c.plateforme.boîtes.montrer({Icône::exclamation, message(g, Message::erreur),

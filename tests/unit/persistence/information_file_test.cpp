@@ -121,6 +121,55 @@ TEST_F(InformationFile, AFullDiskIsToldAndLeavesNothingHalfMade) {
   EXPECT_TRUE(fs::is_empty(chemin_natif(dossier_info)));
 }
 
+TEST_F(InformationFile, AFolderOfItsNameIsToldAndStays) {
+  fs::create_directory(chemin_natif(fichier));
+  préparer();
+  EXPECT_THAT(titres(), ElementsAre("Création du fichier Info", "Erreur"));
+  EXPECT_EQ(m.dernière_boîte().texte, "Impossible d'écrire le fichier " + fichier);
+  EXPECT_FALSE(Lire_fiche_information(m.c(), 1));
+  EXPECT_FALSE(Ecrire_fiche_information(m.c(), 1, {"a", "b"}));
+  EXPECT_TRUE(fs::is_empty(chemin_natif(fichier)));
+}
+
+TEST_F(InformationFile, AProvinceWithTooManyTownsForItsCardIsToldAndNoFileIsMade) {
+  for (int v = 111; v <= nombre_villes; ++v) m.g().TableVilles(v).province = 60;
+  m.g().VillesParProvince.relever(m.g().TableVilles);
+  préparer();
+  EXPECT_THAT(titres(), ElementsAre("Création du fichier Info", "Erreur"));
+  EXPECT_EQ(m.dernière_boîte().texte, "Impossible d'écrire le fichier " + fichier);
+  EXPECT_TRUE(fs::is_empty(chemin_natif(dossier_info)));
+}
+
+TEST_F(InformationFile, AFolderThatHasVanishedLeadsToTheChoiceOfAnother) {
+  fs::remove(chemin_natif(dossier_info));
+  DossierTemporaire autre;
+  m.façade.joueur = [&](Fenêtre &) { m.g().Fichiers_info(1) = autre.fichier("ARDANE.INF"); };
+  préparer();
+  EXPECT_THAT(titres(), ElementsAre("Création du fichier Info", "Erreur", "Choix du répertoire"));
+  EXPECT_EQ(lire_fichier(autre.fichier("ARDANE.INF")).size(), 71'500U);
+}
+
+TEST_F(InformationFile, InAFolderThatHasVanishedNoCardIsReadOrWritten) {
+  préparer();
+  fs::remove_all(chemin_natif(dossier_info));
+  EXPECT_FALSE(Lire_fiche_information(m.c(), 1));
+  EXPECT_FALSE(Ecrire_fiche_information(m.c(), 1, {"a", "b"}));
+  EXPECT_FALSE(fs::exists(chemin_natif(dossier_info)));
+}
+
+TEST_F(InformationFile, AFileOf109SlotsGetsItsLastAndOneOf111KeepsWhatIsBehindIt) {
+  préparer();
+  const std::string entier = lire_fichier(fichier);
+  for (const std::string &octets : {entier.substr(0, 109 * 650), entier + std::string(650, 'z')}) {
+    écrire_fichier(fichier, octets);
+    EXPECT_TRUE(Ecrire_fiche_information(m.c(), 110, {"a", "b"}));
+    EXPECT_EQ(Lire_fiche_information(m.c(), 110), (Fiche_information{"a", "b"}));
+    const std::string après = lire_fichier(fichier);
+    EXPECT_EQ(après.substr(0, 109 * 650), entier.substr(0, 109 * 650));
+    EXPECT_EQ(après.substr(110 * 650), octets.size() > entier.size() ? std::string(650, 'z') : "");
+  }
+}
+
 TEST_F(InformationFile, ACardThatCannotBeReadIsNone) {
   préparer();
   const std::string entier = lire_fichier(fichier);
@@ -154,9 +203,10 @@ TEST_F(InformationFile, ACardOf650BytesIsTakenAndOneOf651IsNot) {
 TEST_F(InformationFile, AFileThatCannotBeReadIsNotReplacedByOneCardAlone) {
   préparer();
   const std::string avant = lire_fichier(fichier);
-  fs::permissions(chemin_natif(m.dossier.chemin()), fs::perms::all);
-  fs::permissions(chemin_natif(dossier_info), fs::perms::all);
-  fs::permissions(chemin_natif(fichier), fs::perms::owner_write | fs::perms::others_write);
+  for (const std::string &dossier : {m.dossier.chemin(), dossier_info})
+    fs::permissions(chemin_natif(dossier), fs::perms::all);
+  fs::permissions(chemin_natif(fichier),
+                  fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write);
   {
     const SansPrivilège ordinaire;
     EXPECT_FALSE(Lire_fiche_information(m.c(), 1));
@@ -181,11 +231,8 @@ TEST_F(InformationFile, AFullDiskOrAReadOnlyFileKeepsTheOldCard) {
     EXPECT_FALSE(Ecrire_fiche_information(m.c(), 1, {"a", "b"}));
   }
   EXPECT_EQ(lire_fichier(fichier), avant);
-  fs::permissions(chemin_natif(m.dossier.chemin()), fs::perms::all);
-  fs::permissions(chemin_natif(dossier_info), fs::perms::all);
-  fs::permissions(chemin_natif(fichier), fs::perms::owner_read | fs::perms::others_read);
   {
-    const SansPrivilège ordinaire;
+    const Protégé lecture_seule(chemin_natif(fichier), Protégé::Contre::écriture);
     EXPECT_FALSE(Ecrire_fiche_information(m.c(), 1, {"a", "b"}));
   }
   EXPECT_EQ(lire_fichier(fichier), avant);

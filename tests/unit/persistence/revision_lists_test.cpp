@@ -5,13 +5,12 @@
 
 #include "core/text_encoding.h"
 #include "support/fake_world.h"
-#include "support/limits.h"
+#include "support/refused_file.h"
 #include "support/table_values.h"
 
 namespace ardane {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::SizeIs;
 
@@ -137,33 +136,20 @@ TEST_F(RevisionLists, AGameUnderWayStaysAsItIs) {
   EXPECT_EQ(m.g().NbErreurs, 1);
 }
 
-TEST_F(RevisionLists, AListThatCannotBeWrittenIsToldAndTheOlderOneStays) {
-  const std::string fichier = m.dossier.fichier("ARDANE.TXT");
-  écrire_fichier(fichier, "ancienne");
-  const auto attendre_échec = [&] {
-    m.boîtes.montrées.clear();
-    Ecrire_liste_des_provinces(m.c());
-    ASSERT_THAT(m.boîtes.montrées, SizeIs(1));
-    EXPECT_EQ(m.dernière_boîte().icône, Icône::exclamation);
-    EXPECT_EQ(m.dernière_boîte().titre, "Erreur");
-    EXPECT_EQ(m.dernière_boîte().texte, "Impossible d'écrire le fichier " + fichier);
-  };
-  {
-    const DisquePlein plein(100);
-    attendre_échec();
+TEST_F(RevisionLists, TheCapitalStandsInTheSecondListAndNeverAmongTheOtherTowns) {
+  const std::vector<std::string> par_province = provinces(), par_ville = villes();
+  for (int p = 1; p <= nombre_provinces; ++p) {
+    const std::string &capitale = m.g().TableVilles(p).nom;
+    EXPECT_THAT(", " + par_province.at(static_cast<std::size_t>(5 * p)) + ",",
+                testing::Not(testing::HasSubstr(" " + capitale + ",")))
+        << p;
+    EXPECT_THAT(par_ville, testing::Contains(capitale + " : " + m.g().TableProvinces(p).nom)) << p;
   }
-  EXPECT_EQ(lire_fichier(fichier), "ancienne");
-  fs::permissions(chemin_natif(m.dossier.chemin()), fs::perms::all);
-  fs::permissions(chemin_natif(fichier), fs::perms::owner_read | fs::perms::others_read);
-  {
-    const SansPrivilège ordinaire;
-    attendre_échec();
-  }
-  EXPECT_EQ(lire_fichier(fichier), "ancienne");
-  fs::remove(chemin_natif(fichier));
-  fs::create_directory(chemin_natif(fichier));
-  attendre_échec();
-  EXPECT_TRUE(fs::is_empty(chemin_natif(fichier)));
+}
+
+TEST_F(RevisionLists, OneThatCannotBeWrittenIsToldAndTheOlderOneStays) {
+  attendre_refus_d_écrire(m, m.dossier.fichier("ARDANE.TXT"), [this] { Ecrire_liste_des_provinces(m.c()); });
+  attendre_refus_d_écrire(m, m.dossier.fichier("ARDANE_SP.TXT"), [this] { Ecrire_liste_des_villes(m.c()); });
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "persistence/information_file.h"
 #include "platform/window_layout.h"
 #include "support/fake_world.h"
+#include "support/limits.h"
 
 namespace ardane {
 namespace {
@@ -127,6 +128,35 @@ TEST_F(CardEditor, ARefusedCardKeepsTheEditorOpenAndTheOldCardInTheFile) {
   attendre_refus(10'007);
   EXPECT_TRUE(f().ouverte);
   EXPECT_EQ(fiche(1), avant);
+}
+
+TEST_F(CardEditor, ACardThatADiskOrAFolderRefusesStaysInTheEditorAndTheOldOneInTheFile) {
+  const std::string fichier = m.g().Fichiers_info(1), avant = lire_fichier(fichier);
+  const int longueur = static_cast<int>(fiche(1).titre.size()) - 1 + 4 + 4;
+  écrire("neuf");
+  {
+    const DisquePlein plein(10'000);
+    presser_bouton("BTN_Right");
+  }
+  attendre_refus(longueur);
+  EXPECT_EQ(k("TXT_INFOS").texte, "neuf");
+  EXPECT_EQ(lire_fichier(fichier), avant);
+  std::filesystem::remove(chemin_natif(fichier));
+  std::filesystem::create_directory(chemin_natif(fichier));
+  presser_bouton("BTN_quit");
+  attendre_refus(longueur);
+  EXPECT_TRUE(f().ouverte);
+}
+
+TEST_F(CardEditor, WithAFolderInPlaceOfTheFileEveryCardIsEmptyAndTold) {
+  std::filesystem::remove(chemin_natif(m.g().Fichiers_info(1)));
+  std::filesystem::create_directory(chemin_natif(m.g().Fichiers_info(1)));
+  f();
+  presser_bouton("BTN_Right");
+  ASSERT_THAT(m.boîtes.montrées, SizeIs(2));
+  EXPECT_EQ(k("LBL_Pays").texte + k("TXT_INFOS").texte, "");
+  presser_bouton("BTN_quit");
+  EXPECT_FALSE(f().ouverte);
 }
 
 TEST_F(CardEditor, ATitleOf651CharactersIsRefusedToo) {

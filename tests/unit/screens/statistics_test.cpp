@@ -7,7 +7,7 @@
 #include "platform/window_layout.h"
 #include "screens/statistics_file.h"
 #include "support/fake_world.h"
-#include "support/limits.h"
+#include "support/refused_file.h"
 
 namespace ardane {
 namespace {
@@ -185,16 +185,26 @@ TEST_F(Statistics, RowsOfATableGoWithIt) {
 }
 
 TEST_F(Statistics, AShortTableShowsNoBarButTheProvincesKeepThatOfTheTableBefore) {
-  ne_jouer_qu_avec(5);
+  ne_jouer_qu_avec(9);
   EXPECT_FALSE(k("BarreVerticale").visible);
-  m.g().VillesEnJeu = 0;
-  montrer("BoutonRégions");
-  EXPECT_FALSE(k("BarreVerticale").visible);
-  k("BarreVerticale").visible = true;
+  montrer("BoutonVilles");
+  ASSERT_GT(g().VillesEnJeu, 18);
+  EXPECT_TRUE(k("BarreVerticale").visible);
   montrer("BoutonProvinces");
   EXPECT_TRUE(k("BarreVerticale").visible) << "a quirk: nobody hides it here";
+  EXPECT_FALSE(k("NomProvince", 9).texte.empty());
   montrer("BoutonRégions");
   EXPECT_FALSE(k("BarreVerticale").visible);
+}
+
+TEST_F(Statistics, TheBarThatStaysMovesTheShortTableOutOfTheTop) {
+  ne_jouer_qu_avec(9);
+  montrer("BoutonVilles");
+  montrer("BoutonProvinces");
+  fixer_valeur(k("BarreVerticale"), 2);
+  EXPECT_EQ(k("NomProvince", 1).texte, g().TableProvinces(3).nom);
+  EXPECT_EQ(k("NomProvince", 7).texte, g().TableProvinces(9).nom);
+  EXPECT_EQ(k("NomProvince", 8).texte, g().TableProvinces(8).nom) << "rows below the last keep their texts";
 }
 
 TEST_F(Statistics, AfterTheFileIsWrittenScrollingReadsTheOrderOfTheTowns) {
@@ -214,6 +224,18 @@ TEST_F(Statistics, AfterTheFileIsWrittenScrollingReadsTheOrderOfTheTowns) {
 TEST_F(Statistics, ATownsNumberBeyondTheTableOfProvincesIsAFatalError) {
   g().TableVilles(200).points_perdus = 9;
   f();
+  montrer("BoutonSauvegarde");
+  EXPECT_THROW(
+      {
+        fixer_valeur(k("BarreVerticale"), 1);
+        fixer_valeur(k("BarreVerticale"), 0);
+      },
+      ErreurFatale);
+}
+
+TEST_F(Statistics, ATownsNumberBeyondTheTableOfRegionsIsAFatalErrorToo) {
+  g().TableVilles(200).points_perdus = 9;
+  montrer("BoutonRégions");
   montrer("BoutonSauvegarde");
   EXPECT_THROW(
       {
@@ -279,16 +301,7 @@ TEST_F(StatisticsFile, ItsEndIsToldWithThePath) {
 }
 
 TEST_F(StatisticsFile, OneThatCannotBeWrittenIsToldAndTheOlderOneStays) {
-  écrire_fichier(fichier, "ancien");
-  {
-    const DisquePlein plein(100);
-    Ecrire_statistiques(m.c());
-  }
-  ASSERT_THAT(m.boîtes.montrées, SizeIs(1));
-  EXPECT_EQ(m.dernière_boîte().icône, Icône::exclamation);
-  EXPECT_EQ(m.dernière_boîte().titre, "Erreur");
-  EXPECT_EQ(m.dernière_boîte().texte, "Impossible d'écrire le fichier " + fichier);
-  EXPECT_EQ(lire_fichier(fichier), "ancien");
+  attendre_refus_d_écrire(m, fichier, [this] { Ecrire_statistiques(m.c()); });
 }
 
 TEST_F(StatisticsFile, TownsOfEqualPointsStandInTableOrder) {

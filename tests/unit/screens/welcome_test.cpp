@@ -91,6 +91,15 @@ TEST_F(Welcome, AWiderModeOf8BitsIsIgnored) {
   EXPECT_EQ(m.g().Modes_écran(0).couleurs, 8);
 }
 
+TEST_F(Welcome, OfModesThatAllHave8BitsOrANegativeSizeNoneIsKept) {
+  for (const Mode_écran &mode : {Mode_écran{1600, 1200, 8}, Mode_écran{-1600, -1200, 32}}) {
+    régler_écran(640, 480, 32, std::vector<Mode_écran>(40, mode));
+    EXPECT_EQ(m.g().Nombre_modes, 36);
+    EXPECT_EQ(m.g().Modes_écran(0).largeur, 640);
+    EXPECT_EQ(conseil(), "");
+  }
+}
+
 TEST_F(Welcome, TheWidestThenTheDeepestThenTheFirstModeIsTold) {
   régler_écran(640, 480, 16,
                {{800, 1, 32}, {1024, 2, 16}, {1024, 3, 32}, {1024, 4, 32}, {1000, 5, 32}, {-1, -1, 32}});

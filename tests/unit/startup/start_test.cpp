@@ -216,6 +216,23 @@ TEST_F(Start, ARefusedClosingLeavesTheSystemSoundsSilentAndPlayGoesOn) {
   EXPECT_EQ(m.g().Etape, étape_provinces);
 }
 
+class RegistreSourd : public RegistreMémoire {
+ public:
+  bool écrire(std::string_view, std::string_view, std::string_view) override { return false; }
+};
+
+TEST_F(Start, ARegistryThatKeepsNothingIsNoHindranceFromStartToEnd) {
+  MondeScripté monde(options_factices(), m, m);
+  monde.registre = std::make_unique<RegistreSourd>();
+  for (const char *clé : {"SystemExclamation", "SystemAsterisk", "SystemHand", "SystemQuestion"})
+    monde.registre->créer(std::string(R"(HKEY_CURRENT_USER\AppEvents\Schemes\Apps\.Default\)") + clé +
+                          R"(\.current)");
+  Programme autre(monde.monde(), ressources_du_programme(), m.dossier.chemin());
+  ASSERT_TRUE(autre.Démarrage(m.dossier.chemin()));
+  autre.principale().demande_de_fermeture();
+  EXPECT_FALSE(autre.en_cours());
+}
+
 TEST_F(Start, EveryStartHasTheSoundOn) {
   m.démarrer();
   cliquer(m.e(), m.e().menu("MenuSon"));

@@ -56,7 +56,7 @@ void vérifier_texte(const std::string &texte) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *octets, std::size_t taille) {
   using namespace ardane;
   const std::string fichier = en_fichier(octets, taille);
-  for (const int numéro : {1, 2, 3, 110}) vérifier_carte(fichier, numéro);
+  for (const int numéro : {1, 2, 4}) vérifier_carte(fichier, numéro);
   vérifier_texte(fichier);
   return 0;
 }

@@ -6,6 +6,16 @@
 
 namespace ardane {
 
+namespace {
+
+/// True for those that leave, in the order of their places in memory, and for what lies in them.
+bool part_avec(const std::vector<const Contrôle *> &partants, const Contrôle &contrôle) {
+  return std::ranges::binary_search(partants, &contrôle) ||
+         (contrôle.conteneur != nullptr && part_avec(partants, *contrôle.conteneur));
+}
+
+}  // namespace
+
 std::string_view nom_genre(Genre genre) {
   switch (genre) {
     case Genre::image: return "image";
@@ -32,29 +42,37 @@ Contrôle &Fenêtre::ajouter(Contrôle contrôle) {
 }
 
 void Fenêtre::retirer(Contrôle &contrôle) {
-  if (contrôle.genre == Genre::menu)
-    throw ErreurFatale("Entrée de menu retirée : " + contrôle.nom, Lieu::ici());
-  std::vector<Contrôle *> contenus;
-  for (Contrôle &autre : contrôles_)
-    if (autre.conteneur == &contrôle) contenus.push_back(&autre);
-  for (Contrôle *contenu : contenus) retirer(*contenu);
-
-  const auto place =
-      std::find_if(contrôles_.begin(), contrôles_.end(), [&](const Contrôle &c) { return &c == &contrôle; });
-  if (place == contrôles_.end())
-    throw ErreurFatale("Contrôle étranger à la fenêtre : " + contrôle.nom, Lieu::ici());
-  retirés_.splice(retirés_.end(), contrôles_, place);
-  ++révision_;
-  contrôle.retiré = true;
-  contrôle.clic = contrôle.double_clic = contrôle.entrée = contrôle.changement = contrôle.perte_du_focus = {};
-  oublier_liens(contrôle);
+  Contrôle *const partant = &contrôle;
+  retirer({&partant, 1});
 }
 
-void Fenêtre::oublier_liens(const Contrôle &retiré) {
-  for (Contrôle **lien : {&focus, &bouton_défaut, &bouton_annulation})
-    if (*lien == &retiré) *lien = nullptr;
-  for (Contrôle &autre : contrôles_)
-    if (autre.étiquette == &retiré) autre.étiquette = nullptr;
+void Fenêtre::retirer(std::span<Contrôle *const> partants) {
+  for (const Contrôle *partant : partants)
+    if (partant->genre == Genre::menu)
+      throw ErreurFatale("Entrée de menu retirée : " + partant->nom, Lieu::ici());
+  std::vector<const Contrôle *> triés(partants.begin(), partants.end());
+  std::ranges::sort(triés);
+  const auto part = [&](const Contrôle &c) { return std::ranges::binary_search(triés, &c); };
+  if (std::ranges::count_if(contrôles_, part) != std::ssize(triés))
+    throw ErreurFatale("Contrôle étranger à la fenêtre : " + partants.front()->nom, Lieu::ici());
+
+  for (auto place = contrôles_.begin(); place != contrôles_.end();) {
+    const auto ici = place++;
+    if (!part_avec(triés, *ici)) continue;
+    ici->retiré = true;
+    ici->clic = ici->double_clic = ici->entrée = ici->changement = ici->perte_du_focus = {};
+    retirés_.splice(retirés_.end(), contrôles_, ici);
+  }
+  ++révision_;
+  oublier_liens_aux_retirés();
+}
+
+void Fenêtre::oublier_liens_aux_retirés() {
+  const auto oublier = [](Contrôle *&lien) {
+    if (lien != nullptr && lien->retiré) lien = nullptr;
+  };
+  for (Contrôle **lien : {&focus, &bouton_défaut, &bouton_annulation}) oublier(*lien);
+  for (Contrôle &contrôle : contrôles_) oublier(contrôle.étiquette);
 }
 
 Contrôle *Fenêtre::chercher(std::string_view nom_contrôle) {

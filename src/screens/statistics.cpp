@@ -133,14 +133,14 @@ void Stats::montrer(Tableau tableau) {
 }
 
 void Stats::quitter_tableau() {
+  std::vector<Contrôle *> partants;
   for (const Colonne colonne : colonnes(tableau_)) {
     std::vector<Contrôle *> &lignes = cellules(colonne);
-    while (lignes.size() > 1) {
-      retirer(*lignes.back());
-      lignes.pop_back();
-    }
+    partants.insert(partants.end(), lignes.begin() + 1, lignes.end());
+    lignes.resize(1);
     lignes.front()->visible = false;
   }
+  retirer(partants);
 }
 
 void Stats::montrer_entêtes() {

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "platform/fatal_error.h"
 
 namespace ardane {
@@ -125,6 +127,34 @@ TEST_F(WindowsAsData, AControlTakenOffLeavesNothingThatPointsAtIt) {
   EXPECT_FALSE(dedans.clic);
   fenêtre.oublier_retirés();
   EXPECT_EQ(fenêtre.chercher("dedans"), nullptr);
+}
+
+TEST_F(WindowsAsData, ManyTakenOffAtOnceGoWithWhatLiesInThemAndTheOthersStayInTheirOrder) {
+  Contrôle &cadre = ajouter("cadre", Genre::cadre);
+  Contrôle &premier = ajouter("premier", Genre::bouton);
+  Contrôle &reste = ajouter("reste", Genre::texte);
+  Contrôle &dedans = ajouter("dedans", Genre::bouton);
+  Contrôle &dernier = ajouter("dernier", Genre::bouton);
+  dedans.conteneur = &cadre;
+  reste.étiquette = fenêtre.focus = &premier;
+  fenêtre.retirer(std::array{&premier, &cadre});
+  EXPECT_TRUE(cadre.retiré && premier.retiré && dedans.retiré);
+  EXPECT_FALSE(reste.retiré || dernier.retiré);
+  EXPECT_EQ(reste.étiquette, nullptr);
+  EXPECT_EQ(fenêtre.focus, nullptr);
+  EXPECT_EQ(&fenêtre.contrôles().front(), &reste);
+  EXPECT_EQ(&fenêtre.contrôles().back(), &dernier);
+  fenêtre.retirer(std::span<Contrôle *const>());
+  EXPECT_EQ(fenêtre.contrôles().size(), 2U);
+}
+
+TEST_F(WindowsAsData, OfManyNoneIsTakenOffWhereOneCannotBe) {
+  Fenêtre autre("autre");
+  Contrôle &étranger = autre.ajouter({.nom = "étranger"});
+  Contrôle &bouton = ajouter("bouton", Genre::bouton);
+  EXPECT_THROW(fenêtre.retirer(std::array{&bouton, &étranger}), ErreurFatale);
+  EXPECT_FALSE(bouton.retiré || étranger.retiré);
+  EXPECT_EQ(fenêtre.contrôles().size(), 1U);
 }
 
 TEST_F(WindowsAsData, MenuEntriesStayAndSoDoTheControlsOfOthers) {

@@ -6,6 +6,7 @@
 #include "core/chooser_modes.h"
 #include "core/resources.h"
 #include "persistence/folders.h"
+#include "persistence/information_file.h"
 #include "persistence/registry.h"
 #include "platform/window_layout.h"
 #include "support/fake_world.h"
@@ -251,6 +252,20 @@ TEST_F(FolderChooser, OkTakesTheFolderOfTheInformationFile) {
   EXPECT_EQ(m.g().Fichiers_info(1), zoo + "/ARDANE.INF");
   EXPECT_EQ(m.g().Répertoire_sauvegarde, sauvegarde);
   EXPECT_EQ(m.c().dossier.chemin(), "/");
+}
+
+TEST_F(FolderChooser, AFolderThatHoldsCardsAlreadyIsTakenWithThem) {
+  const std::string fiches = jeux + "/zoo/ARDANE.INF";
+  std::string octets;
+  Placer_fiche(octets, 1, {"Titre", "Un mot du zoo"});
+  écrire_fichier(fiches, octets);
+  m.g().Mode_sélection = choix_dossier_information;
+  m.g().Répertoire_info = jeux;
+  ouvrir_dossier("zoo");
+  ok();
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  EXPECT_EQ(lire_fichier(fiches), octets);
+  EXPECT_EQ(Lire_fiche_information(m.c(), 1)->texte, "Un mot du zoo");
 }
 
 TEST_F(FolderChooser, OkMakesTheNamedFolderAndTakesIt) {

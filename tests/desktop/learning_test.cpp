@@ -4,9 +4,14 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTest>
+#include <fstream>
+#include <sstream>
 
+#include "front/qt/demonstration/mouse.h"
 #include "map/main_window.h"
 #include "persistence/information_file.h"
 #include "program_test.h"
@@ -27,6 +32,12 @@ class LearningTest : public ProgramTest {
       if (frame->objectName() == QString::fromStdString(window))
         return frame->findChild<Widget *>(QString::fromStdString(name));
     return nullptr;
+  }
+  static void drag_to_the_end(QScrollBar &bar) {
+    const QPoint thumb(bar.width() / 2, 20), below(bar.width() / 2, bar.height() * 2);
+    QTest::mousePress(&bar, Qt::LeftButton, {}, thumb);
+    QTest::mouseMove(&bar, below);
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, below);
   }
   std::string shown_on_map(int town) {
     return ressources_du_programme().images.nom(repère(desktop().programme().principale(), town).image);
@@ -109,6 +120,53 @@ TEST_F(LearningTest, ATextThatIsTooLongIsRefusedAndStaysInTheEditor) {
   EXPECT_EQ(text_of_card(1), "court");
 }
 
+TEST_F(LearningTest, TheEditorsArrowsAndItsCloseControlWorkByMouse) {
+  std::vector<std::string> titles;
+  order().choose("menu_paramétrer", "MenuFicheur");
+  for (const char *arrow : {"BTN_Down", "BTN_Left", "BTN_Up", "BTN_Right"}) {
+    order().click(arrow);
+    order().then([&] { titles.push_back(widget<QLineEdit>("Edition", "LBL_Pays")->text().toStdString()); });
+  }
+  order().then([&] { widget("Edition", "LBL_Pays")->window()->close(); });
+  play();
+  std::vector<std::string> expected;
+  for (const int p : {110, 109, 1, 2}) expected.push_back("Département : " + state().TableProvinces(p).nom);
+  EXPECT_EQ(titles, expected);
+}
+
+TEST_F(LearningTest, ACloseControlLeavesTheEditorOpenOverACardThatCannotBeWritten) {
+  bool open = false;
+  order().choose("menu_paramétrer", "MenuFicheur");
+  order().fill_in("TXT_INFOS", QString(700, QLatin1Char('x')));
+  order().then([&] { widget("Edition", "LBL_Pays")->window()->close(); });
+  order().answer(Réponse::ok);
+  order().then([&] { open = widget("Edition", "LBL_Pays")->isVisible(); });
+  order().fill_in("TXT_INFOS", QStringLiteral("court"));
+  order().then([&] { widget("Edition", "LBL_Pays")->window()->close(); });
+  play();
+  EXPECT_TRUE(open);
+  EXPECT_EQ(text_of_card(1), "court");
+}
+
+TEST_F(LearningTest, AFileOfEveryByteIsGoneThroughInTheEditorAndStaysAsItIs) {
+  std::string bytes;
+  for (int slot = 0; slot < 110; ++slot) {
+    std::string card("\0\0\x86\x02", 4);
+    for (int i = 0; i < 646; ++i) card.push_back(static_cast<char>(slot * 7 + i));
+    bytes += card;
+  }
+  const std::filesystem::path file = folder.path() / "ARDANE.INF";
+  std::ofstream(file, std::ios::binary) << bytes;
+  order().choose("menu_paramétrer", "MenuFicheur");
+  for (int card = 2; card <= 20; ++card) order().click("BTN_Right");
+  order().click("BTN_quit");
+  play();
+  std::ostringstream after;
+  after << std::ifstream(file, std::ios::binary).rdbuf();
+  EXPECT_EQ(after.str(), bytes);
+  EXPECT_TRUE(script().told.empty());
+}
+
 TEST_F(LearningTest, AColourChosenByMouseIsThatOfEveryMarker) {
   order().choose("menu_paramétrer", "MenuCouleurPréfectures");
   order().click("ChoixCouleur(14)");
@@ -117,6 +175,35 @@ TEST_F(LearningTest, AColourChosenByMouseIsThatOfEveryMarker) {
   play();
   EXPECT_EQ(shown_on_map(1), "ChoixCouleur(14)");
   EXPECT_EQ(shown_on_map(330), "ChoixCouleur(40)");
+}
+
+TEST_F(LearningTest, ThePaletteIsLeftWithoutAChoiceByAClickOnItsPicture) {
+  const std::string before = shown_on_map(1);
+  order().choose("menu_paramétrer", "MenuCouleurPréfectures");
+  order().click("BoutonFermeture");
+  play();
+  EXPECT_EQ(shown_on_map(1), before);
+}
+
+TEST_F(LearningTest, ThePaletteIsClosedByNothingElse) {
+  bool open = false;
+  order().choose("menu_paramétrer", "MenuCouleurPréfectures");
+  order().then([&] { widget("Palette", "BoutonFermeture")->window()->close(); });
+  for (const Qt::Key key : {Qt::Key_F4, Qt::Key_Backspace, Qt::Key_A}) order().press(key);
+  order().then([&] { open = widget("Palette", "BoutonFermeture")->isVisible(); });
+  order().press(Qt::Key_Escape);
+  play();
+  EXPECT_TRUE(open);
+}
+
+TEST_F(LearningTest, BothListsAreWrittenByMouse) {
+  order().choose("Menu_réviser", "Menu_liste");
+  order().answer(Réponse::ok);
+  order().choose("Menu_réviser", "Menu_liste_souspréf");
+  order().answer(Réponse::ok);
+  play();
+  for (const char *list : {"ARDANE.TXT", "ARDANE_SP.TXT"})
+    EXPECT_GT(std::filesystem::file_size(folder.path() / list), 5'000U);
 }
 
 TEST_F(LearningTest, AColourIsChosenByKeysAloneAndEscapeLeavesWithoutOne) {
@@ -173,7 +260,7 @@ TEST_F(LearningTest, TheStatisticsOfAGameLeftAreLookedThroughAndWritten) {
     points = widget<QLabel>("Stats", "PerteProvinces(1)")->text().toStdString();
   });
   order().click("BoutonVilles");
-  order().then([&] { widget<QScrollBar>("Stats", "BarreVerticale")->setValue(312); });
+  order().then([&] { drag_to_the_end(*widget<QScrollBar>("Stats", "BarreVerticale")); });
   order().then([&] { last_town = widget<QLabel>("Stats", "NomColonne1(18)")->text().toStdString(); });
   order().click("BoutonSauvegarde");
   order().answer(Réponse::ok);
@@ -185,6 +272,35 @@ TEST_F(LearningTest, TheStatisticsOfAGameLeftAreLookedThroughAndWritten) {
   const Fiche_ville &ville = state().TableVilles(330);
   EXPECT_EQ(last_town, ville.nom + " (" + state().TableProvinces(ville.province).nom + ")");
   EXPECT_TRUE(std::filesystem::exists(folder.path() / "ARDA_STA.TXT"));
+}
+
+class WelcomeTest : public ProgramTest {
+ protected:
+  static QWidget *welcome() {
+    for (QWidget *window : QApplication::topLevelWidgets())
+      if (window->objectName() == QStringLiteral("Patience") && window->isVisible()) return window;
+    return nullptr;
+  }
+};
+
+TEST_F(WelcomeTest, ItStandsPaintedWhileTheProgramLoadsAndNothingClosesItBefore) {
+  bool open = false;
+  QColor letters;
+  order().accept();  // the reminder of a first start, before any window
+  order().then([&] {
+    ASSERT_NE(welcome(), nullptr);
+    press(*welcome(), Qt::Key_Escape);
+    click(*welcome());
+    welcome()->close();
+    open = welcome() != nullptr;
+    letters = welcome()->findChild<QLabel *>("Adresse")->palette().color(QPalette::WindowText);
+  });
+  order().accept();  // of the cards
+  start();
+  EXPECT_TRUE(open);
+  EXPECT_EQ(letters, QColor(0, 0, 255));
+  EXPECT_EQ(welcome(), nullptr);
+  EXPECT_TRUE(frame()->isVisible());
 }
 
 }  // namespace

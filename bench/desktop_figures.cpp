@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QTimer>
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -52,6 +53,8 @@ class Figures {
     chooser();
     scrolling();
     painting();
+    cards();
+    statistics();
   }
 
  private:
@@ -110,19 +113,66 @@ class Figures {
 
   void open_chooser(std::vector<double> &openings, std::vector<double> &choices) {
     auto *entry = desktop_.renderer().frame(main_)->findChild<QAction *>("Fichier_lire");
+    openings.push_back(in_window([&] { entry->trigger(); },
+                                 [&](QWidget &window) {
+                                   auto &list = *window.findChild<QListWidget *>("Fichier");
+                                   for (int row = 0; row < 5; ++row)
+                                     choices.push_back(timed([&] { click(list, *list.item(row)); }));
+                                   click(*window.findChild<QWidget *>("Bouton_annuler"));
+                                 }));
+  }
+
+  /// Opens a modal window, does something in it that closes it, and says how long it took to come up.
+  static double in_window(const std::function<void()> &open, const std::function<void(QWidget &)> &deed) {
     QElapsedTimer timer;
+    double opening = 0;
     settle();
     QTimer::singleShot(0, qApp, [&] {
       QWidget *window = QApplication::activeModalWidget();
       while (!window->isActiveWindow()) QApplication::processEvents();
       settle();
-      openings.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-      auto &list = *window->findChild<QListWidget *>("Fichier");
-      for (int row = 0; row < 5; ++row) choices.push_back(timed([&] { click(list, *list.item(row)); }));
-      click(*window->findChild<QWidget *>("Bouton_annuler"));
+      opening = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+      deed(*window);
     });
     timer.start();
-    entry->trigger();
+    open();
+    return opening;
+  }
+
+  void cards() {
+    g_.PartieVierge = true;
+    script_.player.choose("Menu_réviser", "Menu_révision");
+    script_.run();
+    std::vector<double> openings;
+    for (int p = 1; p <= 30; ++p) {
+      const QPoint pixel = free_place(desktop_.programme(), province(p)).value_or(QPoint());
+      openings.push_back(in_window([&] { click(view_, pixel); },
+                                   [](QWidget &window) { click(*window.findChild<QWidget *>("BTN_OK")); }));
+    }
+    print_row("Click on the map to the last damage of a card", openings, "ms");
+  }
+
+  void statistics() {
+    start_game(étape_villes);
+    for (int v = 1; v <= nombre_villes; ++v) g_.TableVilles(v).points_perdus = v * 53 % 211;
+    constexpr std::array tables = {"BoutonRégions", "BoutonVilles", "BoutonProvinces"};
+    std::array<std::vector<double>, tables.size()> shown, scrolled;
+    const double opening =
+        in_window([&] { desktop_.programme().contexte().plateforme.fenêtres.ouvrir_modale("Stats"); },
+                  [&](QWidget &window) {
+                    auto &bar = *window.findChild<QAbstractSlider *>("BarreVerticale");
+                    for (int round = 0; round < 30; ++round)
+                      for (std::size_t i = 0; i < tables.size(); ++i) {
+                        shown[i].push_back(timed([&] { click(*window.findChild<QWidget *>(tables[i])); }));
+                        for (const int row : {1, 0}) scrolled[i].push_back(timed([&] { bar.setValue(row); }));
+                      }
+                    click(*window.findChild<QWidget *>("Command1"));
+                  });
+    print_row("Statistics, opening to last damage", {opening}, "ms");
+    for (std::size_t i = 0; i < tables.size(); ++i) {
+      print_row((std::string("Click on ") + tables[i] + " to last damage").c_str(), shown[i], "ms");
+      print_row("One row of that table scrolled, to last damage", scrolled[i], "ms");
+    }
   }
 
   void scrolling() {

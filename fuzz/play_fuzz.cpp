@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "core/chooser_modes.h"
+#include "persistence/card_format.h"
 #include "persistence/folders.h"
 #include "persistence/score_file.h"
 #include "persistence/slot_file.h"
@@ -230,7 +231,11 @@ class Joueur {
         break;
       case 9: entrée_de_fichier(); break;
       case 10:
-        if (octets_.parmi(8) == 0) abîmer_une_partie();
+        switch (octets_.parmi(8)) {
+          case 0: abîmer_une_partie(); break;
+          case 1: abîmer_les_fiches(); break;
+          default: break;
+        }
         break;
       default: territoire(g.ProvinceCourante); break;
     }
@@ -321,13 +326,14 @@ class Joueur {
 
   /// Whatever a window offers, a few times: buttons, pictures, bars, texts.
   void toucher_à_tout(Fenêtre &f) {
+    ordre_des_villes_ = false;
     for (int i = octets_.parmi(8); i > 0 && f.ouverte; --i) {
       std::vector<Contrôle *> offerts;
       for (Contrôle &c : f.contrôles())
         if (est_utilisable(c) && prend_le_clavier(c)) offerts.push_back(&c);
       if (offerts.empty()) return;
       Contrôle &choisi = *offerts[static_cast<std::size_t>(octets_.parmi(static_cast<int>(offerts.size())))];
-      if (f.nom == "Stats" && choisi.nom == "BoutonSauvegarde") ordre_des_villes_ = true;
+      if (choisi.genre != Genre::barre) ordre_des_villes_ = choisi.nom == "BoutonSauvegarde";
       if (choisi.genre == Genre::barre)
         fixer_valeur(choisi, octets_.parmi(400));
       else if (choisi.genre == Genre::texte && !choisi.lecture_seule)
@@ -435,6 +441,22 @@ class Joueur {
     ++abîmées;
   }
 
+  /// A byte of the cards' file turned into another, or the file cut there.
+  void abîmer_les_fiches() {
+    const std::string &fichier = monde_.g().Fichiers_info(1);
+    std::string octets = lire_fichier(fichier);
+    if (octets.empty()) return;
+    const int parmi_les_premières = 8 * static_cast<int>(taille_de_fiche);
+    const auto place = static_cast<std::size_t>(
+        octets_.parmi(std::min(static_cast<int>(octets.size()), parmi_les_premières)));
+    if (octets_.parmi(4) == 0)
+      octets.resize(place);
+    else
+      octets[place] = static_cast<char>(octets_.octet());
+    écrire_fichier(fichier, octets);
+    ++abîmées;
+  }
+
   // --- What must always hold
 
   void vérifier(int score, bool jouait) {
@@ -512,7 +534,7 @@ class Joueur {
 
   Octets octets_;
   MondeFactice monde_;
-  bool ordre_des_villes_ = false;             ///< the statistics have been written to their file
+  bool ordre_des_villes_ = false;             ///< written to its file, and no table shown since
   std::vector<std::string> fenêtres_;         ///< open modal windows, the lowest first
   std::map<std::string, GameState> parties_;  ///< saved games, undamaged, by their files
   Ordre_de_jeu ordre_en_vigueur_;             ///< that of play, whatever is being edited

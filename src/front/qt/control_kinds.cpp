@@ -127,8 +127,11 @@ void LabelView::fit_text(const QString &text, bool several_lines) {
     return area.width() <= wanted.size.width() &&
            area.height() <= std::max(wanted.size.height(), font.pixelSize());
   };
-  while (font.pixelSize() > smallest && !fits()) font.setPixelSize(font.pixelSize() - 1);
-  const bool fitted = fits();
+  bool fitted = fits();
+  while (!fitted && font.pixelSize() > smallest) {
+    font.setPixelSize(font.pixelSize() - 1);
+    fitted = fits();
+  }
   if (!fitted) font = designed;
   if (label().font() != font) label().setFont(font);
   label().setText(fitted ? text : shortened(text, QFontMetrics(font), wanted.size.width()));

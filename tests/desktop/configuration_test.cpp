@@ -22,6 +22,11 @@ using testing::ElementsAre;
 
 class ConfigurationTest : public ProgramTest {
  protected:
+  void SetUp() override { start(); }
+  void restart() {
+    end();
+    start();
+  }
   void edit() { order().choose("menu_paramétrer", "menu_définir"); }
   void look() { order().choose("menu_paramétrer", "Menu_affiche_paramètres"); }
   /// The box of a position and of a stage's row, both from 1.
@@ -46,6 +51,22 @@ class ConfigurationTest : public ProgramTest {
     for (int p = 1; p <= 30; ++p) order().click(province(p));
     order().click("BTN(1)");
     name_file(name);
+  }
+
+  /// The provinces and nothing else, kept as "Seules" but not for the next starts.
+  void make_provinces_alone() {
+    edit();
+    order().click("BTN_Démarrage");
+    order().click(box(2, regions));
+    order().click("BTN(1)");
+    name_file("Seules");
+  }
+  /// As far as the question whether that is meant.
+  void leave_five_out_unsaved() {
+    edit();
+    order().click(province(5));
+    order().click("BTN_Sauvegarde");
+    order().click("BTN(1)");
   }
 
   std::string path(const char *name) const { return texte_du_chemin(folder.path() / name); }
@@ -79,13 +100,11 @@ class ConfigurationTest : public ProgramTest {
 // --- Made, kept, used
 
 TEST_F(ConfigurationTest, MadeByMouseItIsUsedAtTheNextStart) {
-  start();
   make_class_configuration("Classe");
   play();
   EXPECT_EQ(state().Etape, étape_repos);
   EXPECT_TRUE(std::filesystem::exists(path("Classe.SCI")));
-  end();
-  start();
+  restart();
   EXPECT_EQ(state().Fichier_lancement, path("Classe.SCI"));
   EXPECT_THAT(stages(), ElementsAre(étape_villes, étape_drapeaux, aucun_jeu, aucun_jeu));
   EXPECT_EQ(switched_off(), 30);
@@ -103,7 +122,6 @@ TEST_F(ConfigurationTest, MadeByMouseItIsUsedAtTheNextStart) {
 }
 
 TEST_F(ConfigurationTest, TheRunThatMadeItGoesOnWithIt) {
-  start();
   make_class_configuration("Classe");
   look();
   play();
@@ -114,51 +132,37 @@ TEST_F(ConfigurationTest, TheRunThatMadeItGoesOnWithIt) {
 }
 
 TEST_F(ConfigurationTest, KeptButNotForTheNextStartsItMustBeReloaded) {
-  start();
-  edit();
-  order().click("BTN_Démarrage");
-  order().click(box(2, regions));
-  order().click("BTN(1)");
-  name_file("Seules");
+  make_provinces_alone();
   play();
-  end();
-  start();
+  restart();
   EXPECT_EQ(state().Fichier_lancement, path("ARDANE.SCI"));
   reload("Seules.SCI", Réponse::non);
   play();
   EXPECT_EQ(state().Fichier_lancement, path("Seules.SCI"));
   EXPECT_THAT(stages(), ElementsAre(étape_provinces, aucun_jeu, aucun_jeu, aucun_jeu));
-  end();
-  start();
+  restart();
   EXPECT_EQ(state().Fichier_lancement, path("ARDANE.SCI"));
   reload("Seules.SCI", Réponse::oui);
   play();
-  end();
-  start();
+  restart();
   EXPECT_EQ(state().Fichier_lancement, path("Seules.SCI"));
 }
 
 TEST_F(ConfigurationTest, TheMenuLeadsBackToTheDefaultFromTheNextStartOnToo) {
-  start();
   make_class_configuration("Classe");
   look();
   order().choose("menu_paramétrer", "Menu_défaut");
   play();
   EXPECT_EQ(state().Etape, étape_repos);
   EXPECT_FALSE(widget("LBL_param(1)")->isVisible());
-  end();
-  start();
+  restart();
   EXPECT_EQ(state().Fichier_lancement, path("ARDANE.SCI"));
   EXPECT_THAT(stages(), ElementsAre(étape_provinces, étape_régions, étape_villes, étape_drapeaux));
   EXPECT_EQ(switched_off(), 0);
 }
 
 TEST_F(ConfigurationTest, NotKeptItLastsUntilTheEndOfTheProgram) {
-  start();
-  edit();
-  order().click(province(5));
-  order().click("BTN_Sauvegarde");
-  order().click("BTN(1)");
+  leave_five_out_unsaved();
   order().answer(Réponse::non);
   play();
   EXPECT_EQ(state().Etape, étape_paramétrage_défini) << "he has thought better of it";
@@ -170,17 +174,12 @@ TEST_F(ConfigurationTest, NotKeptItLastsUntilTheEndOfTheProgram) {
   EXPECT_FALSE(is_ticked("BTN_Sauvegarde"));
   EXPECT_FALSE(is_ticked("BTN_Démarrage"));
   EXPECT_EQ(switched_off(), 1);
-  end();
-  start();
+  restart();
   EXPECT_EQ(switched_off(), 0);
 }
 
 TEST_F(ConfigurationTest, NotKeptAtFirstItCanBecomeAFileLater) {
-  start();
-  edit();
-  order().click(province(5));
-  order().click("BTN_Sauvegarde");
-  order().click("BTN(1)");
+  leave_five_out_unsaved();
   order().answer(Réponse::oui);
   edit();
   order().click("BTN_Sauvegarde");
@@ -190,33 +189,25 @@ TEST_F(ConfigurationTest, NotKeptAtFirstItCanBecomeAFileLater) {
       [] { EXPECT_EQ(QApplication::activeModalWidget()->focusWidget()->objectName(), "Nom_fichier"); });
   name_file("Sans la cinq");
   play();
-  end();
-  start();
+  restart();
   EXPECT_EQ(state().Fichier_lancement, path("Sans la cinq.SCI"));
   EXPECT_EQ(switched_off(), 1);
   EXPECT_TRUE(state().TableProvinces(5).inhibée);
 }
 
 TEST_F(ConfigurationTest, UnchangedItBecomesTheDefaultByATickAlone) {
-  start();
-  edit();
-  order().click("BTN_Démarrage");
-  order().click(box(2, regions));
-  order().click("BTN(1)");
-  name_file("Seules");
+  make_provinces_alone();
   look();
   edit();
   order().click("BTN_Démarrage");
   order().click("BTN(1)");
   play();
   EXPECT_EQ(state().Etape, étape_repos);
-  end();
-  start();
+  restart();
   EXPECT_EQ(state().Fichier_lancement, path("Seules.SCI"));
 }
 
 TEST_F(ConfigurationTest, ACancelledNameLeavesTheEditingAsItIs) {
-  start();
   edit();
   order().click(province(5));
   order().click(box(1, flags));
@@ -234,7 +225,6 @@ TEST_F(ConfigurationTest, ACancelledNameLeavesTheEditingAsItIs) {
 }
 
 TEST_F(ConfigurationTest, AProvinceIsSwitchedOffAndOnByClicks) {
-  start();
   edit();
   order().click(province(77));
   play();
@@ -251,7 +241,6 @@ TEST_F(ConfigurationTest, AProvinceIsSwitchedOffAndOnByClicks) {
 }
 
 TEST_F(ConfigurationTest, ALabelTicksTheBoxThatItStandsBeside) {
-  start();
   edit();
   order().click("LBL_param(11)");
   order().click("LBL_param(10)");
@@ -271,7 +260,6 @@ TEST_F(ConfigurationTest, ALabelTicksTheBoxThatItStandsBeside) {
 // --- Refused
 
 TEST_F(ConfigurationTest, APositionWhoseForerunnerIsEmptyIsRefused) {
-  start();
   edit();
   order().click(box(2, regions));
   order().click(box(3, towns));
@@ -281,7 +269,6 @@ TEST_F(ConfigurationTest, APositionWhoseForerunnerIsEmptyIsRefused) {
 }
 
 TEST_F(ConfigurationTest, AStageThatIsPlayedBeforeIsRefused) {
-  start();
   edit();
   order().click(box(3, provinces));
   play();
@@ -290,7 +277,6 @@ TEST_F(ConfigurationTest, AStageThatIsPlayedBeforeIsRefused) {
 }
 
 TEST_F(ConfigurationTest, TheFirstPositionCannotBeEmptied) {
-  start();
   edit();
   order().click(box(1, provinces));
   play();
@@ -299,7 +285,6 @@ TEST_F(ConfigurationTest, TheFirstPositionCannotBeEmptied) {
 }
 
 TEST_F(ConfigurationTest, AStageTakenForwardIsTakenFromItsOldPosition) {
-  start();
   edit();
   order().click(box(2, flags));
   play();
@@ -308,7 +293,6 @@ TEST_F(ConfigurationTest, AStageTakenForwardIsTakenFromItsOldPosition) {
 }
 
 TEST_F(ConfigurationTest, WithoutAnyProvinceItIsRefused) {
-  start();
   edit();
   for (int p = 1; p <= nombre_provinces; ++p) order().click(province(p));
   order().click("BTN(1)");
@@ -328,7 +312,7 @@ TEST_F(ConfigurationTest, WithoutAnyProvinceItIsRefused) {
 class ConfigurationByKeys : public ConfigurationTest {
  protected:
   void SetUp() override {
-    start();
+    ConfigurationTest::SetUp();
     ASSERT_TRUE(QTest::qWaitForWindowActive(frame()));
   }
   QMenuBar &menu_bar() { return *widget<QMenuBar>("barre_de_menus"); }

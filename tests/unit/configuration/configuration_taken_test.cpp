@@ -16,7 +16,17 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::IsSupersetOf;
 
-using ConfigurationTaken = AvecPanneau;
+class ConfigurationTaken : public AvecPanneau {
+ protected:
+  /// The player gives the file that name when he is asked for one; its path.
+  std::string nommer_au_choix(const std::string &nom) {
+    m.façade.joueur = [nom](Fenêtre &f) {
+      saisir(contrôle(f, "Nom_fichier"), nom);
+      cliquer(f, contrôle(f, "Bouton_OK"));
+    };
+    return m.dossier.fichier(nom + ".SCI");
+  }
+};
 
 // --- OK: what cannot be played
 
@@ -215,11 +225,7 @@ TEST_F(ConfigurationTaken, AfterACancelledChooserTheSameChangesAreStillChanges) 
 }
 
 TEST_F(ConfigurationTaken, ASavedConfigurationIsInForceAndTheModeIsLeft) {
-  const std::string nord = m.dossier.fichier("nord.SCI");
-  m.façade.joueur = [&](Fenêtre &f) {
-    saisir(contrôle(f, "Nom_fichier"), "nord");
-    cliquer(f, contrôle(f, "Bouton_OK"));
-  };
+  const std::string nord = nommer_au_choix("nord");
   donner_scores();
   définir();
   cliquer_province(57);
@@ -284,11 +290,7 @@ TEST_F(ConfigurationTaken, WithoutChangesOnlyWhatIsAskedForIsDone) {
 }
 
 TEST_F(ConfigurationTaken, TheTemporaryConfigurationBecomesAFileWithItsScores) {
-  const std::string nord = m.dossier.fichier("nord.SCI");
-  m.façade.joueur = [&](Fenêtre &f) {
-    saisir(contrôle(f, "Nom_fichier"), "nord");
-    cliquer(f, contrôle(f, "Bouton_OK"));
-  };
+  const std::string nord = nommer_au_choix("nord");
   donner_scores();
   utiliser("~tmp.~ci");
   définir();

@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 #include <fstream>
 
+#include "front/qt/demonstration/mouse.h"
 #include "map/layout.h"
 #include "program_test.h"
 

@@ -39,9 +39,11 @@ class ProgramTest : public testing::Test {
     return *desktop_;
   }
   Script &script() {
-    if (script_ == nullptr) script_ = std::make_unique<Script>(desktop());
+    if (script_ == nullptr) script_ = std::make_unique<Script>(desktop(), hand());
     return *script_;
   }
+  /// What the player works the windows with.
+  virtual AutomaticPlayer::Hand hand() const { return AutomaticPlayer::Hand::mouse; }
   AutomaticPlayer &order() { return script().player; }
   GameState &state() { return desktop().programme().état(); }
   Ecran_principal &screen() { return desktop().programme().principale(); }

@@ -17,7 +17,8 @@ namespace ardane {
 ///     EXPECT_EQ(script.run(), "");
 class Script : public Plan {
  public:
-  explicit Script(Desktop &desktop) : player(desktop, *this), desktop_(desktop) {}
+  explicit Script(Desktop &desktop, AutomaticPlayer::Hand hand = AutomaticPlayer::Hand::mouse)
+      : player(desktop, *this, hand), desktop_(desktop) {}
 
   /// Runs until every order has been carried out and the map waits for the player again, and `until`, if it
   /// is given, is true; or until the program has ended. Returns why the player gave up; empty if he did not.

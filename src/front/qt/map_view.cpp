@@ -10,6 +10,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 #include "front/qt/appearance.h"
 
@@ -100,58 +101,67 @@ void MapView::sync_pictures() {
   layers_ = std::move(layers);
   damage_ &= viewport();
   unmade_ += damage_;
+  being_resized_ = {};
   update(scaled(damage_, context_.scale.value(), detail_for(ratio()) == Detail::single ? 0 : reach));
 }
 
-void MapView::compose() {
-  const Detail pictures = detail_for(ratio());
-  const int detail = pictures == Detail::single ? 1 : 2;
-  const QSize size = viewport().size() * detail;
-  if (composed_.size() != size) {
-    composed_ = QImage(size, QImage::Format_RGB32);
-    unmade_ = viewport();
-  }
-  if (unmade_.isEmpty()) return;
-  QPainter painter(&composed_);
-  painter.setClipRegion(scaled(unmade_, detail, 0));
-  painter.fillRect(composed_.rect(), palette().window());
+/// Paints the pictures, so many pixels for one of the data's, where a region of the viewport is.
+void MapView::compose(QPainter &painter, const QRegion &region, int detail) {
+  painter.setClipRegion(scaled(region, detail, 0));
+  painter.fillRect(scaled(region, detail, 0).boundingRect(), palette().window());
   for (const Layer &layer : layers_) {
-    if (!unmade_.intersects(layer.place)) continue;
+    if (!region.intersects(layer.place)) continue;
     const QRect place(layer.place.topLeft() * detail, layer.place.size() * detail);
-    const QPixmap &pixmap = context_.pictures.pixmap(layer.image, pictures);
+    const QPixmap &pixmap = context_.pictures.pixmap(layer.image, detail_for(ratio()));
     if (pixmap.size() == place.size())
       painter.drawPixmap(place.topLeft(), pixmap);
     else if (!pixmap.isNull())
       painter.drawPixmap(place, pixmap);
   }
-  unfiltered_ += unmade_;
-  unmade_ = {};
 }
 
-void MapView::filter() {
-  const QSize size = viewport().size() * ratio();
-  if (filtered_.size() != size) {
-    filtered_ = QImage(size, QImage::Format_RGB32);
-    unfiltered_ = viewport();
-  }
-  if (unfiltered_.isEmpty()) return;
-  QPainter painter(&filtered_);
+/// A part of the viewport from the pictures of twice the data's detail.
+QImage MapView::doubled(const QRegion &region) {
+  constexpr int detail = 2;
+  const QRect box = region.boundingRect();
+  QImage result(box.size() * detail, QImage::Format_RGB32);
+  QPainter painter(&result);
+  painter.translate(-box.topLeft() * detail);
+  compose(painter, region, detail);
+  return result;
+}
+
+/// The same in the screen's pixels.
+void MapView::filter(const QRegion &region) {
+  const QRegion seen = being_resized_.isNull() ? scaled(region, 1, 2 * reach) & viewport() : viewport();
+  const QRect box = seen.boundingRect();
+  const QImage source = being_resized_.isNull() ? doubled(seen) : being_resized_;
+  QPainter painter(&picture_);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.setClipRegion(scaled(unfiltered_, ratio(), reach));
-  painter.drawImage(QRectF(filtered_.rect()), composed_, QRectF(composed_.rect()));
-  unfiltered_ = {};
+  painter.setClipRegion(scaled(region, ratio(), reach));
+  const QRectF target(QPointF(box.topLeft()) * ratio(), QSizeF(box.size()) * ratio());
+  painter.drawImage(target, source, QRectF(source.rect()));
 }
 
 /// The viewport as the screen shows it, pixel by pixel.
 const QImage &MapView::picture() {
-  compose();
-  if (composed_.size() == viewport().size() * ratio()) {
-    filtered_ = {};
-    unfiltered_ = {};
-    return composed_;
+  const QSize size = viewport().size() * ratio();
+  if (picture_.size() != size) {
+    // A window that is dragged by its edge shows the same at many sizes.
+    if (!picture_.isNull() && being_resized_.isNull()) being_resized_ = doubled(viewport());
+    picture_ = QImage(size, QImage::Format_RGB32);
+    unmade_ = viewport();
   }
-  filter();
-  return filtered_;
+  const QRegion region = std::exchange(unmade_, {});
+  if (region.isEmpty()) return picture_;
+  const int whole = qRound(ratio());
+  if (whole <= 2 && qFuzzyCompare(ratio(), whole)) {
+    QPainter painter(&picture_);
+    compose(painter, region, whole);
+  } else {
+    filter(region);
+  }
+  return picture_;
 }
 
 void MapView::paintEvent(QPaintEvent *event) {
@@ -253,7 +263,8 @@ void MapView::show_cursor() {
 /// To a screen reader the map is what lies under the cursor. True for a key that asks about it.
 bool MapView::ask(const QKeyEvent &event) {
   const auto &question = event.key() == Qt::Key_O ? context_.guide.locate : context_.guide.sweep;
-  if ((event.key() != Qt::Key_O && event.key() != Qt::Key_T) || event.modifiers() != Qt::NoModifier) return false;
+  if ((event.key() != Qt::Key_O && event.key() != Qt::Key_T) || event.modifiers() != Qt::NoModifier)
+    return false;
   if (question) setAccessibleName(to_qt(question({cursor_.place().x(), cursor_.place().y()})));
   return true;
 }

@@ -74,8 +74,9 @@ class MapView : public QWidget {
   QRect cursor_pixel() const;
   QRect cursor_area() const;
 
-  void compose();
-  void filter();
+  void compose(QPainter &painter, const QRegion &region, int detail);
+  QImage doubled(const QRegion &region);
+  void filter(const QRegion &region);
   const QImage &picture();
 
   Contrôle &control_;
@@ -93,11 +94,10 @@ class MapView : public QWidget {
     QPoint scroll;
   };
   std::optional<Drag> drag_;
-  QPoint wheel_;     ///< of the mouse wheel, what has not made a pixel yet
-  QImage composed_;  ///< the viewport in the detail of its pictures
-  QImage filtered_;  ///< the viewport in the screen's pixels, unless those are the pictures' own
-  QRegion unmade_;   ///< what of the composed picture is out of date, in pixels of the data
-  QRegion unfiltered_;
+  QPoint wheel_;          ///< of the mouse wheel, what has not made a pixel yet
+  QImage picture_;        ///< the viewport in the screen's pixels
+  QImage being_resized_;  ///< all that it is filtered from, until the next picture changes
+  QRegion unmade_;        ///< what of it is out of date, in pixels of the data
 };
 
 }  // namespace ardane

@@ -208,12 +208,16 @@ class Figures {
 
   void rest(const char *what) {
     constexpr int seconds = 6;
-    settle();
+    let_pass(1);  // what the program puts off until the map is up
     const long before = voluntary_switches();
+    let_pass(seconds);
+    print_row(what, {static_cast<double>(voluntary_switches() - before) / seconds}, "a second");
+  }
+
+  static void let_pass(int seconds) {
     QEventLoop loop;
     QTimer::singleShot(seconds * 1000, &loop, &QEventLoop::quit);
     loop.exec();
-    print_row(what, {static_cast<double>(voluntary_switches() - before) / seconds}, "a second");
   }
 
   QWidget *control(const std::string &name) const {

@@ -77,7 +77,8 @@ void Desktop::frame_main_window() {
 
 /// The main window, as it goes from the screen.
 bool Desktop::eventFilter(QObject *, QEvent *event) {
-  if (event->type() == QEvent::Hide && screen_view_) memory_.keep(screen_view_->frame(), screen_view_->chosen_scale());
+  if (event->type() == QEvent::Hide && screen_view_)
+    memory_.keep(screen_view_->frame(), screen_view_->chosen_scale());
   return false;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -104,9 +105,14 @@ class Frame : public QWidget {
   int wheel_ = 0;  ///< eighths of a degree that have not made a step yet
 };
 
-/// The part of the desktop that a window may lie on.
+/// The monitor that holds most of a window, as far as windows may lie on it.
 QRect monitor_of(const QWidget &window) {
-  return window.screen()->availableGeometry();
+  const auto shared = [&](const QScreen *screen) {
+    const QRect part = screen->geometry() & window.frameGeometry();
+    return part.isEmpty() ? 0 : part.width() * part.height();
+  };
+  const QList<QScreen *> screens = QGuiApplication::screens();
+  return (*std::ranges::max_element(screens, {}, shared))->availableGeometry();
 }
 
 QRect moved_into(QRect window, QRect monitor) {

@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <numbers>
 #include <optional>
+#include <set>
+#include <utility>
 
 #include "core/game_state.h"
 #include "core/hit_test_table.h"
@@ -109,9 +111,38 @@ bool sur_la_carte(const Ecran_principal &e, Point lieu) {
   return lieu.x >= 0 && lieu.y >= 0 && lieu.x < e.image_région.largeur && lieu.y < e.image_région.hauteur;
 }
 
+/// True if the map's edge is seen from there, no province in between.
+bool voit_le_large(const Contexte &c, Point lieu) {
+  return std::ranges::any_of(directions, [&](const Direction &direction) {
+    Point ici = lieu;
+    while (sur_la_carte(c.principale, ici) && code_du_pixel(c.état, 0, ici.x, ici.y) == 0)
+      ici = {ici.x + direction.dx, ici.y + direction.dy};
+    return !sur_la_carte(c.principale, ici);
+  });
+}
+
+/// True if no way leads from there to the open without a province in between: the lakes are small.
+bool est_un_lac(const Contexte &c, Point lieu) {
+  if (voit_le_large(c, lieu)) return false;
+  std::set<std::pair<int, int>> vus;
+  std::vector<Point> à_voir{lieu};
+  for (std::size_t i = 0; i < à_voir.size(); ++i) {
+    constexpr std::size_t plus_grand_lac = 3000;
+    if (i > plus_grand_lac) return false;
+    for (const auto &[nom, dx, dy] : directions) {
+      const Point voisin{à_voir[i].x + dx, à_voir[i].y + dy};
+      const bool en_biais = dx != 0 && dy != 0;
+      if (en_biais || code_du_pixel(c.état, 0, voisin.x, voisin.y) != 0) continue;
+      if (vus.insert({voisin.x, voisin.y}).second) à_voir.push_back(voisin);
+    }
+  }
+  return true;
+}
+
 std::string mot(Ligne ligne) {
   switch (ligne) {
     case Ligne::côte: return "bord du pays";
+    case Ligne::rive: return "rive";
     case Ligne::limite_de_province: return "limite de province";
     case Ligne::limite_de_région: return "limite de région";
     case Ligne::aucune: break;
@@ -161,7 +192,8 @@ Repérage première_ligne(Contexte &c, Point lieu, const Direction &direction) {
     const Point ici{lieu.x + pas * direction.dx, lieu.y + pas * direction.dy};
     const int distance = kilomètres(pas * direction.dx, pas * direction.dy);
     if (!sur_la_carte(c.principale, ici)) return {"bord de la carte", distance};
-    if (const Ligne ligne = Ligne_franchie(c, avant, ici); ligne != Ligne::aucune) return {mot(ligne), distance};
+    if (const Ligne ligne = Ligne_franchie(c, avant, ici); ligne != Ligne::aucune)
+      return {mot(ligne), distance};
   }
 }
 
@@ -172,6 +204,7 @@ Vue_du_lieu Voir(Contexte &c, Point lieu) {
   Vue_du_lieu vue;
   const int province = code_du_pixel(c.état, 0, lieu.x, lieu.y);
   vue.terre = province != 0;
+  vue.lac = !vue.terre && est_un_lac(c, lieu);
   vue.en_jaune = vue.terre && e.Pays(province).visible;
   pour_chaque_repère(e, [&](const Contrôle &point) { vue.repère |= contient(point, e, lieu); });
   const Contrôle *nommé =
@@ -185,7 +218,7 @@ Ligne Ligne_franchie(Contexte &c, Point départ, Point arrivée) {
   Ecran_principal &e = c.principale;
   const int p = code_du_pixel(g, 0, départ.x, départ.y), q = code_du_pixel(g, 0, arrivée.x, arrivée.y);
   if (p == q) return Ligne::aucune;
-  if (p == 0 || q == 0) return Ligne::côte;
+  if (p == 0 || q == 0) return est_un_lac(c, p == 0 ? départ : arrivée) ? Ligne::rive : Ligne::côte;
   const int r = région_de(g, p), s = région_de(g, q);
   if (r != s && (e.Région(r).visible || e.Région(s).visible)) return Ligne::limite_de_région;
   return est_dessinée(e, p) || est_dessinée(e, q) ? Ligne::limite_de_province : Ligne::aucune;
@@ -199,7 +232,7 @@ std::string Décrire_lieu(Contexte &c, Point départ, Point arrivée) {
   if (vue.en_jaune)
     ajouter(phrase, "province en jaune");
   else
-    ajouter(phrase, vue.terre ? "terre" : "mer ou pays voisin");
+    ajouter(phrase, vue.terre ? "terre" : vue.lac ? "lac" : "mer ou pays voisin");
   return phrase;
 }
 
@@ -223,7 +256,8 @@ std::string Situer(Contexte &c, Point lieu) {
   else
     phrase = std::to_string(proche->distance) + " km au " + où + " de " + proche->nom;
   const auto bord = [&](const char *côté, double distance) {
-    ajouter(phrase, std::string("bord ") + côté + " de la carte à " + std::to_string(kilomètres(distance, 0)) + " km",
+    ajouter(phrase,
+            std::string("bord ") + côté + " de la carte à " + std::to_string(kilomètres(distance, 0)) + " km",
             " ; ");
   };
   bord("nord", lieu.y);
@@ -240,7 +274,8 @@ std::string Balayer(Contexte &c, Point lieu) {
     Repérage proche = première_ligne(c, lieu, directions.at(i));
     if (const auto &point = repères.at(i); point && point->distance < proche.distance) proche = *point;
     ajouter(phrase,
-            std::string(directions.at(i).nom) + " : " + proche.nom + ", " + std::to_string(proche.distance) + " km",
+            std::string(directions.at(i).nom) + " : " + proche.nom + ", " + std::to_string(proche.distance) +
+                " km",
             " ; ");
   }
   return phrase;

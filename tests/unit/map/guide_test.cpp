@@ -68,7 +68,8 @@ Frontière frontière(GameState &g, bool même_région) {
     for (int x = 0; x < 601; ++x) {
       const int p = code_du_pixel(g, 0, x, y), q = code_du_pixel(g, 0, x + 1, y);
       if (p == 0 || q == 0 || p == q) continue;
-      if ((g.TableProvinces(p).région == g.TableProvinces(q).région) == même_région) return {{x, y}, {x + 1, y}};
+      if ((g.TableProvinces(p).région == g.TableProvinces(q).région) == même_région)
+        return {{x, y}, {x + 1, y}};
     }
   throw std::runtime_error("a country without a border");
 }
@@ -84,6 +85,26 @@ TEST_F(Guide, TheCountrysEdgeIsToldWhenItIsCrossed) {
   jouer(étape_provinces, niveau_expert);
   const Point ici = dans(m.g(), 40);
   EXPECT_EQ(Décrire_lieu(m.c(), {5, 5}, ici), "bord du pays, terre");
+}
+
+TEST_F(Guide, ALakeIsToldAsOne) {
+  jouer(étape_provinces, niveau_expert);
+  int lacs = 0;
+  for (int y = 150; y < 250; ++y)
+    for (int x = 200; x < 320; ++x) {
+      if (code_du_pixel(m.g(), 0, x, y) != 0) continue;
+      ++lacs;
+      EXPECT_EQ(Décrire_lieu(m.c(), {x, y}, {x, y}), "lac");
+    }
+  EXPECT_GT(lacs, 100) << "the lakes in the north of the country";
+}
+
+TEST_F(Guide, ALakesShoreIsNotTheCountrysEdge) {
+  jouer(étape_provinces, niveau_expert);
+  Point rive{200, 150};
+  while (code_du_pixel(m.g(), 0, rive.x + 1, rive.y) != 0)
+    rive = rive.x == 319 ? Point{200, rive.y + 1} : Point{rive.x + 1, rive.y};
+  EXPECT_EQ(Ligne_franchie(m.c(), rive, {rive.x + 1, rive.y}), Ligne::rive);
 }
 
 TEST_F(Guide, ABorderIsToldWhereItIsDrawn) {
@@ -173,7 +194,8 @@ class GuideAtEveryLevel : public Guide, public testing::WithParamInterface<std::
     for (int r = 1; r <= nombre_régions; r += 5) m.g().TableRégions(r).trouvée = true;
     RedessinerCarte(m.c());
     for (Contrôle &image : m.e().contrôles())
-      if (image.visible && image.actif && image.clic && !image.infobulle.empty()) montrés.insert(image.infobulle);
+      if (image.visible && image.actif && image.clic && !image.infobulle.empty())
+        montrés.insert(image.infobulle);
   }
   /// Names of the country that the sentence holds and the map does not show.
   std::vector<std::string> trahis(const std::string &phrase) {
@@ -193,8 +215,8 @@ class GuideAtEveryLevel : public Guide, public testing::WithParamInterface<std::
 };
 
 TEST_P(GuideAtEveryLevel, NoPlaceIsToldByANameThatIsNotShownThere) {
-  for (int y = 0; y < 662; y += 3)
-    for (int x = 0; x < 602; x += 3) {
+  for (int y = 0; y < 662; y += 5)
+    for (int x = 0; x < 602; x += 5) {
       const Vue_du_lieu vue = Voir(m.c(), {x, y});
       if (vue.nom.empty()) continue;
       EXPECT_TRUE(montrés.contains(vue.nom)) << vue.nom;

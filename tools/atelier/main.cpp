@@ -1,8 +1,13 @@
-// atelier <data folder> <output folder>: draws the country and writes everything that the game shows, plays
-// and reads. Documents that show what was drawn go to the folder "docs" beside the output folder.
+// atelier <data folder> <output folder> [room...]: draws the country and writes everything that the game
+// shows, plays and reads. Documents that show what was drawn go to the folder "docs" beside the output
+// folder. With rooms named (chart, armorial, marks, voices) it draws those alone, for looking at, and leaves
+// the catalogue as it stands.
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <set>
+#include <string>
 
 #include "armorial/armorial.h"
 #include "chart/country_map.h"
@@ -13,10 +18,13 @@
 
 int main(int argc, char **argv) {
   namespace fs = std::filesystem;
-  if (argc != 3) {
-    std::cerr << "usage: atelier <data folder> <output folder>\n";
+  const std::set<std::string> known = {"chart", "armorial", "marks", "voices"};
+  const std::set<std::string> chosen(argv + std::min(argc, 3), argv + argc);
+  if (argc < 3 || !std::includes(known.begin(), known.end(), chosen.begin(), chosen.end())) {
+    std::cerr << "usage: atelier <data folder> <output folder> [chart|armorial|marks|voices]...\n";
     return 2;
   }
+  const auto draws = [&chosen](const char *room) { return chosen.empty() || chosen.contains(room); };
   try {
     const fs::path sortie = fs::absolute(argv[2]).lexically_normal();
     const fs::path images = sortie / "images";
@@ -25,12 +33,15 @@ int main(int argc, char **argv) {
     const auto données = atelier::lire_données(argv[1]);
     auto textes = données.messages;
     atelier::Catalogue catalogue;
-    atelier::dessiner_carte(données, images, catalogue, sortie / "ardane.pts", textes);
-    atelier::dessiner_armorial(données, images, catalogue, sortie.parent_path() / "docs");
-    atelier::dessiner_repères(images, catalogue);
-    atelier::écrire_sons(sortie);
-    catalogue.enregistrer(sortie / "images.txt");
-    atelier::écrire_textes(sortie / "textes.txt", textes);
+    if (draws("chart")) {
+      atelier::dessiner_carte(données, images, catalogue, sortie / "ardane.pts", textes);
+      atelier::écrire_textes(sortie / "textes.txt", textes);
+    }
+    if (draws("armorial"))
+      atelier::dessiner_armorial(données, images, catalogue, sortie.parent_path() / "docs");
+    if (draws("marks")) atelier::dessiner_repères(images, catalogue);
+    if (draws("voices")) atelier::écrire_sons(sortie);
+    if (chosen.empty()) catalogue.enregistrer(sortie / "images.txt");
   } catch (const std::exception &failure) {
     std::cerr << "atelier: " << failure.what() << '\n';
     return 1;

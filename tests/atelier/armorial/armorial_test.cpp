@@ -137,7 +137,7 @@ TEST(Armorial, EveryDivisionPieceAndArrangementCanBeDrawn) {
            "tiercé en pal d'or, d'azur et de gueules",
            "tranché dentelé d'or et d'azur",
            "taillé ondé d'or et d'azur",
-           "chaussé d'or et d'azur, à l'aigle de sable",
+           "d'or, chaussé d'azur, à l'aigle de sable",
            "d'or à la pile de gueules chargée d'une étoile d'or",
            "d'or à la pointe de gueules accompagnée de deux étoiles d'azur",
            "d'or au chevron engrêlé de gueules chargé de trois étoiles d'or",

@@ -67,8 +67,8 @@ TEST(Blazon, EveryDivisionOfTheField) {
       {"écartelé en sautoir d'or et d'azur", Partition::écartelé_en_sautoir, Ligne::droite, 0},
       {"tiercé en fasce d'or, d'azur et de gueules", Partition::tiercé_en_fasce, Ligne::droite, 0},
       {"tiercé en pal d'or, d'azur et de gueules", Partition::tiercé_en_pal, Ligne::droite, 0},
-      {"chapé d'or et d'azur", Partition::chapé, Ligne::droite, 0},
-      {"chaussé d'or et d'azur", Partition::chaussé, Ligne::droite, 0},
+      {"d'or, chapé d'azur", Partition::chapé, Ligne::droite, 0},
+      {"d'or chaussé d'azur", Partition::chaussé, Ligne::droite, 0},
       {"gironné d'or et d'azur", Partition::gironné, Ligne::droite, 8},
       {"gironné d'or et d'azur de dix pièces", Partition::gironné, Ligne::droite, 10},
       {"fascé d'or et d'azur", Partition::fascé, Ligne::droite, 6},
@@ -118,6 +118,11 @@ TEST(Blazon, DetailsHaveTinctures) {
   EXPECT_EQ(moulin.détails.at("habillé"), Émail::sable);
 }
 
+TEST(Blazon, AnAttitudeOfSeveralWordsAgreesInItsFirst) {
+  EXPECT_EQ(lire("d'or à la grenouille vue de dos d'azur").objets[0].émail, Émail::azur);
+  EXPECT_EQ(lire("d'or à deux lézards vus de dos d'azur").objets[0].nombre, 2);
+}
+
 TEST(Blazon, Arrangements) {
   EXPECT_EQ(lire("d'or à trois lions d'azur rangés en fasce").objets[0].disposition, Disposition::en_fasce);
   EXPECT_EQ(lire("d'or à trois lions d'azur en pal").objets[0].disposition, Disposition::en_pal);
@@ -127,6 +132,10 @@ TEST(Blazon, Arrangements) {
   EXPECT_EQ(lire("d'or à trois lions d'azur posés deux et un").objets[0].rangs, (std::vector{2, 1}));
   EXPECT_EQ(lire("d'or à six lions d'azur posés 3, 2 et 1").objets[0].rangs, (std::vector{3, 2, 1}));
   EXPECT_EQ(lire("d'or à trois lions d'azur mal ordonnés").objets[0].rangs, (std::vector{1, 2}));
+  const Objet fasce =
+      lire("d'or à la fasce d'azur, accompagnée de trois tours d'azur, deux et une, au chef d'azur")
+          .objets[0];
+  EXPECT_EQ(fasce.annexes[0].objet.rangs, (std::vector{2, 1}));
   EXPECT_EQ(lire("d'or au rocher de sable mouvant de la pointe").objets[0].disposition,
             Disposition::mouvant_de_la_pointe);
 }
@@ -180,6 +189,8 @@ TEST(Blazon, WhatCannotBeReadIsNamedWithItsPlace) {
       {"d'azur au sanglier rampant d'or", "expected a tincture at \"rampant\""},
       {"écartelé, aux 1 et 4 d'azur ; au 2 d'or", "a part of the field is missing at the end"},
       {"parti, au 1 d'azur ; au 3 d'or", "expected the number of a part at \"3\""},
+      {"d'or, chapé et d'azur", "expected a tincture at \"et\""},
+      {"d'or au lézard vu d'azur", "expected a tincture at \"vu\""},
       {"parti d'azur", "expected \"et\" at the end"},
       {"d'azur au lion d'or chargé d'une étoile de gueules", "only a piece can be charged"},
       {"d'azur au lion d'or soutenu d'une fasce d'or", "only a terrasse or a champagne can bear a charge"},

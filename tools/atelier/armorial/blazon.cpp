@@ -54,7 +54,7 @@ struct Nom_de_partition {
   /// Stripes when the blazon gives no number; 0 for a partition without number.
   int pièces;
 };
-constexpr std::array<Nom_de_partition, 16> partitions{{
+constexpr std::array<Nom_de_partition, 14> partitions{{
     {"parti", Partition::parti, 2, 0},
     {"coupé", Partition::coupé, 2, 0},
     {"tranché", Partition::tranché, 2, 0},
@@ -62,8 +62,6 @@ constexpr std::array<Nom_de_partition, 16> partitions{{
     {"écartelé", Partition::écartelé, 2, 0},
     {"gironné", Partition::gironné, 2, 8},
     {"tiercé", Partition::tiercé_en_fasce, 3, 0},
-    {"chapé", Partition::chapé, 2, 0},
-    {"chaussé", Partition::chaussé, 2, 0},
     {"fascé", Partition::fascé, 2, 6},
     {"palé", Partition::palé, 2, 6},
     {"bandé", Partition::bandé, 2, 6},
@@ -71,6 +69,12 @@ constexpr std::array<Nom_de_partition, 16> partitions{{
     {"chevronné", Partition::chevronné, 2, 6},
     {"échiqueté", Partition::échiqueté, 2, 6},
     {"losangé", Partition::losangé, 2, 6},
+}};
+
+/// Divisions that a plain field wears, told behind its tincture: "d'argent, chapé d'azur".
+constexpr std::array<std::pair<std::string_view, Partition>, 2> vêtements{{
+    {"chapé", Partition::chapé},
+    {"chaussé", Partition::chaussé},
 }};
 
 constexpr std::array<std::pair<std::string_view, Ligne>, 4> lignes{{
@@ -163,8 +167,22 @@ class Lecteur : private Mots_du_blason {
       if (!prendre("de") && !prendre("d'")) échouer("expected \"de\"");
       champ.semé = exiger_meuble(2).nom;
       champ.émail_du_semé = exiger_émail();
+    } else {
+      lire_vêtement(champ);
     }
     return champ;
+  }
+
+  void lire_vêtement(Champ &champ) {
+    const std::size_t retour = ici();
+    prendre(",");
+    for (const auto &[adjectif, partition] : vêtements)
+      if (prendre_adjectif(adjectif)) {
+        champ.partition = partition;
+        champ.émaux.push_back(exiger_émail());
+        return;
+      }
+    revenir(retour);
   }
 
   Champ lire_partition(const Nom_de_partition &nom) {
@@ -301,6 +319,16 @@ class Lecteur : private Mots_du_blason {
     return objet;
   }
 
+  /// The first word of an attitude agrees with the charge, the others stay as they are: "vue de dos".
+  bool prendre_attitude(std::string_view attitude) {
+    const auto suite = mots(attitude);
+    if (!s_accorde(mot(), suite.front())) return false;
+    for (std::size_t i = 1; i < suite.size(); ++i)
+      if (mot(i) != suite[i]) return false;
+    avancer(suite.size());
+    return true;
+  }
+
   void lire_adjectifs(Objet &objet, const Meuble *meuble) {
     for (;;) {
       if (!meuble) {
@@ -311,12 +339,10 @@ class Lecteur : private Mots_du_blason {
         }
         return;
       }
-      const auto attitude =
-          std::find_if(meuble->attitudes.begin(), meuble->attitudes.end(),
-                       [&](const std::string &candidat) { return s_accorde(mot(), candidat); });
-      if (attitude != meuble->attitudes.end())
-        avancer();
-      else if (prendre_adjectif("contourné"))
+      if (std::any_of(meuble->attitudes.begin(), meuble->attitudes.end(),
+                      [this](const std::string &candidat) { return prendre_attitude(candidat); }))
+        continue;
+      if (prendre_adjectif("contourné"))
         objet.contourné = true;
       else if (prendre_adjectif("renversé"))
         objet.renversé = true;
@@ -357,7 +383,8 @@ class Lecteur : private Mots_du_blason {
 
   bool lire_disposition(Objet &objet) {
     const std::size_t retour = ici();
-    prendre(",");
+    // Rows alone may stand behind a comma: "trois sapins d'or, deux et un".
+    if (prendre(",") && lire_rangs(objet)) return true;
     if (prendre_adjectif("mouvant")) {
       if (!prendre_suite({"de", "la", "pointe"})) échouer("expected \"de la pointe\"");
       objet.disposition = Disposition::mouvant_de_la_pointe;
@@ -389,15 +416,16 @@ class Lecteur : private Mots_du_blason {
     const std::size_t retour = ici();
     std::vector<int> rangs;
     int somme = 0;
+    std::size_t fin = retour;
     do {
       const auto rang = prendre_nombre();
-      if (!rang) {
-        revenir(retour);
-        return false;
-      }
+      if (!rang) break;
       rangs.push_back(*rang);
       somme += *rang;
+      fin = ici();
     } while (prendre(",") || prendre("et"));
+    revenir(fin);
+    if (rangs.empty()) return false;
     if (somme != objet.nombre) échouer("the rows do not add up to the number of charges");
     objet.disposition = Disposition::en_rangs;
     objet.rangs = std::move(rangs);

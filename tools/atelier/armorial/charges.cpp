@@ -245,7 +245,8 @@ Meubles Meubles::lire(const std::filesystem::path &fichier) {
         meuble.largeur = ligne.nombre();
         meuble.hauteur = ligne.nombre();
       } else if (commande == "attitude") {
-        meuble.attitudes.push_back(ligne.mot());
+        const std::string premier = ligne.mot();
+        meuble.attitudes.push_back(premier + ligne.reste());
       } else if (commande == "détail") {
         const std::string nom = ligne.mot();
         meuble.détails[nom] = ligne.mot();

@@ -4,7 +4,8 @@
 //
 //   meuble|tour|tours|f       name, plural, gender (f or m)
 //   boîte 60 100              width and height of its drawing, x to the right, y downward from the top left
-//   attitude passant          an adjective that a blazon may add because the drawing is so
+//   attitude passant          words that a blazon may add because the drawing is so, the first of them an
+//                             adjective that agrees with the charge: "vu de dos"
 //   détail maçonné sable      a part that a blazon may give a tincture ("maçonnée d'or"), and its tincture
 //   else naturel #a0703c           the body's colour "au naturel" plein corps <shape>       a filled and
 //   outlined shape joint, jointe             like plein and branche, melted into the shape before uni maçonné

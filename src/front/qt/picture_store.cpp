@@ -34,18 +34,20 @@ PictureStore::PictureStore(const CatalogueImages &catalogue, QString folder)
   loaded_.fill(Loaded(catalogue.toutes().size() + 1));
 }
 
-QString PictureStore::file(Image image, bool doubled) const {
-  QString name = to_qt(catalogue_.fichier(image));
-  if (doubled) name.insert(name.lastIndexOf(QLatin1Char('.')), QLatin1String("@2x"));
-  return folder_ + QLatin1Char('/') + name;
+QString PictureStore::file(Image image) const {
+  return folder_ + QLatin1Char('/') + to_qt(catalogue_.fichier(image));
 }
 
 QPixmap PictureStore::load(Image image, Detail detail) const {
-  if (detail == Detail::single) return read_picture(file(image, false));
-  const QString path = file(image, true);
-  const QPixmap doubled = QFileInfo::exists(path) ? read_picture(path) : QPixmap();
-  if (!doubled.isNull()) return doubled;
-  const QPixmap single = read_picture(file(image, false));
+  const QString path = file(image);
+  if (detail == Detail::single) return read_picture(path);
+  const QFileInfo info(path);
+  const QString twice = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1String("@2x.");
+  for (const QString &suffix : {QStringLiteral("png"), info.suffix()}) {
+    const QPixmap doubled = QFileInfo::exists(twice + suffix) ? read_picture(twice + suffix) : QPixmap();
+    if (!doubled.isNull()) return doubled;
+  }
+  const QPixmap single = read_picture(path);
   return single.isNull() ? single : single.scaled(single.size() * 2);
 }
 
@@ -79,7 +81,7 @@ QStringList PictureStore::unreadable() const {
   QStringList names;
   for (const Image image : catalogue_.toutes()) {
     const std::optional<QPixmap> &loaded = loaded_.front()[image.rang];
-    if (loaded ? loaded->isNull() : !looks_like_picture(file(image, false)))
+    if (loaded ? loaded->isNull() : !looks_like_picture(file(image)))
       names.append(to_qt(catalogue_.nom(image)));
   }
   return names;

@@ -26,8 +26,9 @@ class PictureStore {
   /// `folder` holds the files that the catalogue names. The catalogue must outlive the store.
   PictureStore(const CatalogueImages &catalogue, QString folder);
 
-  /// The picture from its own file or, doubled, from the one with "@2x" before its suffix; where there is
-  /// none, enlarged from its own. A null pixmap for no picture, or for a file that is absent or no picture.
+  /// The picture from its own file or, doubled, from the one with "@2x.png" in place of its suffix or "@2x"
+  /// before it; where there is none, enlarged from its own. A null pixmap for no picture, or for a file that
+  /// is absent or no picture.
   const QPixmap &pixmap(Image image, Detail detail);
 
   /// The picture filtered to a size in the toolkit's pixels, on a screen of this device pixel ratio.
@@ -40,7 +41,7 @@ class PictureStore {
   QStringList unreadable() const;
 
  private:
-  QString file(Image image, bool doubled) const;
+  QString file(Image image) const;
   QPixmap load(Image image, Detail detail) const;
 
   const CatalogueImages &catalogue_;

@@ -7,6 +7,7 @@
 
 #include "files/catalogue.h"
 #include "files/data.h"
+#include "files/image_file.h"
 
 namespace content {
 namespace {
@@ -45,7 +46,9 @@ atelier::Grid<int> read_codes() {
 }
 
 atelier::Image picture(const std::string &file, int scale) {
-  return atelier::lire_gif(resources() / "images" / (scale == 1 ? file : atelier::fichier_double(file)));
+  const auto images = resources() / "images";
+  return scale == 1 ? atelier::lire_gif(images / file)
+                    : atelier::lire_image(images / atelier::fichier_double_en_png(file));
 }
 
 atelier::Cell corner_of(int row, int scale) {
@@ -53,13 +56,30 @@ atelier::Cell corner_of(int row, int scale) {
   return {leading_number(field.at(2)) * scale, leading_number(field.at(3)) * scale};
 }
 
+/// Where a layer shows its yellow the pixel is that province's. Under a line the nearest yellow decides: a
+/// line is two pixels wide, one on either side of the border; only where lines meet it takes more than a
+/// step.
 atelier::Grid<int> read_fine_codes() {
   atelier::Grid<int> grid(2 * map_width, 2 * map_height, 0);
+  atelier::Grid<int> lines(grid.width(), grid.height(), 0);
   for (int p = 1; p <= provinces; ++p) {
     const Layer layer = province_layer(p, 2, true);
     for (int y = 0; y < layer.image.height(); ++y)
-      for (int x = 0; x < layer.image.width(); ++x)
-        if (layer.image.at(x, y).a != 0) grid.at(layer.corner.x + x, layer.corner.y + y) = p;
+      for (int x = 0; x < layer.image.width(); ++x) {
+        const atelier::Pixel pixel = layer.image.at(x, y);
+        if (pixel.a < 128) continue;
+        ++lines.at(layer.corner.x + x, layer.corner.y + y);
+        if (pixel.r > 0) grid.at(layer.corner.x + x, layer.corner.y + y) = p;
+      }
+  }
+  for (int round = 0; round < 4; ++round) {
+    const atelier::Grid<int> before = grid;
+    for (std::size_t i = 0; i < grid.size(); ++i) {
+      if (grid[i] != 0 || lines[i] < (round == 0 ? 1 : 2)) continue;
+      const atelier::Cell c = grid.cell(i);
+      for (std::size_t k = 0; k < atelier::side_neighbours && grid[i] == 0; ++k)
+        grid[i] = before.near(c.x + atelier::neighbours[k].x, c.y + atelier::neighbours[k].y);
+    }
   }
   return grid;
 }

@@ -2,8 +2,12 @@
 // of the same shape.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdlib>
 #include <set>
+#include <utility>
 
 #include "content.h"
 
@@ -25,106 +29,227 @@ class Scales : public testing::TestWithParam<int> {
 
 INSTANTIATE_TEST_SUITE_P(Layers, Scales, testing::Values(1, 2));
 
-TEST(Layers, OpaquePixelsAreThoseOfThePointsFile) {
+/// Where a layer lies on the map, with every pixel asked for by its place there.
+class Laid {
+ public:
+  explicit Laid(Layer layer) : layer_(std::move(layer)) {}
+  atelier::Pixel at(int x, int y) const {
+    x -= layer_.corner.x;
+    y -= layer_.corner.y;
+    return layer_.image.contains(x, y) ? layer_.image.at(x, y) : atelier::transparent;
+  }
+  template <typename Visit>
+  void each_pixel(const Visit &visit) const {
+    for (int y = 0; y < layer_.image.height(); ++y)
+      for (int x = 0; x < layer_.image.width(); ++x) visit(layer_.corner.x + x, layer_.corner.y + y);
+  }
+
+ private:
+  Layer layer_;
+};
+
+const std::vector<Laid> &outlines(int scale) {
+  static const auto all = [] {
+    std::array<std::vector<Laid>, 2> result;
+    for (const int s : {1, 2})
+      for (int p = 0; p <= provinces; ++p)
+        result[static_cast<std::size_t>(s - 1)].emplace_back(p == 0 ? Layer{} : province_layer(p, s, false));
+    return result;
+  }();
+  return all[static_cast<std::size_t>(scale - 1)];
+}
+
+const Laid &outline(int province, int scale) {
+  return outlines(scale)[static_cast<std::size_t>(province)];
+}
+
+TEST(Layers, ATerritoryIsOpaqueAndOnlyItsLineLiesBeyondIt) {
   for (int p = 1; p <= provinces; ++p) {
-    const Layer layer = province_layer(p, 1, true);
-    int outside = 0;
-    for (const int code : codes()) outside += code == p ? 1 : 0;
-    for (int y = 0; y < layer.image.height(); ++y)
-      for (int x = 0; x < layer.image.width(); ++x) {
-        const bool opaque = layer.image.at(x, y).a != 0;
-        ASSERT_EQ(opaque, code_at(codes(), layer.corner.x + x, layer.corner.y + y) == p) << "province " << p;
-        outside -= opaque ? 1 : 0;
+    const Laid layer(province_layer(p, 1, true));
+    int missing = 0;
+    for (const int code : codes()) missing += code == p ? 1 : 0;
+    layer.each_pixel([&](int x, int y) {
+      const atelier::Pixel pixel = layer.at(x, y);
+      const int code = code_at(codes(), x, y);
+      if (code == p) {
+        ASSERT_EQ(pixel.a, 255) << "province " << p;
+        --missing;
+      } else if (pixel.a != 0) {
+        ASSERT_EQ(pixel, black) << "province " << p;
+        ASSERT_GT(code, p) << "the line between two provinces lies on the higher number";
       }
-    EXPECT_EQ(outside, 0) << "pixels of province " << p << " outside its layer";
+    });
+    EXPECT_EQ(missing, 0) << "pixels of province " << p << " outside its layer";
   }
 }
 
-TEST(Layers, ALayerIsNoLargerThanItsProvince) {
+TEST(Layers, ALayerHasAPixelOfRoomAroundItsProvince) {
   for (int p = 1; p <= provinces; ++p) {
     const Layer layer = province_layer(p, 1, true);
-    std::array<bool, 4> touched{};
+    std::array<int, 4> room{1 << 30, 1 << 30, 1 << 30, 1 << 30};
     for (int y = 0; y < layer.image.height(); ++y)
       for (int x = 0; x < layer.image.width(); ++x) {
-        if (layer.image.at(x, y).a == 0) continue;
-        touched[0] = touched[0] || x == 0;
-        touched[1] = touched[1] || y == 0;
-        touched[2] = touched[2] || x == layer.image.width() - 1;
-        touched[3] = touched[3] || y == layer.image.height() - 1;
+        if (code_at(codes(), layer.corner.x + x, layer.corner.y + y) != p) continue;
+        room[0] = std::min(room[0], x);
+        room[1] = std::min(room[1], y);
+        room[2] = std::min(room[2], layer.image.width() - 1 - x);
+        room[3] = std::min(room[3], layer.image.height() - 1 - y);
       }
-    for (const bool t : touched) EXPECT_TRUE(t) << "province " << p;
+    for (const int r : room) EXPECT_EQ(r, 1) << "province " << p;
   }
 }
 
 TEST_P(Scales, FillIsPaleYellowAndOutlineBlack) {
   for (int p = 1; p <= provinces; ++p) {
-    const Layer filled = province_layer(p, scale(), true);
-    const Layer outline = province_layer(p, scale(), false);
-    ASSERT_EQ(filled.image.width(), outline.image.width());
-    ASSERT_EQ(filled.image.height(), outline.image.height());
-    for (int y = 0; y < filled.image.height(); ++y)
-      for (int x = 0; x < filled.image.width(); ++x) {
-        const atelier::Pixel f = filled.image.at(x, y);
-        const atelier::Pixel o = outline.image.at(x, y);
-        ASSERT_TRUE(f.a == 0 || f == yellow || f == black) << "province " << p;
-        ASSERT_EQ(o.a != 0, f.a != 0 && f == black) << "province " << p;
-        ASSERT_TRUE(o.a == 0 || o == black) << "province " << p;
-      }
+    const Laid filled(province_layer(p, scale(), true));
+    filled.each_pixel([&](int x, int y) {
+      const atelier::Pixel f = filled.at(x, y);
+      const atelier::Pixel o = outline(p, scale()).at(x, y);
+      ASSERT_TRUE(o.a == 0 || (o.r == 0 && o.g == 0 && o.b == 0)) << "province " << p;
+      // The line is laid over the yellow in proportion to its opacity; half transparent pixels are line
+      // alone.
+      ASSERT_EQ(f.r, f.g) << "province " << p;
+      ASSERT_NEAR(f.b, f.r * 127 / 255, 1) << "province " << p;
+      if (f.a == 255)
+        ASSERT_NEAR(f.r, 255 - o.a, 2) << "province " << p;
+      else
+        ASSERT_NEAR(f.a, o.a, 2) << "province " << p;
+      if (scale() == 1) ASSERT_TRUE(f.a == 0 || f == yellow || f == black) << "province " << p;
+    });
   }
 }
 
-/// Every outline laid on the map together.
-atelier::Mask all_outlines(int scale) {
-  atelier::Mask drawn(map_width * scale, map_height * scale, 0);
+TEST_P(Scales, EveryOutlineIsClosed) {
   for (int p = 1; p <= provinces; ++p) {
-    const Layer layer = province_layer(p, scale, false);
-    for (int y = 0; y < layer.image.height(); ++y)
-      for (int x = 0; x < layer.image.width(); ++x)
-        if (layer.image.at(x, y).a != 0) drawn.at(layer.corner.x + x, layer.corner.y + y) = 1;
+    const Laid filled(province_layer(p, scale(), true));
+    const auto is_line = [&](int x, int y) { return outline(p, scale()).at(x, y).a >= 128; };
+    const auto is_inside = [&](int x, int y) { return filled.at(x, y).a == 255 && !is_line(x, y); };
+    int bare = 0;
+    int inside = 0;
+    filled.each_pixel([&](int x, int y) {
+      if (!is_inside(x, y)) return;
+      ++inside;
+      for (std::size_t k = 0; k < atelier::side_neighbours; ++k) {
+        const int nx = x + atelier::neighbours[k].x;
+        const int ny = y + atelier::neighbours[k].y;
+        bare += is_inside(nx, ny) || is_line(nx, ny) ? 0 : 1;
+      }
+    });
+    EXPECT_GT(inside, 200 * scale() * scale()) << "province " << p;
+    EXPECT_EQ(bare, 0) << "bare border of province " << p;
+  }
+}
+
+TEST(Layers, NeighboursDrawTheSameLine) {
+  long borders = 0;
+  for (int y = 0; y < map_height; ++y)
+    for (int x = 0; x < map_width; ++x)
+      for (const auto &[dx, dy] : {std::pair{1, 0}, {0, 1}}) {
+        const int here = codes().at(x, y);
+        const int other = code_at(codes(), x + dx, y + dy);
+        if (here == other || here == 0 || other == 0) continue;
+        ++borders;
+        const atelier::Cell high = here > other ? atelier::Cell{x, y} : atelier::Cell{x + dx, y + dy};
+        for (const int p : {here, other})
+          ASSERT_EQ(outline(p, 1).at(high.x, high.y), black) << x << ", " << y << ", province " << p;
+      }
+  EXPECT_GT(borders, 5000);
+}
+
+/// How wide lines are that run along the borders of labels, by direction. The lines' opacity is summed across
+/// the border at every place where it runs straight between two labels with nothing else near.
+class Widths {
+ public:
+  /// Borders "|", "-", "\\" and "/"; each direction a quarter turn wide.
+  static constexpr std::array<const char *, 4> directions{"|", "-", "\\", "/"};
+
+  Widths(const atelier::Grid<int> &labels, const atelier::Field &opacity, int reach)
+      : labels_(labels), opacity_(opacity), reach_(reach) {
+    for (int y = reach; y + reach < labels.height(); ++y)
+      for (int x = reach + 1; x + reach < labels.width(); ++x) {
+        look(x, y, false);
+        look(x, y, true);
+      }
+  }
+
+  /// Mean width square to the line.
+  double width(std::size_t direction) const {
+    return sums_[direction] / static_cast<double>(counts_[direction]);
+  }
+  long count(std::size_t direction) const { return counts_[direction]; }
+
+ private:
+  int label(int x, int y, bool turned) const { return turned ? labels_.at(y, x) : labels_.at(x, y); }
+  double opacity(int x, int y, bool turned) const { return turned ? opacity_.at(y, x) : opacity_.at(x, y); }
+
+  /// The border whose one side begins at (x, y), followed up and down; `turned` looks at it with the axes
+  /// changed.
+  void look(int x, int y, bool turned) {
+    if (turned) std::swap(x, y);
+    const int width = turned ? labels_.height() : labels_.width();
+    const int b = label(x, y, turned);
+    const int a = label(x - 1, y, turned);
+    if (a == b || a == 0 || b == 0) return;
+    double sum = 0;
+    std::vector<int> edges;
+    for (int j = -reach_; j <= reach_; ++j) {
+      int edge = 0;
+      for (int i = -2 * reach_; i <= 2 * reach_; ++i) {
+        if (x + i < 1 || x + i >= width) return;
+        const int here = label(x + i, y + j, turned);
+        const int before = label(x + i - 1, y + j, turned);
+        if ((here != a && here != b) || (here != before && (edge != 0 || before != a))) return;
+        if (here != before) edge = x + i;
+        sum += opacity(x + i, y + j, turned);
+      }
+      if (edge == 0 || (!edges.empty() && std::abs(edge - edges.back()) > 1)) return;
+      edges.push_back(edge);
+    }
+    const int rows = 2 * reach_ + 1;
+    const double slope = static_cast<double>(edges.back() - edges.front()) / (rows - 1);
+    // Steeper than 3 in 8 counts as slanting; more than a diagonal is seen with the axes changed.
+    const std::size_t straight = turned ? 1 : 0;
+    const std::size_t direction = std::abs(slope) < 0.375 ? straight : slope > 0 ? 2 : 3;
+    sums_[direction] += sum / rows / std::sqrt(1 + slope * slope);
+    ++counts_[direction];
+  }
+
+  const atelier::Grid<int> &labels_;
+  const atelier::Field &opacity_;
+  int reach_;
+  std::array<double, 4> sums_{};
+  std::array<long, 4> counts_{};
+};
+
+/// Every outline laid on the map together, as opacity.
+atelier::Field all_outlines(int scale) {
+  atelier::Field drawn(map_width * scale, map_height * scale, 0);
+  for (int p = 1; p <= provinces; ++p) {
+    const Laid &layer = outline(p, scale);
+    layer.each_pixel([&](int x, int y) {
+      double &seen = drawn.at(x, y);
+      seen = 1 - (1 - seen) * (1 - layer.at(x, y).a / 255.0);
+    });
   }
   return drawn;
 }
 
-TEST_P(Scales, OutlinesOfNeighboursMeetInOneLine) {
-  const atelier::Mask drawn = all_outlines(scale());
-  for (int y = 0; y < drawn.height(); ++y)
-    for (int x = 1; x < drawn.width(); ++x) {
-      const int here = grid().at(x, y);
-      const int left = grid().at(x - 1, y);
-      if (here == left) continue;
-      // No gap: whoever stands on the border's right side, or the only land there is, draws it.
-      ASSERT_TRUE(here != 0 ? drawn.at(x, y) : drawn.at(x - 1, y)) << x << ", " << y;
+TEST_P(Scales, ALineWeighsTheSameInEveryDirection) {
+  const Widths widths(grid(), all_outlines(scale()), 3 * scale());
+  for (std::size_t d = 0; d < 4; ++d) {
+    EXPECT_GT(widths.count(d), 60) << Widths::directions[d];
+    if (scale() == 2) {
+      // A little more than a single line's two pixels: where both draw it, its soft edges lie on each other.
+      EXPECT_NEAR(widths.width(d), 2.25, 0.15) << Widths::directions[d];
+    } else {
+      // Whole pixels: one for each row or column that the line crosses, which is a thinner line when it
+      // slants.
+      const bool slants = d >= 2;
+      EXPECT_NEAR(widths.width(d), slants ? 0.84 : 1, 0.1) << Widths::directions[d];
     }
-  for (int y = 1; y < drawn.height(); ++y)
-    for (int x = 0; x < drawn.width(); ++x) {
-      const int here = grid().at(x, y);
-      const int above = grid().at(x, y - 1);
-      if (here == above) continue;
-      ASSERT_TRUE(here != 0 ? drawn.at(x, y) : drawn.at(x, y - 1)) << x << ", " << y;
-    }
-}
-
-TEST_P(Scales, ALineBetweenNeighboursIsNotDoubled) {
-  const atelier::Mask drawn = all_outlines(scale());
-  // Where a straight border runs between two provinces with nothing else near, only the right one is black.
-  long straight = 0;
-  long doubled = 0;
-  const int reach = 3 * scale();
-  for (int y = reach; y + reach < drawn.height(); ++y)
-    for (int x = reach; x + reach < drawn.width(); ++x) {
-      const int right = grid().at(x, y);
-      const int left = grid().at(x - 1, y);
-      if (right == left || right == 0 || left == 0) continue;
-      bool plain = true;
-      for (int dy = -reach; dy <= reach && plain; ++dy)
-        for (int dx = 0; dx < reach && plain; ++dx)
-          plain = grid().at(x + dx, y + dy) == right && grid().at(x - 1 - dx, y + dy) == left;
-      if (!plain) continue;
-      ++straight;
-      doubled += drawn.at(x - 1, y) ? 1 : 0;
-    }
-  EXPECT_GT(straight, 20);
-  EXPECT_EQ(doubled, 0);
+  }
+  EXPECT_NEAR(widths.width(2), widths.width(3), 0.05);
+  EXPECT_NEAR(widths.width(0), widths.width(1), 0.1);
 }
 
 TEST(Layers, TwiceAsLargeDrawingsHaveTheSameShape) {
@@ -132,7 +257,7 @@ TEST(Layers, TwiceAsLargeDrawingsHaveTheSameShape) {
   std::vector<double> twice(provinces + 1, 0);
   for (const int code : codes()) single[static_cast<std::size_t>(code)] += 1;
   for (const int code : fine_codes()) twice[static_cast<std::size_t>(code)] += 0.25;
-  for (std::size_t p = 1; p <= provinces; ++p) EXPECT_NEAR(twice[p] / single[p], 1, 0.02) << "province " << p;
+  for (std::size_t p = 1; p <= provinces; ++p) EXPECT_NEAR(twice[p] / single[p], 1, 0.03) << "province " << p;
   for (int p = 1; p <= provinces; ++p) {
     const Layer small = province_layer(p, 1, true);
     const Layer large = province_layer(p, 2, true);
@@ -204,33 +329,63 @@ TEST_P(Scales, RegionsDrawNoBorderAroundTheLakesInside) {
   EXPECT_GT(looked_at, 10);
 }
 
-TEST_P(Scales, RegionsHaveAStrongBorderAndAnOpenInside) {
+/// How much of a highlight's pixel is red line and not casing, 0 to 1.
+double redness(const atelier::Pixel &pixel) {
+  return pixel.a == 0 ? 0 : std::clamp((240.0 - pixel.g) / (240 - 22), 0.0, 1.0);
+}
+
+TEST_P(Scales, ARegionsHighlightIsOneSolidRedLineWithAPaleCasing) {
   const atelier::Mask outer = open_world(grid());
   for (int r = 1; r <= regions; ++r) {
-    const Layer layer = region_layer(r, scale());
+    const Laid layer(region_layer(r, scale()));
     long opaque = 0;
     long inside = 0;
-    for (int y = 0; y < layer.image.height(); ++y)
-      for (int x = 0; x < layer.image.width(); ++x) {
-        const int mx = layer.corner.x + x;
-        const int my = layer.corner.y + y;
-        const int code = grid().at(mx, my);
-        const bool drawn = layer.image.at(x, y).a != 0;
-        ASSERT_FALSE(drawn && outer.at(mx, my)) << "region " << r << " draws outside the country";
-        ASSERT_FALSE(drawn && code != 0 && region_of(code) != r) << "region " << r << " draws on another";
-        if (code == 0 || region_of(code) != r) continue;
-        ++inside;
-        opaque += drawn ? 1 : 0;
-        bool edge = false;
-        for (std::size_t k = 0; k < atelier::side_neighbours; ++k) {
-          const int nx = mx + atelier::neighbours[k].x;
-          const int ny = my + atelier::neighbours[k].y;
-          const int other = code_at(grid(), nx, ny);
-          edge = edge || outer.at(nx, ny) || (other != 0 && region_of(other) != r);
-        }
-        ASSERT_TRUE(drawn || !edge) << "region " << r << " has a gap in its border";
+    double red_within = 0;
+    double red_beyond = 0;
+    layer.each_pixel([&](int x, int y) {
+      const atelier::Pixel pixel = layer.at(x, y);
+      if (pixel.a != 0) ASSERT_GE(pixel.r, pixel.b) << "region " << r;
+      if (code_at(grid(), x, y) == 0 || region_of(grid().at(x, y)) != r) return;
+      ++inside;
+      opaque += pixel.a >= 128 ? 1 : 0;
+      for (std::size_t k = 0; k < atelier::side_neighbours; ++k) {
+        const int nx = x + atelier::neighbours[k].x;
+        const int ny = y + atelier::neighbours[k].y;
+        const int other = code_at(grid(), nx, ny);
+        if (!outer.at(nx, ny) && (other == 0 || region_of(other) == r)) continue;
+        // The line runs without a gap on one side of the border or the other, with casing or line on both.
+        const double within = redness(pixel);
+        const double beyond = redness(layer.at(nx, ny));
+        ASSERT_GT(std::max(within, beyond), 0.5) << "region " << r << ": gap at " << x << ", " << y;
+        ASSERT_GT(pixel.a, 250) << "region " << r;
+        if (other == 0) continue;
+        red_within += within;
+        red_beyond += beyond;
       }
-    EXPECT_LT(opaque, inside * 6 / 10) << "region " << r << " is not open inside";
+    });
+    EXPECT_NEAR(red_within, red_beyond, 0.1 * red_within) << "region " << r << " is not centred";
+    EXPECT_LT(opaque, inside / 4) << "region " << r << " is not open inside";
+  }
+}
+
+TEST_P(Scales, TheHighlightsOfTwoRegionsShareTheirLine) {
+  atelier::Field red(grid().width(), grid().height(), 0);
+  for (int r = 1; r <= regions; ++r) {
+    const Laid layer(region_layer(r, scale()));
+    layer.each_pixel([&](int x, int y) {
+      const atelier::Pixel pixel = layer.at(x, y);
+      red.at(x, y) += (redness(pixel) - red.at(x, y)) * pixel.a / 255;
+    });
+  }
+  atelier::Grid<int> labels = grid();
+  for (std::size_t i = 0; i < labels.size(); ++i) labels[i] = labels[i] == 0 ? 0 : region_of(labels[i]);
+  const Widths widths(labels, red, 3 * scale());
+  for (std::size_t d = 0; d < 4; ++d) {
+    EXPECT_GT(widths.count(d), 20) << Widths::directions[d];
+    if (scale() == 2)
+      EXPECT_NEAR(widths.width(d), 3.4, 0.15) << Widths::directions[d];
+    else
+      EXPECT_NEAR(widths.width(d), 1.85, 0.2) << Widths::directions[d];
   }
 }
 

@@ -45,11 +45,16 @@ TEST(Stock, EveryPictureOfTheListIsThereInItsSizeAndInTwice) {
     const atelier::Image image = atelier::lire_image(resources() / "images" / entry.file);
     EXPECT_EQ(image.width(), entry.width) << entry.name;
     EXPECT_EQ(image.height(), entry.height) << entry.name;
-    const auto twice = resources() / "images" / atelier::fichier_double(entry.file);
-    if (!std::filesystem::exists(twice)) continue;
-    const atelier::Image large = atelier::lire_image(twice);
-    EXPECT_EQ(large.width(), 2 * entry.width) << entry.name;
-    EXPECT_EQ(large.height(), 2 * entry.height) << entry.name;
+    const auto plain = resources() / "images" / atelier::fichier_double(entry.file);
+    const auto coloured = resources() / "images" / atelier::fichier_double_en_png(entry.file);
+    EXPECT_FALSE(plain != coloured && std::filesystem::exists(plain) && std::filesystem::exists(coloured))
+        << entry.name << " has two drawings of twice the size";
+    for (const auto &twice : {plain, coloured}) {
+      if (!std::filesystem::exists(twice)) continue;
+      const atelier::Image large = atelier::lire_image(twice);
+      EXPECT_EQ(large.width(), 2 * entry.width) << entry.name;
+      EXPECT_EQ(large.height(), 2 * entry.height) << entry.name;
+    }
   }
   for (int p = 1; p <= provinces; ++p)
     for (const char *stock : {"Pays", "Inv", "Drapeau"}) {

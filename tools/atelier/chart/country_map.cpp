@@ -9,6 +9,7 @@
 #include "chart/relief.h"
 #include "country/provinces.h"
 #include "country/sites.h"
+#include "files/image_file.h"
 #include "terrain/plan.h"
 
 namespace atelier {
@@ -47,8 +48,8 @@ Raster raster_of(const Données &données, const Provinces &provinces, const Sho
   Raster raster{provinces, fine_provinces(provinces, shores), {}, {}, {}, {}};
   raster.regions = regions_of(données, raster.provinces);
   raster.fine_regions = regions_of(données, raster.fine);
-  raster.province_frames = frames_of(raster.provinces, nombre_provinces);
-  raster.region_frames = frames_of(raster.regions, nombre_régions);
+  raster.province_frames = frames_of(raster.provinces, nombre_provinces, province_margin);
+  raster.region_frames = frames_of(raster.regions, nombre_régions, region_margin);
   return raster;
 }
 
@@ -60,24 +61,24 @@ void write_both(Catalogue &catalogue, const std::filesystem::path &images, const
 }
 
 void draw_layers(const Raster &raster, const std::filesystem::path &images, Catalogue &catalogue) {
+  const auto both = [&](const char *stock, int number, const std::string &file, const Image &single,
+                        const Image &twice) {
+    catalogue.écrire(images, "Graphismes." + std::string(stock) + "(" + std::to_string(number) + ")", file,
+                     single);
+    écrire_png(images / fichier_double_en_png(file), twice);
+  };
   for (int p = 1; p <= nombre_provinces; ++p) {
     const Frame &frame = raster.province_frames[static_cast<std::size_t>(p)];
-    const auto both = [&](const char *stock, const char *folder, bool filled) {
-      write_both(catalogue, images, "Graphismes." + std::string(stock) + "(" + std::to_string(p) + ")",
-                 fichier_numéroté(folder, p, 3), draw_province(raster.provinces, p, frame, 1, filled),
-                 draw_province(raster.fine, p, frame, 2, filled));
+    const auto draw = [&](const char *stock, const char *folder, bool filled) {
+      both(stock, p, fichier_numéroté(folder, p, 3), draw_province(raster.provinces, p, frame, filled),
+           draw_fine_province(raster.fine, p, frame, filled));
     };
-    both("Pays", "pays", true);
-    both("Inv", "inv", false);
+    draw("Pays", "pays", true);
+    draw("Inv", "inv", false);
   }
-  const Grid<int> regions = with_lakes(raster.regions);
-  const Grid<int> fine_regions = with_lakes(raster.fine_regions);
-  for (int r = 1; r <= nombre_régions; ++r) {
-    const Frame &frame = raster.region_frames[static_cast<std::size_t>(r)];
-    write_both(catalogue, images, "Graphismes.Région(" + std::to_string(r) + ")",
-               fichier_numéroté("region", r, 2), draw_region(regions, r, frame, 1),
-               draw_region(fine_regions, r, frame, 2));
-  }
+  const Highlights highlights(with_lakes(raster.fine_regions), raster.region_frames);
+  for (int r = 1; r <= nombre_régions; ++r)
+    both("Région", r, fichier_numéroté("region", r, 2), highlights.draw(r, 1), highlights.draw(r, 2));
 }
 
 std::string at_least(int number, std::size_t digits) {

@@ -1,55 +1,68 @@
 #include "chart/layers.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
+#include <stdexcept>
+#include <utility>
+
+#include "drawing/contour.h"
 
 namespace atelier {
 namespace {
 
 constexpr Pixel yellow{255, 255, 127, 255};
 constexpr Pixel black{0, 0, 0, 255};
+constexpr Pixel dark_red{140, 22, 32, 255};
+constexpr Pixel casing{255, 240, 214, 255};
 
-struct Band {
-  /// Distance from the border up to which the band reaches, in map pixels.
-  double reach = 0;
-  Pixel colour;
-  /// Only every second pixel, like the squares of a chess board.
-  bool sparse = false;
-};
+/// Widths of lines in map pixels.
+constexpr double outline_width = 1;
+constexpr double red_width = 1.7;
+constexpr double cased_width = 3.3;
 
-/// From the border inward.
-constexpr std::array<Band, 3> region_bands = {{
-    {1.0, {150, 24, 30, 255}, false},
-    {2.0, {226, 92, 36, 255}, false},
-    {3.2, {240, 140, 60, 255}, true},
-}};
+/// By how many fine pixels a border is rounded off before it is drawn along: as much as takes the steps out.
+constexpr double rounding = 1.2;
 
 int label_at(const Grid<int> &labels, int x, int y) {
   return labels.contains(x, y) ? labels.at(x, y) : 0;
 }
 
-/// True when the border passes within `scale` pixels of (x, y) on a side where this province draws it.
-bool on_outline(const Grid<int> &provinces, int province, int x, int y, int scale) {
-  for (int d = 1; d <= scale; ++d) {
-    if (label_at(provinces, x - d, y) != province || label_at(provinces, x, y - d) != province) return true;
-    if (label_at(provinces, x + d, y) == 0 || label_at(provinces, x, y + d) == 0) return true;
+/// True when (x, y) lies on the side of a border that bears its line, and the border is one of this
+/// province's.
+bool on_outline(const Grid<int> &provinces, int province, int x, int y) {
+  const int here = label_at(provinces, x, y);
+  for (std::size_t k = 0; k < side_neighbours; ++k) {
+    const int other = label_at(provinces, x + neighbours[k].x, y + neighbours[k].y);
+    if (here == other) continue;
+    if (here == province ? other < province : other == province && here > province) return true;
   }
-  return scale > 1 && label_at(provinces, x - 1, y - 1) != province;
+  return false;
 }
 
-/// Distance of every pixel of the frame from the nearest pixel outside the region, in pixels.
-Field depth_of(const Grid<int> &regions, int region, const Frame &frame, int scale) {
-  Mask outside(frame.width * scale + 2, frame.height * scale + 2, 1);
-  for (int y = 0; y < frame.height * scale; ++y)
-    for (int x = 0; x < frame.width * scale; ++x)
-      outside.at(x + 1, y + 1) = label_at(regions, frame.left * scale + x, frame.top * scale + y) != region;
-  return distance_to(outside);
+/// The smoothed border of a label, in pixels of the grid.
+Path border_of(const Grid<int> &labels, int label, const Frame &frame, int scale) {
+  const int pad = 6;
+  const int left = frame.left * scale - pad;
+  const int top = frame.top * scale - pad;
+  Field inside(frame.width * scale + 2 * pad, frame.height * scale + 2 * pad, 0);
+  for (int j = 0; j < inside.height(); ++j)
+    for (int i = 0; i < inside.width(); ++i)
+      inside.at(i, j) = label_at(labels, left + i, top + j) == label ? 1 : 0;
+  return contour(blurred(inside, rounding), 0.5).transformed(Affine::translation(left, top));
+}
+
+Path in_frame(const Path &path, const Frame &frame) {
+  return path.transformed(Affine::translation(-2 * frame.left, -2 * frame.top));
+}
+
+Pixel with_opacity(Pixel colour, double opacity) {
+  colour.a = static_cast<std::uint8_t>(255 * opacity + 0.5);
+  return opacity > 0 ? colour : transparent;
 }
 
 }  // namespace
 
-std::vector<Frame> frames_of(const Grid<int> &labels, int count) {
+std::vector<Frame> frames_of(const Grid<int> &labels, int count, int margin) {
   struct Extent {
     int left = 1 << 30, top = 1 << 30, right = -1, bottom = -1;
   };
@@ -62,10 +75,14 @@ std::vector<Frame> frames_of(const Grid<int> &labels, int count) {
       e.top = std::min(e.top, y);
       e.bottom = std::max(e.bottom, y);
     }
-  std::vector<Frame> frames;
-  frames.reserve(extents.size());
-  for (const Extent &e : extents)
-    frames.push_back({e.left, e.top, e.right - e.left + 1, e.bottom - e.top + 1});
+  std::vector<Frame> frames(1);
+  for (auto e = extents.begin() + 1; e != extents.end(); ++e) {
+    frames.push_back({e->left - margin, e->top - margin, e->right - e->left + 1 + 2 * margin,
+                      e->bottom - e->top + 1 + 2 * margin});
+    if (!labels.contains(e->left - margin, e->top - margin) ||
+        !labels.contains(e->right + margin, e->bottom + margin))
+      throw std::runtime_error("a territory leaves no room on the map for its outline");
+  }
   return frames;
 }
 
@@ -96,34 +113,70 @@ Grid<int> with_lakes(const Grid<int> &regions) {
   return result;
 }
 
-Image draw_province(const Grid<int> &provinces, int province, const Frame &frame, int scale, bool filled) {
-  Image image(frame.width * scale, frame.height * scale);
+Image draw_province(const Grid<int> &provinces, int province, const Frame &frame, bool filled) {
+  Image image(frame.width, frame.height);
   for (int j = 0; j < image.height(); ++j)
     for (int i = 0; i < image.width(); ++i) {
-      const int x = frame.left * scale + i;
-      const int y = frame.top * scale + j;
-      if (provinces.at(x, y) != province) continue;
-      if (on_outline(provinces, province, x, y, scale))
+      const int x = frame.left + i;
+      const int y = frame.top + j;
+      if (on_outline(provinces, province, x, y))
         image.at(i, j) = black;
-      else if (filled)
+      else if (filled && label_at(provinces, x, y) == province)
         image.at(i, j) = yellow;
     }
   return image;
 }
 
-Image draw_region(const Grid<int> &regions, int region, const Frame &frame, int scale) {
-  const Field depth = depth_of(regions, region, frame, scale);
-  Image image(frame.width * scale, frame.height * scale);
-  for (int j = 0; j < image.height(); ++j)
-    for (int i = 0; i < image.width(); ++i) {
-      const double d = depth.at(i + 1, j + 1) / scale;
-      if (d <= 0) continue;
-      const auto band =
-          std::find_if(region_bands.begin(), region_bands.end(), [d](const Band &b) { return d <= b.reach; });
-      if (band == region_bands.end()) continue;
-      const int x = frame.left * scale + i;
-      const int y = frame.top * scale + j;
-      if (!band->sparse || (x + y) % 2 == 0) image.at(i, j) = band->colour;
+Image draw_fine_province(const Grid<int> &provinces, int province, const Frame &frame, bool filled) {
+  const Path border = in_frame(border_of(provinces, province, frame, 2), frame);
+  Image image(2 * frame.width, 2 * frame.height);
+  if (filled) fill(image, border, yellow);
+  fill(image, stroked(border, 2 * outline_width, Cap::butt, Join::mitre), black);
+  return image;
+}
+
+Highlights::Highlights(const Grid<int> &regions, std::vector<Frame> frames)
+    : frames_(std::move(frames)), borders_(frames_.size()) {
+  for (std::size_t r = 1; r < frames_.size(); ++r)
+    borders_[r] = border_of(regions, static_cast<int>(r), frames_[r], 2);
+  for (const int scale : {1, 2}) {
+    Grid<float> red(regions.width() * scale / 2, regions.height() * scale / 2, 0);
+    for (int r = 1; r < static_cast<int>(frames_.size()); ++r) {
+      const Coverage line = stroke(r, red_width, scale);
+      for (int y = 0; y < line.height; ++y)
+        for (int x = 0; x < line.width; ++x) {
+          float &most = red.at(frame(r).left * scale + x, frame(r).top * scale + y);
+          most = std::max(most, line.at(x, y));
+        }
+    }
+    red_.push_back(std::move(red));
+  }
+}
+
+Coverage Highlights::stroke(int region, double width, int scale) const {
+  const Path border = in_frame(borders_[static_cast<std::size_t>(region)], frame(region));
+  const Path line = stroked(border, 2 * width, Cap::butt, Join::mitre);
+  Coverage covered = coverage(line.transformed(Affine::scaling(scale / 2.0, scale / 2.0)),
+                              frame(region).width * scale, frame(region).height * scale);
+  if (scale == 1)
+    for (float &v : covered.values) v = v >= 0.5F ? 1.0F : 0.0F;
+  return covered;
+}
+
+Image Highlights::draw(int region, int scale) const {
+  const Coverage line = stroke(region, red_width, scale);
+  const Coverage cased = stroke(region, cased_width, scale);
+  const Grid<float> &red = red_[static_cast<std::size_t>(scale - 1)];
+  Image image(line.width, line.height);
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      const double others = red.at(frame(region).left * scale + x, frame(region).top * scale + y);
+      const double own = line.at(x, y);
+      const double pale =
+          std::max(0.0, static_cast<double>(cased.at(x, y)) - own) * (own > 0 ? 1 : 1 - others);
+      if (own + pale <= 0) continue;
+      const Pixel mixed = laid_over(with_opacity(casing, 1), dark_red, own / (own + pale));
+      image.at(x, y) = with_opacity(mixed, std::min(1.0, own + pale));
     }
   return image;
 }

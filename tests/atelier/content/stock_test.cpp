@@ -71,8 +71,8 @@ TEST(Stock, EveryPictureOfTheListIsThereInItsSizeAndInTwice) {
 
 TEST(Stock, TheMapPictureHasItsSizeAndNoHole) {
   for (const int scale : {1, 2}) {
-    const auto file = resources() / "images" / (scale == 1 ? "carte.gif" : "carte@2x.gif");
-    const atelier::Image map = atelier::lire_gif(file);
+    const auto file = resources() / "images" / (scale == 1 ? "carte.gif" : "carte@2x.png");
+    const atelier::Image map = atelier::lire_image(file);
     EXPECT_EQ(map.width(), map_width * scale);
     EXPECT_EQ(map.height(), map_height * scale);
     for (const atelier::Pixel &p : map.pixels()) ASSERT_EQ(p.a, 255);

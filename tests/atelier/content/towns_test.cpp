@@ -1,6 +1,7 @@
 // The dots of the towns lie inside their provinces and clear of each other.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "content.h"
@@ -20,6 +21,22 @@ TEST(Towns, DotsLieWhollyInsideTheirProvinces) {
         ASSERT_EQ(codes().at(x, y), town.province) << town.name;
       }
   }
+}
+
+TEST(Towns, DotsKeepOffTheLinesOfTheirProvince) {
+  constexpr int reach = 8;
+  int near = 0;
+  for (std::size_t i = 1; i <= towns; ++i) {
+    const Town &town = all_towns()[i];
+    int nearest = reach * reach;
+    for (int y = -reach; y <= reach; ++y)
+      for (int x = -reach; x <= reach; ++x)
+        if (codes().at(town.x + x, town.y + y) != town.province) nearest = std::min(nearest, x * x + y * y);
+    EXPECT_GE(nearest, 5 * 5) << town.name;
+    near += nearest < 6 * 6 ? 1 : 0;
+  }
+  // A narrow province, or one that must show its town at the water, leaves no more.
+  EXPECT_LE(near, 8);
 }
 
 TEST(Towns, DotsAreThreePixelsClearOfEachOther) {

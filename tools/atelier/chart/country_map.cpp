@@ -53,13 +53,6 @@ Raster raster_of(const Données &données, const Provinces &provinces, const Sho
   return raster;
 }
 
-void write_both(Catalogue &catalogue, const std::filesystem::path &images, const std::string &name,
-                const std::string &file, const Image &single, const Image &twice,
-                Dithering dithering = Dithering::none) {
-  catalogue.écrire(images, name, file, single, dithering);
-  écrire_gif(images / fichier_double(file), twice, dithering);
-}
-
 void draw_layers(const Raster &raster, const std::filesystem::path &images, Catalogue &catalogue) {
   const auto both = [&](const char *stock, int number, const std::string &file, const Image &single,
                         const Image &twice) {
@@ -76,7 +69,8 @@ void draw_layers(const Raster &raster, const std::filesystem::path &images, Cata
     draw("Pays", "pays", true);
     draw("Inv", "inv", false);
   }
-  const Highlights highlights(with_lakes(raster.fine_regions), raster.region_frames);
+  const Highlights highlights(with_lakes(raster.regions), with_lakes(raster.fine_regions),
+                              raster.region_frames);
   for (int r = 1; r <= nombre_régions; ++r)
     both("Région", r, fichier_numéroté("region", r, 2), highlights.draw(r, 1), highlights.draw(r, 2));
 }
@@ -132,7 +126,8 @@ void dessiner_carte(const Données &données, const std::filesystem::path &image
   const Scene scene{plan, shores, terrain, rivers};
   Image map = draw_map(scene);
   draw_ornaments(map, lire_lettres(données.dossier / "lettering.txt"), fine);
-  write_both(catalogue, images, "image_région(0)", "carte.gif", reduced(map, fine), map, Dithering::diffused);
+  catalogue.écrire(images, "image_région(0)", "carte.gif", reduced(map, fine), Dithering::diffused);
+  écrire_png(images / fichier_double_en_png("carte.gif"), map);
 }
 
 }  // namespace atelier

@@ -135,12 +135,12 @@ Image draw_fine_province(const Grid<int> &provinces, int province, const Frame &
   return image;
 }
 
-Highlights::Highlights(const Grid<int> &regions, std::vector<Frame> frames)
-    : frames_(std::move(frames)), borders_(frames_.size()) {
+Highlights::Highlights(Grid<int> regions, const Grid<int> &fine_regions, std::vector<Frame> frames)
+    : regions_(std::move(regions)), frames_(std::move(frames)), borders_(frames_.size()) {
   for (std::size_t r = 1; r < frames_.size(); ++r)
-    borders_[r] = border_of(regions, static_cast<int>(r), frames_[r], 2);
+    borders_[r] = border_of(fine_regions, static_cast<int>(r), frames_[r], 2);
   for (const int scale : {1, 2}) {
-    Grid<float> red(regions.width() * scale / 2, regions.height() * scale / 2, 0);
+    Grid<float> red(regions_.width() * scale, regions_.height() * scale, 0);
     for (int r = 1; r < static_cast<int>(frames_.size()); ++r) {
       const Coverage line = stroke(r, red_width, scale);
       for (int y = 0; y < line.height; ++y)
@@ -158,9 +158,29 @@ Coverage Highlights::stroke(int region, double width, int scale) const {
   const Path line = stroked(border, 2 * width, Cap::butt, Join::mitre);
   Coverage covered = coverage(line.transformed(Affine::scaling(scale / 2.0, scale / 2.0)),
                               frame(region).width * scale, frame(region).height * scale);
-  if (scale == 1)
+  if (scale == 1) {
     for (float &v : covered.values) v = v >= 0.5F ? 1.0F : 0.0F;
+    close_gaps(covered, region);
+  }
   return covered;
+}
+
+/// A tip of land so thin that the smoothed border passes by it still has its line.
+void Highlights::close_gaps(Coverage &line, int region) const {
+  const Coverage before = line;
+  const auto drawn = [&](int i, int j) {
+    return i >= 0 && j >= 0 && i < line.width && j < line.height && before.at(i, j) > 0;
+  };
+  for (int j = 0; j < line.height; ++j)
+    for (int i = 0; i < line.width; ++i) {
+      const Cell at{frame(region).left + i, frame(region).top + j};
+      if (drawn(i, j) || label_at(regions_, at.x, at.y) != region) continue;
+      for (std::size_t k = 0; k < side_neighbours; ++k)
+        if (label_at(regions_, at.x + neighbours[k].x, at.y + neighbours[k].y) != region &&
+            !drawn(i + neighbours[k].x, j + neighbours[k].y))
+          line.values[static_cast<std::size_t>(j) * static_cast<std::size_t>(line.width) +
+                      static_cast<std::size_t>(i)] = 1;
+    }
 }
 
 Image Highlights::draw(int region, int scale) const {

@@ -45,15 +45,17 @@ Grid<int> with_lakes(const Grid<int> &regions);
 /// sides; where lines of other regions join it the casing leaves them free.
 class Highlights {
  public:
-  /// `regions` at twice the map's size.
-  Highlights(const Grid<int> &regions, std::vector<Frame> frames);
+  /// `regions` at the map's size, `fine_regions` at twice.
+  Highlights(Grid<int> regions, const Grid<int> &fine_regions, std::vector<Frame> frames);
   /// `scale` 1 with whole pixels, or 2 with soft edges.
   Image draw(int region, int scale) const;
 
  private:
   const Frame &frame(int region) const { return frames_[static_cast<std::size_t>(region)]; }
   Coverage stroke(int region, double width, int scale) const;
+  void close_gaps(Coverage &line, int region) const;
 
+  Grid<int> regions_;
   std::vector<Frame> frames_;
   /// The borders, in pixels of twice the map's size, by region.
   std::vector<Path> borders_;

@@ -1,10 +1,14 @@
 #include "chart/ornaments.h"
 
+#include <algorithm>
+#include <array>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "chart/relief.h"
 #include "drawing/raster.h"
 #include "numbers/math.h"
 #include "terrain/plan.h"
@@ -19,6 +23,14 @@ constexpr Pixel gold{196, 158, 88, 255};
 
 /// Map kilometres a pixel: the country is about four hundred kilometres across.
 constexpr double kilometres = 1;
+
+/// The graticule: pixels of a degree at this latitude, and the first full degrees inside the frame.
+constexpr double degree_across = 79;
+constexpr double degree_down = 111;
+constexpr double west_degree = 52;
+constexpr double north_degree = 84;
+constexpr int westmost = 3;
+constexpr int northmost = 47;
 
 /// Draws in map pixels on the picture.
 class Pen {
@@ -35,6 +47,11 @@ class Pen {
   Image &image_;
   Affine zoom_;
 };
+
+Pixel with_opacity(Pixel colour, int opacity) {
+  colour.a = static_cast<std::uint8_t>(opacity);
+  return colour;
+}
 
 Path rectangle(double x, double y, double width, double height) {
   Path path;
@@ -66,13 +83,70 @@ Path set_text(const std::map<char, Letter> &letters, std::string_view text, Poin
   return result;
 }
 
-void draw_frame(Pen &pen) {
+/// A frame whose band changes its colour every half degree, with the full degrees told inside it.
+void draw_frame(Pen &pen, const Lettering &lettering) {
   const auto ring = [&pen](double inset, double width, Pixel colour) {
     pen.line(rectangle(inset, inset, largeur_carte - 2 * inset, hauteur_carte - 2 * inset), width, colour);
   };
-  ring(2.5, 5, paper);
-  ring(1.75, 0.5, ink);
-  ring(4.5, 1, ink);
+  ring(3, 6, paper);
+  constexpr double inner = 5.5;
+  constexpr double band = 1.5;
+  const auto sides = [&](double extent, double other, double first, double step, bool across) {
+    const auto bar = [&](double from, double to, double at) {
+      from = std::max(from, inner - band);
+      to = std::min(to, extent - inner + band);
+      if (to > from)
+        pen.fill(across ? rectangle(from, at, to - from, band) : rectangle(at, from, band, to - from), ink);
+    };
+    for (double at = first; at < extent; at += step) {
+      bar(at, at + step / 2, inner - band);
+      bar(at, at + step / 2, other - inner);
+    }
+  };
+  sides(largeur_carte, hauteur_carte, west_degree - degree_across, degree_across, true);
+  sides(hauteur_carte, largeur_carte, north_degree - degree_down, degree_down, false);
+  ring(inner - band - 0.2, 0.4, ink);
+  ring(inner + 0.3, 0.6, ink);
+  const auto degrees = [&](int number, Point foot) {
+    const Path shape = set_text(lettering.drawn, std::to_string(number) + "o", foot, 5, 18);
+    pen.fill(stroked(shape, 1.6), with_opacity(paper, 150));
+    pen.fill(stroked(shape, 0.6), ink);
+  };
+  const auto tick = [&](Point from, Point to) {
+    pen.fill(stroked(Path().move_to(from).line_to(to), 0.5), ink);
+  };
+  int number = westmost;
+  for (double x = west_degree; x < largeur_carte - 20; x += degree_across, ++number) {
+    tick({x, inner}, {x, inner + 3});
+    tick({x, hauteur_carte - inner}, {x, hauteur_carte - inner - 3});
+    degrees(number, {x, inner + 10});
+    degrees(number, {x, hauteur_carte - inner - 5});
+  }
+  number = northmost;
+  for (double y = north_degree; y < hauteur_carte - 20; y += degree_down, --number) {
+    tick({inner, y}, {inner + 3, y});
+    tick({largeur_carte - inner, y}, {largeur_carte - inner - 3, y});
+    degrees(number, {inner + 10, y + 2});
+    degrees(number, {largeur_carte - inner - 10, y + 2});
+  }
+}
+
+/// The tints of the heights from the shore up, with the height at which each begins.
+void draw_heights(Pen &pen, const Lettering &lettering, Point left) {
+  constexpr std::array<std::pair<double, const char *>, 6> steps{
+      {{0, "0"}, {200, "200"}, {500, "500"}, {1000, "1000"}, {2000, "2000"}, {3000, "3000 m"}}};
+  constexpr double field = 24;
+  constexpr double height = 5;
+  for (std::size_t k = 0; k < steps.size(); ++k) {
+    const double x = left.x + field * static_cast<double>(k);
+    pen.fill(rectangle(x, left.y, field, height), height_tint(steps[k].first));
+    const Path figure =
+        set_text(lettering.drawn, steps[k].second, {x + (k == 0 ? 0 : 1), left.y - 2.5}, 5, 20);
+    pen.fill(stroked(figure, 0.7), ink);
+  }
+  for (std::size_t k = 1; k < steps.size(); ++k)
+    pen.fill(rectangle(left.x + field * static_cast<double>(k) - 0.2, left.y, 0.4, height), ink);
+  pen.line(rectangle(left.x, left.y, field * steps.size(), height), 0.5, ink);
 }
 
 /// A point of the star: one half dark, the other light.
@@ -187,9 +261,10 @@ Lettering lire_lettres(const std::filesystem::path &fichier) {
 
 void draw_ornaments(Image &image, const Lettering &lettering, int scale) {
   Pen pen(image, scale);
-  draw_frame(pen);
+  draw_frame(pen, lettering);
   draw_compass(pen, lettering, {58, 86}, 34);
-  draw_scale_bar(pen, lettering, {26, 638});
+  draw_scale_bar(pen, lettering, {30, 636});
+  draw_heights(pen, lettering, {170, 634});
   draw_cartouche(pen, lettering, {476, 606});
 }
 

@@ -38,40 +38,45 @@ struct Tint {
   Colour colour;
 };
 
-/// Heights' tints from the plain to the snow, blended into each other.
-constexpr std::array<Tint, 10> height_tints = {{{0, {172, 203, 152}},
-                                                {50, {184, 210, 156}},
-                                                {140, {204, 218, 162}},
-                                                {280, {224, 222, 166}},
-                                                {500, {232, 214, 164}},
-                                                {800, {224, 197, 148}},
-                                                {1200, {206, 176, 136}},
-                                                {1650, {194, 172, 148}},
-                                                {2150, {216, 210, 205}},
-                                                {2600, {250, 251, 253}}}};
+/// Heights' tints from the plain to the rock, blended into each other; snow comes on top.
+constexpr std::array<Tint, 9> height_tints = {{{0, {170, 200, 172}},
+                                               {60, {186, 209, 172}},
+                                               {150, {207, 217, 170}},
+                                               {300, {226, 221, 168}},
+                                               {550, {232, 211, 156}},
+                                               {900, {222, 192, 142}},
+                                               {1350, {202, 172, 138}},
+                                               {1850, {180, 166, 152}},
+                                               {2400, {170, 166, 166}}}};
 
-/// The sea's steps: from each distance to the next the sea has one tint.
-constexpr std::array<Tint, 6> sea_steps = {{{0, {205, 228, 234}},
-                                            {7, {189, 218, 229}},
-                                            {18, {173, 207, 223}},
-                                            {38, {158, 195, 216}},
-                                            {70, {144, 183, 209}},
-                                            {118, {132, 172, 202}}}};
+/// The sea's tint from each depth on, in metres.
+constexpr std::array<Tint, 8> sea_steps = {{{0, {214, 233, 236}},
+                                            {20, {199, 224, 232}},
+                                            {50, {183, 213, 226}},
+                                            {100, {167, 202, 220}},
+                                            {300, {151, 189, 213}},
+                                            {800, {137, 177, 205}},
+                                            {1600, {124, 165, 197}},
+                                            {2500, {113, 154, 189}}}};
 
-/// Height of crags, in the unit of the modelled heights.
-constexpr double rock_roughness = 1.9;
-
-constexpr Colour shadow{118, 124, 168};
-constexpr Colour light{255, 249, 226};
-constexpr Colour haze{222, 230, 226};
-constexpr Colour wood_tint{108, 150, 98};
-constexpr Colour sand{240, 229, 188};
-constexpr Colour marsh{176, 208, 178};
+constexpr Colour shadow{112, 116, 146};
+constexpr Colour light{255, 250, 228};
+constexpr Colour haze{220, 230, 228};
+constexpr Colour rock{168, 160, 156};
+constexpr Colour snow{253, 254, 255};
+constexpr Colour snow_shade{196, 210, 230};
+constexpr Colour crown{124, 160, 112};
+constexpr Colour fir{100, 140, 114};
+constexpr Colour sand{242, 231, 190};
+constexpr Colour marsh{166, 202, 184};
+constexpr Colour reed{112, 162, 168};
 constexpr Colour dry{240, 224, 168};
-constexpr Colour neighbour{222, 219, 212};
-constexpr Colour coast_line{58, 98, 132};
-constexpr Colour river_blue{72, 128, 176};
-constexpr Colour lake_blue{150, 196, 224};
+constexpr Colour neighbour{221, 217, 207};
+constexpr Colour coast_line{50, 90, 124};
+constexpr Colour river_blue{64, 120, 170};
+constexpr Colour lake_blue{156, 200, 225};
+constexpr Colour lake_rim{112, 166, 202};
+constexpr Colour frontier_ink{126, 84, 96};
 
 Colour tint_at(std::span<const Tint> tints, double at) {
   for (std::size_t i = 1; i < tints.size(); ++i)
@@ -81,85 +86,316 @@ Colour tint_at(std::span<const Tint> tints, double at) {
   return tints.back().colour;
 }
 
-Colour sea_at(double distance) {
-  Colour colour = sea_steps.front().colour;
-  for (std::size_t i = 1; i < sea_steps.size(); ++i) {
-    const double t = smooth_step(-1.1, 1.1, distance - sea_steps[i].at);
-    colour = blend(colour, sea_steps[i].colour, t);
-  }
-  return colour;
-}
-
-/// Brightness of a slope in the light from the north-west, with weaker light from west and north beside it,
-/// which keeps valleys that run with the light from vanishing. Flat land has 0, the lit side is above, the
-/// other below.
-double shade(double dx, double dy) {
+/// Brightness of a slope in a light from the north-west at 45 degrees, with a weaker one from above that
+/// keeps valleys open which run with it. `turn` swings the light towards the west, in radians. Flat land has
+/// 0, the lit side is above, the other below.
+double shade(double dx, double dy, double turn) {
   const double length = std::sqrt(dx * dx + dy * dy + 1);
   constexpr double flat = 0.70710678118654752440;
-  const auto lit = [&](double lx, double ly) { return (-dx * lx - dy * ly + flat) / length - flat; };
-  constexpr double d = 0.5;
-  constexpr double s = 0.70710678118654752440;
-  return 0.7 * lit(-d, -d) + 0.15 * lit(-s, 0) + 0.15 * lit(0, -s);
+  // Small turns only, for which two terms of the series are good enough to see by.
+  const double s = turn - turn * turn * turn / 6;
+  const double c = 1 - turn * turn / 2;
+  const double lx = -0.5 * c - 0.5 * s;
+  const double ly = -0.5 * c + 0.5 * s;
+  const double lit = (-dx * lx - dy * ly + flat) / length - flat;
+  return 0.86 * lit + 0.14 * (1 / length - 1);
 }
 
-/// Heights as the relief is modelled: slopes of the plains exaggerated, those of the mountains restrained, so
-/// that both show their forms in the same light; bare rock is given its roughness, which is finer than the
-/// terrain's grid.
-Field modelled(const Field &height, std::uint64_t seed) {
+/// Heights as the relief is modelled: the slopes of the mountains restrained beside those of the hills, so
+/// that both show their forms in one light.
+Field modelled(const Field &height) {
   Field result = height;
-  for (int y = 0; y < result.height(); ++y)
-    for (int x = 0; x < result.width(); ++x) {
-      const double h = height.at(x, y);
-      double &z = result.at(x, y);
-      z = 0.66 * power(h + 45, 0.45);
-      if (h < 500) continue;
-      const double px = (x + 0.5) / fine;
-      const double py = (y + 0.5) / fine;
-      z += rock_roughness * smooth_step(500, 1600, h) * ridged_noise(seed + 86, px, py, 5.5, 3, 0.6);
-    }
+  for (std::size_t i = 0; i < result.size(); ++i) result[i] = 0.05 * power(height[i] + 60, 0.74);
   return result;
+}
+
+struct Slope {
+  double x = 0;
+  double y = 0;
+};
+
+Slope slope_at(const Field &height, int x, int y) {
+  const auto z = [&](int i, int j) { return static_cast<double>(height.near(x + i, y + j)); };
+  constexpr double k = fine / 8.0;
+  return {k * (z(1, -1) + 2 * z(1, 0) + z(1, 1) - z(-1, -1) - 2 * z(-1, 0) - z(-1, 1)),
+          k * (z(-1, 1) + 2 * z(0, 1) + z(1, 1) - z(-1, -1) - 2 * z(0, -1) - z(1, -1))};
 }
 
 /// The shading of one field of heights; `steepness` exaggerates its slopes.
-Field shading(const Field &height, double steepness) {
+Field shading(const Field &height, double steepness, const Field &turn) {
   Field result(height.width(), height.height());
-  const double k = steepness * fine / 8.0;
   for (int y = 0; y < height.height(); ++y)
     for (int x = 0; x < height.width(); ++x) {
-      const auto z = [&](int i, int j) { return static_cast<double>(height.near(x + i, y + j)); };
-      const double dx = z(1, -1) + 2 * z(1, 0) + z(1, 1) - z(-1, -1) - 2 * z(-1, 0) - z(-1, 1);
-      const double dy = z(-1, 1) + 2 * z(0, 1) + z(1, 1) - z(-1, -1) - 2 * z(0, -1) - z(1, -1);
-      result.at(x, y) = shade(dx * k, dy * k);
+      const Slope s = slope_at(height, x, y);
+      result.at(x, y) = shade(s.x * steepness, s.y * steepness, turn.at(x, y));
     }
   return result;
+}
+
+/// How far to turn the light everywhere: by up to 30 degrees towards the west where ridges run with it from
+/// the north-west to the south-east, so that their sides part (E. Imhof, "Kartographische
+/// Geländedarstellung", 1965). The way ridges run is that of the structure tensor around.
+Field light_turn(const Field &relief) {
+  Field xx(relief.width(), relief.height());
+  Field xy = xx;
+  for (int y = 0; y < relief.height(); ++y)
+    for (int x = 0; x < relief.width(); ++x) {
+      const Slope s = slope_at(relief, x, y);
+      xx.at(x, y) = s.x * s.x + s.y * s.y;
+      xy.at(x, y) = s.x * s.y;
+    }
+  xx = blurred(xx, 12);
+  xy = blurred(xy, 12);
+  Field turn = xx;
+  for (std::size_t i = 0; i < turn.size(); ++i) turn[i] = pi / 6 * clamp01(-2.4 * xy[i] / (xx[i] + 1e-4));
+  return turn;
+}
+
+/// Depth of the sea in metres: a shelf of changing width, its edge, a slope and the deep; a canyon before the
+/// delta and a sill between the islands.
+class Depths {
+ public:
+  Depths(const Scene &scene, const Field &offshore) : seed_(scene.plan.seed), offshore_(offshore) {
+    Point mouth{200, 516};
+    for (const River &river : scene.rivers)
+      if (!river.widths.empty() && river.widths.front() > widest_) {
+        widest_ = river.widths.front();
+        mouth = river.line.front();
+      }
+    canyon_ = smooth_line({mouth, mouth + Point{-4, 20}, mouth + Point{-20, 44}, mouth + Point{-28, 72},
+                           mouth + Point{-52, 104}, mouth + Point{-64, 150}},
+                          3, false);
+    for (const auto &island : scene.plan.islands) {
+      Point middle;
+      for (const Coast_point &c : island)
+        middle = middle + c.place * (1.0 / static_cast<double>(island.size()));
+      sill_.push_back(middle);
+    }
+  }
+
+  double at(int x, int y) const {
+    const Point p{(x + 0.5) / fine, (y + 0.5) / fine};
+    const double from_land = offshore_.at(x, y) / fine;
+    const double shelf = 46 * (0.95 + 1.1 * fractal_noise(seed_ + 81, p.x, p.y, 130, 3));
+    const double u = from_land / std::max(14.0, shelf);
+    double depth =
+        112 * power(std::min(u, 1.0), 1.25) + 34 * u * fractal_noise(seed_ + 87, p.x, p.y, 34, 4, 0.6);
+    depth += 2500 * smooth_step(0.92, 3.1, u) * (0.86 + 0.5 * fractal_noise(seed_ + 88, p.x, p.y, 90, 4));
+    if (sill_.size() > 1) {
+      const double on_sill = exponential(-power(distance_to_line(sill_, p) / 17, 2));
+      depth = mix(depth, std::min(depth, 62 + 30 * fractal_noise(seed_ + 89, p.x, p.y, 20, 3)), on_sill);
+    }
+    const Point q{p.x + 5 * fractal_noise(seed_ + 90, p.x, p.y, 26, 3), p.y};
+    const double along = smooth_step(3, 60, from_land);
+    const double across = distance_to_line(canyon_, q) / (3.5 + 5 * along);
+    depth += (60 + 950 * along) * exponential(-across * across) * smooth_step(1.5, 7, from_land);
+    return std::max(0.0, depth);
+  }
+
+ private:
+  std::uint64_t seed_;
+  const Field &offshore_;
+  double widest_ = 0;
+  std::vector<Point> canyon_;
+  std::vector<Point> sill_;
+};
+
+Field depths_of(const Scene &scene, const Mask &land) {
+  // Creases far out, where two coasts are equally near, are smoothed away.
+  Field offshore = distance_to(land);
+  const Field wide = blurred(offshore, 16);
+  for (std::size_t i = 0; i < offshore.size(); ++i)
+    offshore[i] = mix(offshore[i], wide[i], smooth_step(10, 60, offshore[i]));
+  const Depths depths(scene, offshore);
+  Field result(land.width(), land.height(), 0);
+  for (int y = 0; y < land.height(); ++y)
+    for (int x = 0; x < land.width(); ++x)
+      if (offshore.at(x, y) > 0) result.at(x, y) = depths.at(x, y);
+  return result;
+}
+
+/// The trees of a wood, each a crown in a cell of a jittered grid.
+class Trees {
+ public:
+  Trees(const Field &wood, std::uint64_t seed) : wood_(wood), seed_(seed) {}
+
+  struct Cover {
+    /// 0 open ground, 1 crown.
+    double crown = 0;
+    /// -1 the shaded side of a crown, 1 the lit one.
+    double side = 0;
+    /// Share of light that a crown further up the light takes away.
+    double shadow = 0;
+  };
+
+  /// At a fine pixel.
+  Cover at(int x, int y) const {
+    Cover cover;
+    const int i = static_cast<int>(std::floor(x / spacing));
+    const int j = static_cast<int>(std::floor(y / spacing));
+    for (int dj = -1; dj <= 1; ++dj)
+      for (int di = -1; di <= 1; ++di) {
+        const std::uint64_t h = hash(seed_, i + di, j + dj);
+        const auto part = [h](int k) { return static_cast<double>((h >> (16 * k)) & 0xFFFF) / 65536; };
+        const double cx = (i + di + part(0)) * spacing;
+        const double cy = (j + dj + part(1)) * spacing;
+        const int tx = static_cast<int>(cx);
+        const int ty = static_cast<int>(cy);
+        if (!wood_.contains(tx, ty) || wood_.at(tx, ty) < 0.18 + 0.74 * part(2)) continue;
+        const double radius = 1.25 + 0.7 * part(3);
+        const double dx = x + 0.5 - cx;
+        const double dy = y + 0.5 - cy;
+        const double reach = std::sqrt(dx * dx + dy * dy);
+        const double here = clamp01(radius + 0.5 - reach);
+        if (here > cover.crown) {
+          cover.crown = here;
+          cover.side = std::clamp(-(dx + dy) / radius / 1.4, -1.0, 1.0);
+        }
+        const double sx = dx - 0.9;
+        const double sy = dy - 0.9;
+        cover.shadow = std::max(cover.shadow, clamp01(radius + 0.5 - std::sqrt(sx * sx + sy * sy)));
+      }
+    return cover;
+  }
+
+ private:
+  static constexpr double spacing = 2.7;
+  const Field &wood_;
+  std::uint64_t seed_;
+};
+
+/// The greatest glaciers, from their ends up to the snow, and the brooks that lead their water to the rivers.
+struct Glaciers {
+  std::vector<std::vector<Point>> tongues;
+  Path brooks;
+};
+
+void smooth(std::vector<Point> &line, int rounds) {
+  for (int round = 0; round < rounds; ++round)
+    for (std::size_t k = 1; k + 1 < line.size(); ++k)
+      line[k] = (line[k - 1] + line[k] * 2 + line[k + 1]) * 0.25;
+}
+
+/// Above the sources of the rivers that have the highest land behind them.
+Glaciers glaciers_of(const Scene &scene) {
+  constexpr std::size_t count = 5;
+  constexpr double lowest_source = 450;
+  constexpr double ice_ends = 1350;
+  constexpr double snow_line = 2700;
+  const Field &height = scene.terrain.height;
+  const Drainage &d = scene.terrain.drainage;
+  const std::size_t none = height.size();
+  std::vector<std::size_t> above(height.size(), none);
+  for (const std::size_t i : d.order) {
+    std::size_t &best = above[d.receiver[i]];
+    if (d.receiver[i] != i && (best == none || d.area[i] > d.area[best])) best = i;
+  }
+  struct Way {
+    double top = 0;
+    std::vector<Point> line;
+    std::size_t brook = 0;
+  };
+  std::vector<Way> ways;
+  for (const River &river : scene.rivers) {
+    const Point source = river.line.back();
+    std::size_t i = height.index(std::clamp(static_cast<int>(source.x * fine), 0, height.width() - 1),
+                                 std::clamp(static_cast<int>(source.y * fine), 0, height.height() - 1));
+    if (height[i] < lowest_source) continue;
+    Way way{0, {source}, 0};
+    for (int step = 0; step < 90 && above[i] != none && height[i] < snow_line; ++step) {
+      i = above[i];
+      const Cell c = height.cell(i);
+      way.line.push_back({(c.x + 0.5) / fine, (c.y + 0.5) / fine});
+      if (height[i] < ice_ends) way.brook = way.line.size() - 1;
+    }
+    way.top = height[i];
+    smooth(way.line, 8);
+    if (way.line.size() > way.brook + 12) ways.push_back(std::move(way));
+  }
+  std::stable_sort(ways.begin(), ways.end(), [](const Way &a, const Way &b) { return a.top > b.top; });
+  ways.resize(std::min(count, ways.size()));
+  Glaciers glaciers;
+  for (const Way &way : ways) {
+    const auto end = way.line.begin() + static_cast<std::ptrdiff_t>(way.brook);
+    glaciers.tongues.emplace_back(end, way.line.end());
+    Path brook;
+    brook.move_to(way.line.front());
+    for (std::size_t k = 1; k <= way.brook; ++k) brook.line_to(way.line[k]);
+    glaciers.brooks.add(stroked(brook, 0.4));
+  }
+  return glaciers;
+}
+
+/// A tongue of ice, narrow at its end, and the bowed strokes across it that maps give its surface.
+struct Ice {
+  Path surface;
+  Path strokes;
+};
+
+Ice ice_of(const std::vector<std::vector<Point>> &glaciers) {
+  Ice ice;
+  for (const auto &line : glaciers)
+    for (std::size_t k = 0; k + 1 < line.size(); ++k) {
+      const double t = static_cast<double>(k) / static_cast<double>(line.size());
+      const double width = mix(1.2, 3.6, std::min(1.0, 2 * t));
+      ice.surface.add(stroked(Path().move_to(line[k]).line_to(line[k + 1]), width));
+      const Point way = line[k + 1] - line[k];
+      if (k % 4 != 2 || length(way) == 0) continue;
+      const Point along = way * (1 / length(way));
+      const Point across{-along.y * width * 0.4, along.x * width * 0.4};
+      Path stroke;
+      stroke.move_to(line[k] + across + along * 0.5)
+          .quad_to(line[k] - along * 0.5, line[k] - across + along * 0.5);
+      ice.strokes.add(stroked(stroke, 0.28));
+    }
+  return ice;
+}
+
+/// 1 in the middle of a stretch, 0 from its edge on; `torn` moves the edge.
+double torn_within(const std::vector<Stretch> &stretches, double px, double py, double torn) {
+  double most = 0;
+  for (const Stretch &s : stretches)
+    most = std::max(most, 1 - length({px - s.centre.x, py - s.centre.y}) / s.radius);
+  return most <= 0 ? 0 : most + torn;
 }
 
 /// What the painter needs at every cell, worked out once.
 class Painter {
  public:
-  explicit Painter(const Scene &scene) : scene_(scene) {
+  explicit Painter(const Scene &scene) : scene_(scene), trees_(scene.terrain.wood, scene.plan.seed + 91) {
     Field height = scene.terrain.height;
     for (std::size_t i = 0; i < height.size(); ++i) height[i] = std::max<double>(height[i], 0);
-    // Small forms for the eye, great forms for the understanding: generalised relief lies under the detail.
-    const Field relief = modelled(height, scene.plan.seed);
-    const Field detail = shading(relief, 1);
-    const Field forms = shading(blurred(relief, 2.5), 1.3);
-    const Field masses = shading(blurred(relief, 10), 2);
+    // Small forms for the eye, great forms for the understanding: generalised relief lies under the detail,
+    // which fades from the hills to the plain.
+    const Field relief = modelled(height);
+    const Field coarse = blurred(relief, 4);
+    const Field turn = light_turn(coarse);
+    const Field detail = shading(relief, 1, turn);
+    const Field forms = shading(coarse, 1.3, turn);
+    const Field masses = shading(blurred(relief, 13), 1.9, turn);
+    const Field around = blurred(height, 6);
     shade_ = Field(height.width(), height.height());
     for (std::size_t i = 0; i < shade_.size(); ++i) {
-      const double high = smooth_step(200, 1400, height[i]);
-      shade_[i] = mix(0.5, 0.72, high) * detail[i] + 0.3 * forms[i] + mix(0.32, 0.2, high) * masses[i];
+      const double hilly = smooth_step(60, 320, around[i]);
+      const double high = smooth_step(250, 1500, around[i]);
+      shade_[i] = (mix(0.1, 0.55, hilly) + 0.42 * high) * detail[i] + mix(0.3, 0.42, hilly) * forms[i] +
+                  mix(0.34, 0.42, high) * masses[i];
     }
     Mask land(height.width(), height.height(), 0);
     for (std::size_t i = 0; i < land.size(); ++i) land[i] = scene.shores.land[i] > 0;
-    // Creases far out, where two coasts are equally near, are smoothed away.
+    depth_ = depths_of(scene, land);
     offshore_ = distance_to(land);
-    const Field wide = blurred(offshore_, 14);
-    for (std::size_t i = 0; i < offshore_.size(); ++i)
-      offshore_[i] = mix(offshore_[i], wide[i], smooth_step(10, 60, offshore_[i]));
+    valley_ = Field(height.width(), height.height());
+    for (std::size_t i = 0; i < valley_.size(); ++i) valley_[i] = around[i] - height[i];
     height_ = height;
-    water_ = coverage(river_shape(scene.rivers, 0.55).transformed(Affine::scaling(fine, fine)),
-                      height.width(), height.height());
+    const Glaciers glaciers = glaciers_of(scene);
+    const Ice ice = ice_of(glaciers.tongues);
+    const Affine to_fine = Affine::scaling(fine, fine);
+    ice_ = coverage(ice.surface.transformed(to_fine), height.width(), height.height());
+    ice_strokes_ = coverage(ice.strokes.transformed(to_fine), height.width(), height.height());
+    Path rivers = river_shape(scene.rivers, 0.3);
+    rivers.add(glaciers.brooks);
+    water_ = coverage(rivers.transformed(to_fine), height.width(), height.height());
   }
 
   Image paint() const {
@@ -180,7 +416,7 @@ class Painter {
   Colour colour_at(int x, int y) const {
     const double coast = edge_distance(scene_.shores.land, x, y);
     const double on_land = clamp01(0.5 + coast * fine);
-    Colour colour = sea_colour(x, y);
+    Colour colour = on_land < 1 ? sea_colour(x, y) : Colour{};
     if (on_land > 0) colour = blend(colour, land_colour(x, y), on_land);
     const double line = 1 - smooth_step(0.22, 0.62, std::abs(coast));
     return blend(colour, coast_line, 0.85 * line * (is_ours(x, y) ? 1 : 0.55));
@@ -188,59 +424,156 @@ class Painter {
 
   bool is_ours(int x, int y) const { return scene_.shores.ours.at(x, y) > 0; }
 
+  /// Tints by steps of depth, each begun by a thin darker line; pale water along the coast.
   Colour sea_colour(int x, int y) const {
-    const double px = (x + 0.5) / fine;
-    const double py = (y + 0.5) / fine;
-    const double distance = offshore_.at(x, y) / fine;
-    const double wavy = distance * (1 + 0.28 * fractal_noise(scene_.plan.seed + 81, px, py, 70, 3));
-    Colour colour = sea_at(wavy);
-    const double vignette = exponential(-distance / 3.2);
-    return blend(colour, {232, 243, 243}, 0.55 * vignette);
+    const double depth = depth_.at(x, y);
+    const double dx = (depth_.near(x + 1, y) - depth_.near(x - 1, y)) / 2;
+    const double dy = (depth_.near(x, y + 1) - depth_.near(x, y - 1)) / 2;
+    const double slope = std::max(0.02, std::sqrt(dx * dx + dy * dy));
+    Colour colour = sea_steps.front().colour;
+    double line = 0;
+    for (std::size_t i = 1; i < sea_steps.size(); ++i) {
+      const double pixels = (depth - sea_steps[i].at) / slope;
+      colour = blend(colour, sea_steps[i].colour, clamp01(0.5 + pixels));
+      line = std::max(line, 1 - clamp01(std::abs(pixels) - 0.35));
+    }
+    const double px = offshore_.at(x, y) / fine;
+    colour = blend(colour, {96, 140, 178}, 0.3 * line * smooth_step(2, 5, px));
+    return blend(colour, {234, 244, 243}, 0.6 * exponential(-px / 3.4));
   }
 
   Colour land_colour(int x, int y) const {
     const double height = height_.at(x, y);
     const double px = (x + 0.5) / fine;
     const double py = (y + 0.5) / fine;
-    Colour colour = tint_at(height_tints, height + 40 * fractal_noise(scene_.plan.seed + 82, px, py, 9, 2) *
-                                                       smooth_step(20, 300, height));
     const double ours = clamp01(0.5 + edge_distance(scene_.shores.ours, x, y) * fine / 2);
-    colour = cover(colour, x, y, px, py, height);
-    // From far above, air lies over the plains: they are paler and less modelled than the heights.
-    const double high = smooth_step(100, 1800, height);
-    colour = blend(haze, colour, mix(0.93, 1, high));
-    colour = lit(colour, shade_.at(x, y) * mix(1.05, 1.5, high));
-    const Colour grey = lit(blend(neighbour, colour, 0.1), 0.5 * shade_.at(x, y));
-    colour = blend(grey, colour, ours);
-    const double lake = clamp01(0.5 + edge_distance(scene_.shores.lake, x, y) * fine);
-    colour = blend(colour, mix_water(ours), 0.9 * static_cast<double>(water_.at(x, y)) * (1 - lake));
-    colour = blend(colour, lake_blue, lake);
-    const double lake_edge = 1 - smooth_step(0.2, 0.6, std::abs(edge_distance(scene_.shores.lake, x, y)));
-    colour = blend(colour, coast_line, 0.75 * lake_edge * (scene_.shores.lake.at(x, y) > -2 ? 1 : 0));
-    const double border = std::abs(edge_distance(scene_.shores.ours, x, y));
-    return blend(colour, {150, 120, 130}, 0.5 * (1 - smooth_step(0.3, 2.4, border)));
+    const double brightness = shade_.at(x, y);
+    Colour colour = ground(x, y, px, py, height);
+    const double grey = mix(0.62, 0, ours);
+    colour = blend(colour, neighbour, grey);
+    colour = lit(colour, brightness * mix(0.8, 1, ours));
+    colour = under_trees(colour, x, y, height, brightness, 1 - grey);
+    colour = under_water(colour, x, y, ours);
+    colour = under_snow(colour, px, py, height, brightness);
+    colour = under_ice(colour, x, y, brightness);
+    const double border = edge_distance(scene_.shores.ours, x, y);
+    colour = blend(colour, frontier_ink, border > 0 ? 0.3 * (1 - smooth_step(0, 4.5, border)) : 0);
+    return blend(colour, frontier_ink, 0.55 * (1 - smooth_step(0.25, 0.7, std::abs(border))));
   }
 
-  static Colour mix_water(double ours) { return blend({150, 172, 190}, river_blue, ours); }
+  Colour ground(int x, int y, double px, double py, double height) const {
+    Colour colour = tint_at(height_tints, height + 40 * fractal_noise(scene_.plan.seed + 82, px, py, 9, 2) *
+                                                       smooth_step(20, 300, height));
+    colour = cover(colour, px, py, height, scene_.terrain.inland.at(x, y));
+    const Slope s = slope_at(height_, x, y);
+    const double steep = std::sqrt(s.x * s.x + s.y * s.y);
+    colour = blend(colour, rock, 0.75 * smooth_step(900, 1700, height) * smooth_step(60, 170, steep));
+    // From far above, air lies over the plains and in the valleys.
+    const double hollow = smooth_step(10, 160, valley_.at(x, y)) * smooth_step(150, 500, height);
+    return blend(colour, haze, 0.07 * (1 - smooth_step(100, 900, height)) + 0.3 * hollow);
+  }
 
-  /// What grows or lies on the ground.
-  Colour cover(Colour colour, int x, int y, double px, double py, double height) const {
+  /// What grows or lies on the ground, trees apart.
+  Colour cover(Colour colour, double px, double py, double height, double inland) const {
+    const std::uint64_t seed = scene_.plan.seed;
     const double low = 1 - smooth_step(250, 700, height);
-    colour = blend(colour, dry,
-                   0.5 * low *
-                       smooth_step(360, 520, py + 30 * fractal_noise(scene_.plan.seed + 83, px, py, 60, 3)) *
-                       smooth_step(225, 300, px));
+    const double south = smooth_step(360, 520, py + 30 * fractal_noise(seed + 83, px, py, 60, 3));
+    colour = blend(colour, dry, 0.5 * low * south * smooth_step(225, 300, px));
     const double wet = (1 - smooth_step(4, 16, height)) *
-                       smooth_step(0.1, 0.4, 0.3 + fractal_noise(scene_.plan.seed + 84, px, py, 14, 3));
+                       smooth_step(0.1, 0.45, 0.25 + fractal_noise(seed + 84, px, py, 14, 3));
     colour = blend(colour, marsh, 0.6 * wet);
-    const double grain = 0.8 + 0.4 * fractal_noise(scene_.plan.seed + 85, px, py, 3, 2);
-    colour = blend(colour, wood_tint, 0.7 * scene_.terrain.wood.at(x, y) * grain);
-    const double inland = scene_.terrain.inland.at(x, y);
-    if (inland < 8) {
-      const double beach = soft_coast(px, py) * (1 - smooth_step(2, 6, inland));
-      colour = blend(colour, sand, 0.85 * beach);
+    colour = blend(colour, reed, 0.7 * smooth_step(0.75, 0.95, wet) * reeds(seed, px * fine, py * fine));
+    colour = textured(colour, seed, px, py, height);
+    if (inland >= 8) return colour;
+    return blend(colour, sand, 0.85 * soft_coast(px, py) * (1 - smooth_step(2, 6, inland)));
+  }
+
+  /// Vines in rows, and limestone: pale, with hollows that are dark to the light and bright behind.
+  Colour textured(Colour colour, std::uint64_t seed, double px, double py, double height) const {
+    const double torn = 0.5 * fractal_noise(seed + 94, px, py, 9, 3);
+    const double vines =
+        smooth_step(0.1, 0.3, torn_within(scene_.plan.vineyards, px, py, torn)) * smooth_step(40, 90, height);
+    if (vines > 0) {
+      // The rows turn from slope to slope.
+      const double turn = 2 * noise(seed + 95, px / 45, py / 45);
+      const double u = (px * cosine(turn) + py * sine(turn)) * fine;
+      const double v = (py * cosine(turn) - px * sine(turn)) * fine;
+      const bool row = u - 3.4 * std::floor(u / 3.4) < 1.3 && v - 2.6 * std::floor(v / 2.6) < 1.8;
+      colour = blend(colour, row ? Colour{126, 134, 84} : Colour{226, 214, 158}, vines * (row ? 0.38 : 0.2));
     }
-    return colour;
+    const double bare = smooth_step(0.05, 0.35, torn_within(scene_.plan.karst, px, py, torn));
+    if (bare <= 0) return colour;
+    colour = blend(colour, {234, 230, 216}, 0.55 * bare);
+    constexpr double spacing = 3.6;
+    const auto i = static_cast<std::int64_t>(std::floor(px / spacing));
+    const auto j = static_cast<std::int64_t>(std::floor(py / spacing));
+    const std::uint64_t h = hash(seed + 96, i, j);
+    if ((h & 3) == 0) return colour;
+    const double cx =
+        (static_cast<double>(i) + 0.3 + 0.4 * static_cast<double>((h >> 8) & 0xFF) / 255) * spacing;
+    const double cy =
+        (static_cast<double>(j) + 0.3 + 0.4 * static_cast<double>((h >> 16) & 0xFF) / 255) * spacing;
+    const double radius = 0.6 + 0.5 * static_cast<double>((h >> 24) & 0xFF) / 255;
+    const double dx = px - cx;
+    const double dy = py - cy;
+    const double inside = clamp01((radius - std::sqrt(dx * dx + dy * dy)) * fine + 0.5);
+    const double side = std::clamp((dx + dy) / radius, -1.0, 1.0);
+    return blend(colour, side < 0 ? Colour{168, 156, 140} : Colour{250, 248, 240},
+                 bare * inside * std::abs(side));
+  }
+
+  /// The strokes by which maps show a marsh: short, level, in rows that do not line up.
+  static double reeds(std::uint64_t seed, double fx, double fy) {
+    constexpr double row = 5;
+    constexpr double step = 11;
+    const double j = std::floor(fy / row);
+    const std::uint64_t h = hash(seed + 92, static_cast<std::int64_t>(j), 0);
+    const double shift = static_cast<double>(h & 0xFF) / 256 * step;
+    const double i = std::floor((fx + shift) / step);
+    const std::uint64_t k = hash(seed + 93, static_cast<std::int64_t>(i), static_cast<std::int64_t>(j));
+    if ((k & 3) == 0) return 0;
+    const double length = 3.5 + static_cast<double>((k >> 8) & 0xFF) / 90;
+    const double along = fx + shift - i * step;
+    return fy - j * row < 1 && along < length ? 1 : 0;
+  }
+
+  /// Crowns with a lit and a dark side and a shadow, lighter wood below and fir above.
+  Colour under_trees(Colour colour, int x, int y, double height, double brightness, double strength) const {
+    const Trees::Cover cover = trees_.at(x, y);
+    if (cover.crown == 0 && cover.shadow == 0) return colour;
+    const Colour leaf =
+        lit(blend(crown, fir, smooth_step(350, 1000, height)), 0.6 * brightness + 0.1 * cover.side);
+    colour = blend(colour, times(colour, {186, 196, 190}), strength * 0.7 * cover.shadow);
+    return blend(colour, leaf, strength * 0.78 * cover.crown);
+  }
+
+  /// Snow by altitude: less on the sunny side, on the frontier's other side as on ours.
+  static Colour under_snow(Colour colour, double px, double py, double height, double brightness) {
+    const double line = 2020 + 500 * brightness + 420 * fractal_noise(4711, px, py, 6, 4, 0.6);
+    const double lying = smooth_step(line, line + 700, height);
+    if (lying <= 0) return colour;
+    const Colour white =
+        brightness >= -0.12 ? snow : blend(snow, snow_shade, 1 - exponential(2.6 * (brightness + 0.12)));
+    return blend(colour, white, 0.94 * lying);
+  }
+
+  Colour under_ice(Colour colour, int x, int y, double brightness) const {
+    const Colour ice = brightness >= 0
+                           ? Colour{238, 246, 250}
+                           : blend({238, 246, 250}, {186, 208, 228}, 1 - exponential(2 * brightness));
+    colour = blend(colour, ice, 0.95 * static_cast<double>(ice_.at(x, y)));
+    return blend(colour, {104, 152, 196}, 0.75 * static_cast<double>(ice_strokes_.at(x, y)));
+  }
+
+  Colour under_water(Colour colour, int x, int y, double ours) const {
+    const double shore = edge_distance(scene_.shores.lake, x, y);
+    const double lake = clamp01(0.5 + shore * fine);
+    const Colour blue = blend({140, 166, 188}, river_blue, ours);
+    colour = blend(colour, blue, 0.92 * static_cast<double>(water_.at(x, y)) * (1 - lake));
+    // Far from every lake the field has no slope that a distance could be taken from.
+    if (scene_.shores.lake.at(x, y) < -2) return colour;
+    colour = blend(colour, blend(lake_rim, lake_blue, smooth_step(0.2, 1.8, shore)), lake);
+    return blend(colour, coast_line, 0.75 * (1 - smooth_step(0.2, 0.55, std::abs(shore))));
   }
 
   /// 1 where the coast was drawn smooth.
@@ -258,21 +591,31 @@ class Painter {
 
   /// Warm light on the lit side, cool shadow on the other, neither ever quite full.
   static Colour lit(Colour colour, double brightness) {
-    if (brightness >= 0) return blend(colour, light, 0.72 * (1 - exponential(-3.4 * brightness)));
-    return blend(colour, times(colour, shadow), 0.95 * (1 - exponential(2.1 * brightness)));
+    if (brightness >= 0) return blend(colour, light, 0.66 * (1 - exponential(-3.2 * brightness)));
+    return blend(colour, times(colour, shadow), 0.97 * (1 - exponential(2.5 * brightness)));
   }
 
   const Scene &scene_;
+  Trees trees_;
   Field height_;
   Field shade_;
+  Field depth_;
   Field offshore_;
+  /// How much lower than its surroundings the land lies, metres.
+  Field valley_;
   Coverage water_;
+  Coverage ice_;
+  Coverage ice_strokes_;
 };
 
 }  // namespace
 
 Image draw_map(const Scene &scene) {
   return Painter(scene).paint();
+}
+
+Pixel height_tint(double height) {
+  return to_pixel(height >= 2600 ? snow : tint_at(height_tints, height));
 }
 
 }  // namespace atelier

@@ -16,6 +16,9 @@ struct Scene {
   const std::vector<River> &rivers;
 };
 
+/// The tint of level ground at a height in metres, as the legend shows it.
+Pixel height_tint(double height);
+
 /// The map on the fine grid, that is, in its 2x drawing.
 Image draw_map(const Scene &scene);
 

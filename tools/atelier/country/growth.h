@@ -9,7 +9,7 @@ namespace atelier {
 
 /// A step up or down costs so many times one across, so that territories come out wider than tall: the table
 /// of points has room for so many borders a row and no more.
-inline constexpr double steepness = 1.45;
+inline constexpr double steepness = 1.83;
 
 struct Seed {
   Cell place;

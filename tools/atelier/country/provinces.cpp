@@ -19,26 +19,36 @@ Mask country_mask(const Field &land, const Field &ours, const Field &lake) {
   return mask;
 }
 
-/// Crests and the beds of greater rivers are dear to cross, so that borders come to lie on them.
-Field travelling_cost(const Terrain &terrain, const std::vector<River> &rivers) {
+/// Crests, the beds of greater rivers and the surroundings of lakes are dear to cross, so that borders come
+/// to lie on them.
+Field travelling_cost(const Shores &shores, const Terrain &terrain, const std::vector<River> &rivers) {
   const Field height = halved(terrain.height);
   const Field around = blurred(height, 7);
   Field cost(height.width(), height.height(), 1);
   for (std::size_t i = 0; i < cost.size(); ++i) {
     const double above = (height[i] - around[i]) / (40 + 0.15 * std::abs(around[i]));
-    cost[i] = 1 + 2.5 * smooth_step(0, 1.5, above);
+    cost[i] = 1 + 4 * smooth_step(0, 1.3, above);
+  }
+  // A ring around each group of lakes keeps the borders of regions off the shores.
+  const Field lake = halved(shores.lake);
+  Mask lakes(lake.width(), lake.height(), 0);
+  for (std::size_t i = 0; i < lakes.size(); ++i) lakes[i] = lake[i] > 0;
+  const Field from_lake = distance_to(lakes);
+  for (std::size_t i = 0; i < cost.size(); ++i) {
+    const double off_ring = (from_lake[i] - 12) / 4;
+    cost[i] += 6 * exponential(-off_ring * off_ring);
   }
   std::vector<River> greater;
   for (const River &river : rivers) {
     River part;
-    for (std::size_t i = 0; i < river.line.size() && river.widths[i] > 0.72; ++i) {
+    for (std::size_t i = 0; i < river.line.size() && river.widths[i] > 0.55; ++i) {
       part.line.push_back(river.line[i]);
       part.widths.push_back(river.widths[i]);
     }
     if (part.line.size() > 1) greater.push_back(part);
   }
   const Coverage water = coverage(river_shape(greater, 1.6), cost.width(), cost.height());
-  for (std::size_t i = 0; i < cost.size(); ++i) cost[i] += 7 * static_cast<double>(water.values[i]);
+  for (std::size_t i = 0; i < cost.size(); ++i) cost[i] += 11 * static_cast<double>(water.values[i]);
   return cost;
 }
 
@@ -138,7 +148,7 @@ Provinces grow_provinces(const Plan &plan, const Données &données, const Shore
   const Mask country = country_mask(halved(shores.land), halved(shores.ours), halved(shores.lake));
   const Grid<int> islands = island_numbers(shores);
   const Grid<int> zone = mainland(country, islands);
-  const Field cost = travelling_cost(terrain, rivers);
+  const Field cost = travelling_cost(shores, terrain, rivers);
   const Grid<int> regions = grow_regions(plan, données, cost, zone);
 
   std::vector<double> areas(données.régions.size(), 0);
@@ -153,7 +163,7 @@ Provinces grow_provinces(const Plan &plan, const Données &données, const Shore
     std::vector<double> sizes;
     double sum = 0;
     for (std::size_t k = 0; k < provinces.size(); ++k) {
-      sizes.push_back(random.uniform(0.82, 1.2));
+      sizes.push_back(random.uniform(0.68, 1.4));
       sum += sizes.back();
     }
     const auto spread = spread_seeds(regions, static_cast<int>(r), provinces.size(), random);
@@ -165,7 +175,7 @@ Provinces grow_provinces(const Plan &plan, const Données &données, const Shore
   }
   Provinces result = grow_balanced(seeds, targets, cost, regions, provinces_round, provinces_round / 2);
   for (std::size_t i = 0; i < result.size(); ++i) result[i] = number[static_cast<std::size_t>(result[i])];
-  for (int round = 0; round < 2; ++round) smooth_labels(result, 1.7);
+  for (int round = 0; round < 2; ++round) smooth_labels(result, 2.0);
   for (std::size_t r = 1; r < données.régions.size(); ++r) {
     if (!is_islands(plan, r)) continue;
     const auto &provinces = données.régions[r].provinces;

@@ -109,12 +109,28 @@ bool clear(Cell a, Cell b) {
   return std::abs(a.x - b.x) >= dot_width + dot_gap || std::abs(a.y - b.y) >= dot_height + dot_gap;
 }
 
+/// Distance of a dot's centre from its province's border from which on no line touches the dot.
+constexpr double off_the_border = 6;
+
 /// The places of a grown province where a dot may lie, and the middle of the province.
 struct Room {
   std::vector<Cell> places;
+  /// By place: distance in pixels to the nearest pixel of another province, of water or of foreign land.
+  std::vector<double> margins;
   Point middle;
   double radius = 0;
 };
+
+/// Looks no further than it matters.
+double margin_at(const Provinces &provinces, Cell c, int province) {
+  constexpr int reach = 9;
+  double best = reach;
+  for (int y = -reach; y <= reach; ++y)
+    for (int x = -reach; x <= reach; ++x)
+      if (!provinces.contains(c.x + x, c.y + y) || provinces.at(c.x + x, c.y + y) != province)
+        best = std::min(best, std::sqrt(static_cast<double>(x * x + y * y)));
+  return best;
+}
 
 std::vector<Room> rooms_of(const Provinces &provinces) {
   std::vector<Room> rooms(nombre_provinces + 1);
@@ -127,7 +143,9 @@ std::vector<Room> rooms_of(const Provinces &provinces) {
       room.middle.x += x;
       room.middle.y += y;
       counts[static_cast<std::size_t>(p)] += 1;
-      if (dot_inside(provinces, {x, y}, p)) room.places.push_back({x, y});
+      if (!dot_inside(provinces, {x, y}, p)) continue;
+      room.places.push_back({x, y});
+      room.margins.push_back(margin_at(provinces, {x, y}, p));
     }
   for (std::size_t p = 1; p < rooms.size(); ++p) {
     rooms[p].middle = {rooms[p].middle.x / counts[p], rooms[p].middle.y / counts[p]};
@@ -231,11 +249,13 @@ class Settler {
     const Room &room = rooms_[p];
     double best = std::numeric_limits<double>::max();
     Cell chosen;
-    for (const Cell c : room.places) {
+    for (std::size_t k = 0; k < room.places.size(); ++k) {
+      const Cell c = room.places[k];
       if (!free(c)) continue;
       const std::size_t i = provinces_.index(c.x, c.y);
       double cost =
           3 * want(lie_, ville.indice, i) + pleasantness(lie_, ville, town == 0, i) + crowding(p, c, room);
+      cost += 1.8 * (1 - smooth_step(3.5, off_the_border + 0.5, room.margins[k]));
       if (town == 0) cost += 0.25 * distance(c, room.middle) / room.radius;
       if (cost >= best) continue;
       best = cost;

@@ -161,6 +161,8 @@ Palette reduced_palette(const Image &image, const std::map<Pixel, long> &counts,
   return palette;
 }
 
+constexpr int most_owed = 12;
+
 /// For each pixel the nearest colour, the error handed on to the neighbours in sixteenths (R. W. Floyd and
 /// L. Steinberg, "An adaptive algorithm for spatial grey scale", 1976), every second row backwards.
 Indices indices_of(const Image &image, const Palette &palette, GifByteType hole, Dithering dithering) {
@@ -184,7 +186,11 @@ Indices indices_of(const Image &image, const Palette &palette, GifByteType hole,
       }
       Error wanted{p.r, p.g, p.b};
       if (dithering == Dithering::diffused)
-        for (std::size_t c = 0; c < 3; ++c) wanted[c] = std::clamp(wanted[c] + here[slot][c] / 16, 0, 255);
+        for (std::size_t c = 0; c < 3; ++c) {
+          // What has gathered over many pixels would break out as one of a stray colour.
+          const int owed = std::clamp(here[slot][c] / 16, -most_owed, most_owed);
+          wanted[c] = std::clamp(wanted[c] + owed, 0, 255);
+        }
       const Pixel key{static_cast<std::uint8_t>(wanted[0]), static_cast<std::uint8_t>(wanted[1]),
                       static_cast<std::uint8_t>(wanted[2]), 255};
       const auto [place, is_new] = known.try_emplace(key);

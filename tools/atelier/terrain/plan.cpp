@@ -67,6 +67,10 @@ std::vector<Point> points(const std::string &text) {
 
 using Fields = std::vector<std::string>;
 
+Stretch stretch(const Fields &f) {
+  return {{number(f.at(1)), number(f.at(2))}, number(f.at(3))};
+}
+
 const std::map<std::string, std::function<void(Plan &, const Fields &)>> &line_kinds() {
   static const std::map<std::string, std::function<void(Plan &, const Fields &)>> kinds = {
       {"graine", [](Plan &p, const Fields &f) { p.seed = static_cast<std::uint64_t>(number(f.at(1))); }},
@@ -92,9 +96,12 @@ const std::map<std::string, std::function<void(Plan &, const Fields &)>> &line_k
                             number(f.at(4)),
                             number(f.at(5)) * pi / 180});
        }},
-      {"forêt",
+      {"forêt", [](Plan &p, const Fields &f) { p.forests.push_back(stretch(f)); }},
+      {"vignes", [](Plan &p, const Fields &f) { p.vineyards.push_back(stretch(f)); }},
+      {"karst", [](Plan &p, const Fields &f) { p.karst.push_back(stretch(f)); }},
+      {"îlot",
        [](Plan &p, const Fields &f) {
-         p.forests.push_back({{number(f.at(1)), number(f.at(2))}, number(f.at(3))});
+         p.islets.push_back({number(f.at(1)), points(f.at(2))});
        }},
       {"région",
        [](Plan &p, const Fields &f) {

@@ -43,9 +43,16 @@ struct Lake {
   double tilt = 0;
 };
 
-struct Forest {
+/// A round stretch of country, of whatever kind.
+struct Stretch {
   Point centre;
   double radius = 0;
+};
+
+/// A bank of sand or a row of rocks off the coast, of no province.
+struct Islet {
+  double half_width = 0;
+  std::vector<Point> line;
 };
 
 /// All lengths in map pixels, heights in metres.
@@ -58,7 +65,10 @@ struct Plan {
   std::vector<River_wish> rivers;
   std::vector<Delta_arm> arms;
   std::vector<Lake> lakes;
-  std::vector<Forest> forests;
+  std::vector<Stretch> forests;
+  std::vector<Stretch> vineyards;
+  std::vector<Stretch> karst;
+  std::vector<Islet> islets;
   /// By region number from 1; regions of the islands have no anchor and stand at (0, 0).
   std::vector<Point> anchors;
   /// By region number: how large its provinces are beside those of others.

@@ -24,22 +24,25 @@ void smooth(std::vector<Point> &line, int rounds) {
   }
 }
 
-/// Sideways swing of rivers, in map pixels: wide in flat land, and a little in the hills, where the grid's
-/// eight directions would show.
-constexpr double flat_swing = 2.4;
-constexpr double steep_swing = 1.3;
-
-void meander(std::vector<Point> &line, const Field &height, std::uint64_t seed) {
-  for (std::size_t i = 1; i + 1 < line.size(); ++i) {
-    const Point p = line[i];
-    const double flat = 1 - smooth_step(20, 160, sampled(height, p.x * fine, p.y * fine));
-    const double ends =
-        std::min({1.0, static_cast<double>(i) / 14, static_cast<double>(line.size() - 1 - i) / 14});
-    const double swing = ends * mix(steep_swing, flat_swing, flat);
-    line[i].x += swing * fractal_noise(seed + 61, p.x, p.y, 11, 2);
-    line[i].y += swing * fractal_noise(seed + 62, p.x, p.y, 11, 2);
-  }
+/// Sideways swing of rivers, in map pixels: in wide and in narrow bends through flat land, and a little in
+/// the hills, where the grid's eight directions would show. It hangs on the place alone, so that rivers that
+/// meet swing alike.
+Point swung(Point p, const Field &height, std::uint64_t seed) {
+  const double flat = 1 - smooth_step(20, 150, sampled(height, p.x * fine, p.y * fine));
+  const double narrow = mix(1.2, 2.6, flat);
+  const double wide = 3.6 * flat;
+  return {
+      p.x + narrow * fractal_noise(seed + 61, p.x, p.y, 10, 2) + wide * noise(seed + 63, p.x / 27, p.y / 27),
+      p.y + narrow * fractal_noise(seed + 62, p.x, p.y, 10, 2) + wide * noise(seed + 64, p.x / 27, p.y / 27)};
 }
+
+/// How many points below the place where its water comes in a tributary meets the line of the river: it joins
+/// at an acute angle, downstream.
+constexpr std::size_t downstream = 5;
+/// Points of a tributary that make way for the bend to its mouth.
+constexpr std::size_t bend = 10;
+/// Points over which a river grows from nothing.
+constexpr double youth = 16;
 
 class Tracer {
  public:
@@ -53,19 +56,24 @@ class Tracer {
   std::vector<River> all() {
     const Drainage &d = terrain_.drainage;
     for (const std::size_t i : d.order)
-      if (d.area[i] >= smallest_ && terrain_.height[d.receiver[i]] < 0) follow(d.receiver[i], i);
+      if (d.area[i] >= smallest_ && terrain_.height[d.receiver[i]] < 0) follow(d.receiver[i], i, nullptr);
     return rivers_;
   }
 
  private:
-  /// Follows the greatest water upward from `first`, with `joined` as the point where the river ends; then
-  /// the tributaries.
-  void follow(std::size_t joined, std::size_t first) {
+  /// Follows the greatest water upward from `first`, which flows into `joined`; then the tributaries. `mouth`
+  /// is the point where the river ends, or null where that is the sea.
+  void follow(std::size_t joined, std::size_t first, const Point *mouth) {
     const Drainage &d = terrain_.drainage;
     River river;
     river.line.push_back(centre(terrain_.height, joined));
     river.widths.push_back(width(first));
-    std::vector<std::pair<std::size_t, std::size_t>> tributaries;
+    struct Tributary {
+      std::size_t at;
+      std::size_t from;
+      std::size_t position;
+    };
+    std::vector<Tributary> tributaries;
     for (std::size_t i = first;;) {
       river.line.push_back(centre(terrain_.height, i));
       river.widths.push_back(width(i));
@@ -74,19 +82,55 @@ class Tracer {
       const std::size_t main = *std::max_element(
           above.begin(), above.end(), [&d](std::size_t a, std::size_t b) { return d.area[a] < d.area[b]; });
       for (const std::size_t other : above)
-        if (other != main) tributaries.emplace_back(i, other);
+        if (other != main) tributaries.push_back({i, other, river.line.size() - 1});
       i = main;
     }
-    constexpr std::size_t shortest = 12;
+    constexpr std::size_t shortest = 24;
     if (river.line.size() >= shortest) {
       smooth(river.line, 10);
-      meander(river.line, terrain_.height, plan_.seed);
+      // Straight out to sea at the mouth, lest a bend run along the coast.
+      for (std::size_t k = 0; k < river.line.size(); ++k) {
+        const double free = mouth != nullptr ? 1 : std::min(1.0, static_cast<double>(k) / youth);
+        river.line[k] =
+            river.line[k] + (swung(river.line[k], terrain_.height, plan_.seed) - river.line[k]) * free;
+      }
+      if (mouth == nullptr) run_out(river.line);
+      if (mouth != nullptr) {
+        for (std::size_t k = 0; k < bend; ++k)
+          river.line[k] = *mouth + (river.line[bend] - *mouth) * (static_cast<double>(k) / bend);
+        smooth(river.line, 6);
+      }
+      for (std::size_t k = 0; k < river.widths.size(); ++k)
+        river.widths[k] *=
+            mix(0.3, 1, std::min(1.0, static_cast<double>(river.widths.size() - 1 - k) / youth));
       rivers_.push_back(river);
     }
-    for (const auto &[at, from] : tributaries) follow(at, from);
+    const std::vector<Point> line = river.line;
+    for (const Tributary &t : tributaries) {
+      const Point &meeting = line[t.position > downstream ? t.position - downstream : 0];
+      follow(t.at, t.from, &meeting);
+    }
   }
 
-  double width(std::size_t i) const { return 0.42 + 0.0058 * std::sqrt(terrain_.drainage.area[i]); }
+  /// Leads the last of a river straight on into the sea; the way of the water over the grid's last cells
+  /// often runs along the shore.
+  void run_out(std::vector<Point> &line) const {
+    constexpr std::size_t last = 12;
+    constexpr std::size_t before = 26;
+    if (line.size() <= before) return;
+    const Point step = (line[last] - line[before]) * (1.0 / (before - last));
+    if (length(step) == 0) return;
+    constexpr int farthest = 2 * last;
+    for (int k = 1; k <= farthest; ++k) {
+      const Point out = line[last] + step * k;
+      if (sampled(terrain_.height, out.x * fine, out.y * fine) >= 0) continue;
+      for (std::size_t i = 0; i < last; ++i)
+        line[i] = out + (line[last] - out) * (static_cast<double>(i) / last);
+      return;
+    }
+  }
+
+  double width(std::size_t i) const { return 0.12 + 0.0088 * std::sqrt(terrain_.drainage.area[i]); }
 
   const Plan &plan_;
   const Terrain &terrain_;
@@ -120,30 +164,79 @@ River arm_of(const Delta_arm &arm, const Field &land, std::uint64_t seed) {
   return river;
 }
 
+/// Nearest point of a line to p, and how far it is.
+struct Nearest {
+  std::size_t index = 0;
+  double distance = 1e30;
+};
+
+Nearest nearest_on(const std::vector<Point> &line, Point p) {
+  Nearest best;
+  for (std::size_t i = 0; i < line.size(); ++i)
+    if (const double d = length(line[i] - p); d < best.distance) best = {i, d};
+  return best;
+}
+
+/// A stream that would cross an arm of the delta ends in it.
+void end_in_arms(std::vector<River> &rivers, const std::vector<River> &arms) {
+  constexpr double crossing = 2.2;
+  for (River &river : rivers)
+    for (const River &arm : arms) {
+      std::size_t last = 0;
+      Point at;
+      for (std::size_t k = 0; k + 1 < river.line.size(); ++k)
+        if (const Nearest n = nearest_on(arm.line, river.line[k]); n.distance < crossing) {
+          last = k;
+          at = arm.line[std::min(n.index + 3, arm.line.size() - 1)];
+        }
+      if (last == 0) continue;
+      river.line.erase(river.line.begin(), river.line.begin() + static_cast<std::ptrdiff_t>(last));
+      river.widths.erase(river.widths.begin(), river.widths.begin() + static_cast<std::ptrdiff_t>(last));
+      river.line.front() = at;
+    }
+  std::erase_if(rivers, [](const River &river) { return river.line.size() < 12; });
+}
+
 }  // namespace
 
 std::vector<River> trace_rivers(const Plan &plan, const Terrain &terrain, const Shores &shores,
                                 double smallest_area) {
   std::vector<River> rivers = Tracer(plan, terrain, smallest_area).all();
+  std::vector<River> arms;
+  // The greatest river of the country is the one whose arms were drawn.
+  const auto size = [](const River &river) {
+    return *std::max_element(river.widths.begin(), river.widths.end());
+  };
+  const auto trunk = [&](Point p) {
+    std::size_t best = 0;
+    for (std::size_t i = 0; i < rivers.size(); ++i)
+      if (nearest_on(rivers[i].line, p).distance < 14 && size(rivers[i]) > size(rivers[best])) best = i;
+    return best;
+  };
+  const std::size_t main = plan.arms.empty() ? rivers.size() : trunk(plan.arms.front().course.front());
   for (const Delta_arm &arm : plan.arms) {
     River river = arm_of(arm, shores.land, plan.seed);
-    // The first point of an arm lies on the river as traced, not as wished for.
-    Point nearest = river.line.front();
-    double best = 1e30;
-    for (const River &other : rivers)
-      for (const Point p : other.line) {
-        const double dx = p.x - river.line.front().x;
-        const double dy = p.y - river.line.front().y;
-        if (dx * dx + dy * dy < best) {
-          best = dx * dx + dy * dy;
-          nearest = p;
-        }
+    // The first point of an arm lies on the river as traced, or on the arm that it leaves, not as wished for.
+    const Point wish = river.line.front();
+    Nearest best = nearest_on(rivers[main].line, wish);
+    Point start = rivers[main].line[best.index];
+    for (const River &other : arms)
+      if (const Nearest n = nearest_on(other.line, wish); n.distance < best.distance) {
+        best = n;
+        start = other.line[n.index];
       }
-    river.line.insert(river.line.begin(), nearest);
+    river.line.insert(river.line.begin(), start);
     river.widths.insert(river.widths.begin(), arm.first_width);
     smooth(river.line, 6);
-    rivers.push_back(river);
+    arms.push_back(river);
   }
+  if (main < rivers.size()) {
+    const River trunk_river = rivers[main];
+    rivers.erase(rivers.begin() + static_cast<std::ptrdiff_t>(main));
+    end_in_arms(rivers, arms);
+    rivers.push_back(trunk_river);
+  }
+  rivers.insert(rivers.end(), arms.begin(), arms.end());
   return rivers;
 }
 

@@ -1,5 +1,6 @@
 #include "terrain/terrain.h"
 
+#include <array>
 #include <cmath>
 #include <functional>
 #include <queue>
@@ -24,24 +25,30 @@ struct Level {
   double cell = 1;
 };
 
-/// Drainage over the heights by priority flooding (R. Barnes, C. Lehman and D. Mulla, "Priority-flood", 2014)
-/// with steepest descent to one of eight neighbours, D8 (J. F. O'Callaghan and D. M. Mark, 1984). In a hollow
-/// the water takes the way by which the flood came in, which leads over its lowest sill.
-Drainage drain(const Field &height, const Mask &land, double cell) {
-  Drainage d;
+/// The heights with every hollow filled to its lowest sill, and the way of the water over them.
+struct Flood {
+  std::vector<double> level;
+  Drainage drainage;
+};
+
+/// Priority flooding (R. Barnes, C. Lehman and D. Mulla, "Priority-flood", 2014). In a hollow the water takes
+/// the way by which the flood came in, which leads over its lowest sill.
+Flood flooded(const Field &height, const Mask &land) {
+  Flood flood;
+  Drainage &d = flood.drainage;
   d.receiver.resize(height.size());
   d.order.reserve(height.size());
   using Entry = std::pair<double, std::size_t>;
   std::priority_queue<Entry, std::vector<Entry>, std::greater<>> open;
   std::vector<char> seen(height.size(), 0);
-  std::vector<double> flooded(height.size(), 0);
+  flood.level.assign(height.size(), 0);
   for (std::size_t i = 0; i < height.size(); ++i) {
     d.receiver[i] = i;
     const Cell c = height.cell(i);
     const bool edge = c.x == 0 || c.y == 0 || c.x == height.width() - 1 || c.y == height.height() - 1;
     if (!land[i] || edge) {
       seen[i] = 1;
-      flooded[i] = land[i] ? height[i] : 0;
+      flood.level[i] = land[i] ? height[i] : 0;
     }
   }
   for (std::size_t i = 0; i < height.size(); ++i) {
@@ -49,7 +56,7 @@ Drainage drain(const Field &height, const Mask &land, double cell) {
     const Cell c = height.cell(i);
     for (const Cell &n : neighbours)
       if (height.contains(c.x + n.x, c.y + n.y) && !seen[height.index(c.x + n.x, c.y + n.y)]) {
-        open.emplace(flooded[i], i);
+        open.emplace(flood.level[i], i);
         break;
       }
   }
@@ -64,12 +71,20 @@ Drainage drain(const Field &height, const Mask &land, double cell) {
       if (seen[k]) continue;
       seen[k] = 1;
       d.receiver[k] = i;
-      flooded[k] = std::max<double>(height[k], level);
-      open.emplace(flooded[k], k);
+      flood.level[k] = std::max<double>(height[k], level);
+      open.emplace(flood.level[k], k);
     }
   }
+  return flood;
+}
+
+/// Drainage by the steepest descent to one of eight neighbours, D8 (J. F. O'Callaghan and D. M. Mark, 1984):
+/// one way for all the water of a cell, as rivers are drawn.
+Drainage drain(const Field &height, const Mask &land, double cell) {
+  Flood flood = flooded(height, land);
+  Drainage &d = flood.drainage;
   for (const std::size_t i : d.order) {
-    if (flooded[i] > height[i] || d.receiver[i] == i) continue;
+    if (flood.level[i] > height[i] || d.receiver[i] == i) continue;
     const Cell c = height.cell(i);
     double steepest = 0;
     for (std::size_t k = 0; k < neighbours.size(); ++k) {
@@ -77,7 +92,7 @@ Drainage drain(const Field &height, const Mask &land, double cell) {
       const int y = c.y + neighbours[k].y;
       if (!height.contains(x, y)) continue;
       const std::size_t j = height.index(x, y);
-      const double drop = (height[i] - flooded[j]) / (k < side_neighbours ? 1 : diagonal);
+      const double drop = (height[i] - flood.level[j]) / (k < side_neighbours ? 1 : diagonal);
       if (drop > steepest) {
         steepest = drop;
         d.receiver[i] = j;
@@ -89,34 +104,101 @@ Drainage drain(const Field &height, const Mask &land, double cell) {
     d.area[*it] += cell * cell;
     if (d.receiver[*it] != *it) d.area[d.receiver[*it]] += d.area[*it];
   }
-  return d;
+  return std::move(d);
 }
+
+/// The water of a cell shared out among all lower neighbours by their steepness (T. G. Freeman, "Calculating
+/// catchment area with divergent flow", 1991): slopes that face between two of the eight directions do not
+/// fall into the parallel furrows that a single way would cut.
+class Shares {
+ public:
+  Shares(const Field &height, const Flood &flood) : height_(height), flood_(flood) {}
+
+  /// Calls visit(neighbour, share, distance in cells) for each cell that gets water from cell i.
+  template <typename Visit>
+  void each(std::size_t i, const Visit &visit) const {
+    const std::size_t only = flood_.drainage.receiver[i];
+    const Cell c = height_.cell(i);
+    std::array<double, 8> slopes{};
+    double sum = 0;
+    const bool inner = c.x > 0 && c.y > 0 && c.x + 1 < height_.width() && c.y + 1 < height_.height();
+    if (inner && flood_.level[i] <= height_[i])
+      for (std::size_t k = 0; k < neighbours.size(); ++k) {
+        const double drop =
+            flood_.level[i] - flood_.level[height_.index(c.x + neighbours[k].x, c.y + neighbours[k].y)];
+        if (drop <= 0) continue;
+        // The side of a cell is wider than its corner; the square gathers the water again where the land is
+        // hollow.
+        const double slope = k < side_neighbours ? drop : drop / diagonal;
+        slopes[k] = slope * slope * (k < side_neighbours ? 1 : 0.7);
+        sum += slopes[k];
+      }
+    if (sum == 0) {
+      if (only == i) return;
+      const Cell o = height_.cell(only);
+      visit(only, 1.0, o.x != c.x && o.y != c.y ? diagonal : 1.0);
+      return;
+    }
+    for (std::size_t k = 0; k < neighbours.size(); ++k)
+      if (slopes[k] > 0)
+        visit(height_.index(c.x + neighbours[k].x, c.y + neighbours[k].y), slopes[k] / sum,
+              k < side_neighbours ? 1.0 : diagonal);
+  }
+
+ private:
+  const Field &height_;
+  const Flood &flood_;
+};
+
+/// How a level is worn.
+struct Wear {
+  double time = 1;
+  double erodibility = 0;
+  /// Square map pixels that must be drained before water cuts; above them slopes only creep.
+  double channel = 0;
+  /// Share of the difference to its surroundings that a cell gives up to creep.
+  double creep = 0;
+};
 
 /// One step of uplift and stream-power erosion, dz/dt = U - K A^0.5 S, solved implicitly from the mouths
 /// upward (J. Braun and S. D. Willett, "A very efficient O(n), implicit and parallel method to solve the
-/// stream power equation", 2013), then a little creep of the slopes.
-void erode(Level &level, double time, double erodibility, double creep) {
-  const Drainage d = drain(level.height, level.land, level.cell);
-  const int width = level.height.width();
-  for (const std::size_t i : d.order) {
-    const std::size_t r = d.receiver[i];
-    if (r == i) continue;
-    const Cell a = level.height.cell(i);
-    const Cell b = level.height.cell(r);
-    const double run = level.cell * (a.x != b.x && a.y != b.y ? diagonal : 1);
-    const double below = level.land[r] ? level.height[r] : 0;
-    const double f = erodibility * level.softness[i] * std::sqrt(d.area[i]) * time / run;
-    const double risen = level.height[i] + level.uplift[i] * time;
-    level.height[i] = std::max((risen + f * below) / (1 + f), below);
+/// stream power equation", 2013), here over all ways of the water; then creep of the slopes.
+void erode(Level &level, const Wear &wear) {
+  const Flood flood = flooded(level.height, level.land);
+  const Shares shares(level.height, flood);
+  const auto &order = flood.drainage.order;
+  Field area(level.height.width(), level.height.height(), 0);
+  for (auto it = order.rbegin(); it != order.rend(); ++it) {
+    area[*it] += level.cell * level.cell;
+    const double from = area[*it];
+    shares.each(*it, [&](std::size_t to, double share, double) { area[to] += share * from; });
   }
   Field &z = level.height;
   const Field before = z;
+  const Shares ways(before, flood);
+  for (const std::size_t i : order) {
+    const double power = wear.erodibility * level.softness[i] *
+                         std::sqrt(std::max(0.0, static_cast<double>(area[i]) - wear.channel)) * wear.time /
+                         level.cell;
+    double sum = z[i] + level.uplift[i] * wear.time;
+    double weight = 1;
+    bool outlet = true;
+    ways.each(i, [&](std::size_t to, double share, double distance) {
+      const double f = power * share / distance;
+      sum += f * (level.land[to] ? static_cast<double>(z[to]) : 0.0);
+      weight += f;
+      outlet = false;
+    });
+    if (!outlet) z[i] = sum / weight;
+  }
+  const Field worn = z;
   for (int y = 1; y + 1 < z.height(); ++y)
-    for (int x = 1; x + 1 < width; ++x) {
+    for (int x = 1; x + 1 < z.width(); ++x) {
       if (!level.land.at(x, y)) continue;
-      const double mean =
-          (before.at(x - 1, y) + before.at(x + 1, y) + before.at(x, y - 1) + before.at(x, y + 1)) / 4;
-      z.at(x, y) += creep * (mean - before.at(x, y));
+      const double sides = worn.at(x - 1, y) + worn.at(x + 1, y) + worn.at(x, y - 1) + worn.at(x, y + 1);
+      const double corners =
+          worn.at(x - 1, y - 1) + worn.at(x + 1, y - 1) + worn.at(x - 1, y + 1) + worn.at(x + 1, y + 1);
+      z.at(x, y) += wear.creep * ((4 * sides + corners) / 20 - worn.at(x, y));
     }
 }
 
@@ -177,6 +259,20 @@ std::vector<Bed> beds_of(const Plan &plan) {
   return beds;
 }
 
+/// 0 on a lake, 1 where the land no longer falls towards it.
+double rim_of_basin(const Plan &plan, Point p) {
+  double rim = 1;
+  for (const Lake &lake : plan.lakes) {
+    const double c = cosine(lake.tilt);
+    const double s = sine(lake.tilt);
+    const Point d = p - lake.centre;
+    const double u = (d.x * c + d.y * s) / (lake.half_length + 2);
+    const double v = (d.y * c - d.x * s) / (lake.half_width + 2);
+    rim = std::min(rim, smooth_step(0, 15, (std::sqrt(u * u + v * v) - 1) * lake.half_width));
+  }
+  return rim;
+}
+
 Mask land_mask(const Field &land) {
   Mask mask(land.width(), land.height(), 0);
   for (std::size_t i = 0; i < land.size(); ++i) mask[i] = land[i] > 0;
@@ -215,7 +311,9 @@ Level first_relief(const Plan &plan, const Shores &shores) {
       const double ridge = ridge_height(plan, crests, {p.x + wx, p.y + wy});
       const double plain = 12 + 75 * smooth_step(0, 160, inland.at(i, j));
       const double hills = 30 * (0.6 + fractal_noise(plan.seed + 13, p.x, p.y, 60, 5));
-      const double wanted = (plain + std::max(0.0, hills) +
+      const double basin = mix(0.66, 1, rim_of_basin(plan, p));
+      const double wanted = basin *
+                            (plain + std::max(0.0, hills) +
                              ridge * (0.35 + 1.0 * power(ridged_noise(plan.seed + 14, p.x, p.y, 40, 4), 2))) *
                             smooth_step(-2, 14, inland.at(i, j));
       const Valley valley = valley_at(beds, {p.x + 0.35 * wx, p.y + 0.35 * wy});
@@ -242,7 +340,7 @@ Level refined(const Level &coarse, const Field &land, double cell, std::uint64_t
         h = 0;
         continue;
       }
-      const double rough = 0.06 * h + 0.6;
+      const double rough = 0.08 * h + 0.6;
       h = std::max(0.5, h + rough * fractal_noise(seed, i * cell, j * cell, 7 * cell, 3, 0.6));
     }
   return level;
@@ -271,15 +369,18 @@ Field woods(const Plan &plan, const Field &height, const Field &inland) {
       const double x = (i + 0.5) / fine;
       const double y = (j + 0.5) / fine;
       double dense = -1;
-      for (const Forest &f : plan.forests) {
+      for (const Stretch &f : plan.forests) {
         const double dx = x - f.centre.x;
         const double dy = y - f.centre.y;
         dense = std::max(dense, 1 - std::sqrt(dx * dx + dy * dy) / f.radius);
       }
       const double patches = fractal_noise(plan.seed + 21, x, y, 20, 5, 0.7);
-      const double tree_line = 1 - smooth_step(1500, 1900, height.at(i, j));
-      wood.at(i, j) =
-          tree_line * smooth_step(0.02, 0.3, dense + 1.1 * patches) * smooth_step(0.5, 3, inland.at(i, j));
+      // Slopes too high for the plough bear wood, most of it halfway up.
+      const double h = height.at(i, j);
+      const double slopes = 0.5 * smooth_step(350, 700, h) * (1 - smooth_step(1150, 1600, h)) - 0.42;
+      const double tree_line = 1 - smooth_step(1350, 1750, h);
+      wood.at(i, j) = tree_line * smooth_step(-0.12, 0.42, std::max(dense, slopes) + 1.25 * patches) *
+                      smooth_step(0.5, 3, inland.at(i, j));
     }
   return wood;
 }
@@ -287,16 +388,16 @@ Field woods(const Plan &plan, const Field &height, const Field &inland) {
 }  // namespace
 
 Terrain raise_terrain(const Plan &plan, const Shores &shores) {
-  constexpr double erodibility = 0.9;
+  constexpr double erodibility = 0.018;
   Level level = first_relief(plan, shores);
   // The uplift is scaled so that the highest crests come to rest near the height that was drawn for them.
   for (std::size_t i = 0; i < level.uplift.size(); ++i) level.uplift[i] *= 0.0017;
-  for (int step = 0; step < 120; ++step) erode(level, 2.0, erodibility * 0.02, 0.05);
+  for (int step = 0; step < 120; ++step) erode(level, {2, erodibility, 0, 0.05});
   const Field half = halved(shores.land);
   level = refined(level, half, 1, plan.seed + 41);
-  for (int step = 0; step < 60; ++step) erode(level, 1.0, erodibility * 0.02, 0.03);
+  for (int step = 0; step < 60; ++step) erode(level, {1, erodibility, 0.3, 0.04});
   level = refined(level, shores.land, 0.5, plan.seed + 42);
-  for (int step = 0; step < 18; ++step) erode(level, 1.0, erodibility * 0.02, 0.03);
+  for (int step = 0; step < 18; ++step) erode(level, {2, erodibility, 0.1, 0.035});
   flatten_lakes(level, shores.lake);
 
   Terrain terrain;

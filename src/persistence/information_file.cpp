@@ -27,7 +27,7 @@ std::optional<std::string> lire_octets(const std::string &chemin) {
   if (!est_fichier_ordinaire(chemin)) return std::string{};
   std::ifstream flux(chemin_natif(chemin), std::ios::binary);
   std::string octets;
-  std::array<char, 16384> bloc;
+  std::array<char, 16384> bloc{};
   while (flux.read(bloc.data(), bloc.size()) || flux.gcount() > 0)
     octets.append(bloc.data(), static_cast<std::size_t>(flux.gcount()));
   if (!flux.eof()) return std::nullopt;

@@ -35,7 +35,7 @@ bool MapCursor::jump(QPoint direction, const std::vector<QPoint> &targets) {
 void draw_cursor(QPainter &painter, QPointF middle, double scale) {
   struct Stroke {
     QColor colour;
-    double width;
+    double width = 0;
   };
   static const std::array strokes{Stroke{Qt::white, 4}, Stroke{Qt::black, 2}};
   constexpr double radius = 9, tick = 5;

@@ -44,7 +44,7 @@ QPixmap PictureStore::load(Image image, Detail detail) const {
   const QFileInfo info(path);
   const QString twice = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1String("@2x.");
   for (const QString &suffix : {QStringLiteral("png"), info.suffix()}) {
-    const QPixmap doubled = QFileInfo::exists(twice + suffix) ? read_picture(twice + suffix) : QPixmap();
+    QPixmap doubled = QFileInfo::exists(twice + suffix) ? read_picture(twice + suffix) : QPixmap();
     if (!doubled.isNull()) return doubled;
   }
   const QPixmap single = read_picture(path);

@@ -1,6 +1,7 @@
 #include "chart/layers.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <stdexcept>
 #include <utility>
@@ -56,7 +57,7 @@ Path in_frame(const Path &path, const Frame &frame) {
 }
 
 Pixel with_opacity(Pixel colour, double opacity) {
-  colour.a = static_cast<std::uint8_t>(255 * opacity + 0.5);
+  colour.a = static_cast<std::uint8_t>(std::lround(255 * opacity));
   return opacity > 0 ? colour : transparent;
 }
 

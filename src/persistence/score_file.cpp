@@ -140,9 +140,9 @@ void Charger_scores(Contexte &c) {
 
 void Remise_à_zéro(Contexte &c) {
   const GameState &g = c.état;
-  const Réponse réponse =
-      c.plateforme.boîtes.montrer({Icône::question, message(g, Message::remise_à_zéro_des_scores),
-                                   message(g, Message::confirmer_perte_des_performances), Boutons::oui_non});
+  const Réponse réponse = c.plateforme.boîtes.montrer(
+      {Icône::question, message(g, Message::remise_à_zéro_des_scores),
+       message(g, Message::confirmer_perte_des_performances), Boutons::oui_non, true});
   if (réponse != Réponse::oui) return;
   Vider_scores(c);
   Ecrire_scores(c, false);

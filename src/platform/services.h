@@ -21,6 +21,7 @@ struct Boîte {
   std::string titre;
   std::string texte;
   Boutons boutons = Boutons::ok;
+  bool non_par_défaut = false;  ///< Oui throws something away: Enter answers Non
 };
 
 /// Message boxes.

@@ -133,7 +133,8 @@ bool ConfirmerAbandon(Contexte &c) {
   GameState &g = c.état;
   if (partie_en_cours(g) &&
       c.plateforme.boîtes.montrer({Icône::question, message(g, Message::partie_en_cours),
-                                   message(g, Message::confirmer_abandon), Boutons::oui_non}) != Réponse::oui)
+                                   message(g, Message::confirmer_abandon), Boutons::oui_non, true}) !=
+          Réponse::oui)
     return false;
   if (partie_en_cours(g)) {
     ScoreDeProgression(c);

@@ -58,7 +58,8 @@ class LearningByKeys : public ProgramTest {
     play();
     order().click(province(state().ProvinceCourante));
     order().choose("menu_paramétrer", "Menu_affiche_paramètres");
-    order().press(Qt::Key_Return);
+    order().press(Qt::Key_Tab);  // to Oui: the game that is thrown away stays by default
+    order().press(Qt::Key_Space);
     order().press(Qt::Key_Return);
     order().click("BoutonStatistiques");
   }

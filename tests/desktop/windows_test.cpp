@@ -305,6 +305,19 @@ TEST_F(Windows, BoxesHaveFrenchButtonsAndAnswer) {
   EXPECT_EQ(stage.boxes.montrer({Icône::stop, "Titre", "Texte"}), Réponse::ok);
 }
 
+TEST_F(Windows, WhereYesThrowsSomethingAwayEnterAndEscapeAnswerNo) {
+  stage.renderer.montrer(window);
+  const auto answer = [&](bool no_by_default, Qt::Key key) {
+    then([this, key] { QTest::keyClick(box(), key); });
+    return stage.boxes.montrer({Icône::question, "Titre", "Texte", Boutons::oui_non, no_by_default});
+  };
+  EXPECT_EQ(answer(false, Qt::Key_Return), Réponse::oui);
+  EXPECT_EQ(answer(true, Qt::Key_Return), Réponse::non);
+  EXPECT_EQ(answer(true, Qt::Key_Escape), Réponse::non);
+  then([&] { box()->findChild<QPushButton *>("oui")->click(); });
+  EXPECT_EQ(stage.boxes.montrer({Icône::question, "Titre", "Texte", Boutons::oui_non, true}), Réponse::oui);
+}
+
 TEST_F(Windows, TheWindowsBehindABoxShowWhatHasBeenDone) {
   Contrôle &label = place(window, "nom", Genre::étiquette, {0, 50, 80, 20});
   stage.renderer.montrer(window);

@@ -42,8 +42,9 @@ Réponse BoxesQt::montrer(const Boîte &boîte) {
   if (boîte.boutons == Boutons::ok) {
     box.setDefaultButton(add_button(box, "ok", "OK", QMessageBox::AcceptRole));
   } else {
-    box.setDefaultButton(add_button(box, "oui", "Oui", QMessageBox::YesRole));
+    QPushButton *yes = add_button(box, "oui", "Oui", QMessageBox::YesRole);
     no = add_button(box, "non", "Non", QMessageBox::NoRole);
+    box.setDefaultButton(boîte.non_par_défaut ? no : yes);
     box.setEscapeButton(no);
   }
   ++up_;

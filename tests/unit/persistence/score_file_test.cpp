@@ -479,6 +479,7 @@ TEST_F(ScoreFile, ResettingAsksFirst) {
   ASSERT_THAT(m.boîtes.montrées, SizeIs(1));
   EXPECT_EQ(m.dernière_boîte().icône, Icône::question);
   EXPECT_EQ(m.dernière_boîte().boutons, Boutons::oui_non);
+  EXPECT_TRUE(m.dernière_boîte().non_par_défaut);
   EXPECT_EQ(m.dernière_boîte().titre, "Remise à zéro des meilleurs scores");
   EXPECT_EQ(m.dernière_boîte().texte,
             "Confirmez-vous que vous voulez perdre définitivement la trace de vos performances ?");

@@ -120,6 +120,7 @@ TEST_F(Stages, AfterASingleClickTheGameIsConfirmedAndScoredByItsProgress) {
   EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), Message::confirmer_abandon));
   EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), Message::partie_en_cours));
   EXPECT_EQ(m.boîtes.montrées[0].boutons, Boutons::oui_non);
+  EXPECT_TRUE(m.boîtes.montrées[0].non_par_défaut);
   EXPECT_EQ(m.g().Meilleurs_scores(1, 1).score, -999999 + 324 * 3);
 }
 

@@ -64,42 +64,45 @@ constexpr std::array places = std::to_array<Place>({
 struct Entrée_menu {
   std::string_view nom;
   std::string_view parent;
+  char32_t mnémonique;
+  std::string_view raccourci = {};
   std::string_view texte = {};
 };
 
-// The menu bar, each top-level entry followed by its items. `MenuFicheur` alone has its caption here: no
-// message of the table bears it.
+// The menu bar, each top-level entry followed by its items; the letters of one menu differ. F1 is every
+// window's own key, and `Menu_aide` tells it. `MenuFicheur` alone has its caption here: no message of the
+// table bears it.
 constexpr std::array barre_de_menus = std::to_array<Entrée_menu>({
-    {"menu_fichier", ""},
-    {"fichier_nouveau", "menu_fichier"},
-    {"Fichier_enregistrer", "menu_fichier"},
-    {"Fichier_lire", "menu_fichier"},
-    {"FichierVersion", "menu_fichier"},
-    {"fichier_quitter", "menu_fichier"},
-    {"menu_paramétrer", ""},
-    {"Menu_affiche_paramètres", "menu_paramétrer"},
-    {"Menu_défaut", "menu_paramétrer"},
-    {"menu_recharger", "menu_paramétrer"},
-    {"menu_définir", "menu_paramétrer"},
-    {"MenuSon", "menu_paramétrer"},
-    {"MenuCouleurPréfectures", "menu_paramétrer"},
-    {"MenuCouleurSousPréfectures", "menu_paramétrer"},
-    {"menu_inf", "menu_paramétrer"},
-    {"MenuFicheur", "menu_paramétrer", "Editer les fiches d'information"},
-    {"menu_scores", ""},
-    {"score_en_cours", "menu_scores"},
-    {"score_facile", "menu_scores"},
-    {"score_moyen", "menu_scores"},
-    {"score_difficile", "menu_scores"},
-    {"score_expert", "menu_scores"},
-    {"menu_Scoresraz", "menu_scores"},
-    {"Menu_réviser", ""},
-    {"Menu_liste", "Menu_réviser"},
-    {"Menu_liste_souspréf", "Menu_réviser"},
-    {"Menu_révision", "Menu_réviser"},
-    {"Menu_langue", ""},
-    {"Menu_aide", ""},
-    {"Menu_à_propos", ""},
+    {"menu_fichier", "", U'F'},
+    {"fichier_nouveau", "menu_fichier", U'N', "Ctrl+N"},
+    {"Fichier_enregistrer", "menu_fichier", U'E', "Ctrl+S"},
+    {"Fichier_lire", "menu_fichier", U'R', "Ctrl+O"},
+    {"FichierVersion", "menu_fichier", U'V'},
+    {"fichier_quitter", "menu_fichier", U'Q', "Ctrl+Q"},
+    {"menu_paramétrer", "", U'P'},
+    {"Menu_affiche_paramètres", "menu_paramétrer", U'A'},
+    {"Menu_défaut", "menu_paramétrer", U'U'},
+    {"menu_recharger", "menu_paramétrer", U'R'},
+    {"menu_définir", "menu_paramétrer", U'J'},
+    {"MenuSon", "menu_paramétrer", U'S'},
+    {"MenuCouleurPréfectures", "menu_paramétrer", U'C'},
+    {"MenuCouleurSousPréfectures", "menu_paramétrer", U'V'},
+    {"menu_inf", "menu_paramétrer", U'D'},
+    {"MenuFicheur", "menu_paramétrer", U'E', "", "Editer les fiches d'information"},
+    {"menu_scores", "", U'S'},
+    {"score_en_cours", "menu_scores", U'C'},
+    {"score_facile", "menu_scores", U'F'},
+    {"score_moyen", "menu_scores", U'M'},
+    {"score_difficile", "menu_scores", U'D'},
+    {"score_expert", "menu_scores", U'X'},
+    {"menu_Scoresraz", "menu_scores", U'R'},
+    {"Menu_réviser", "", U'R'},
+    {"Menu_liste", "Menu_réviser", U'P'},
+    {"Menu_liste_souspréf", "Menu_réviser", U'V'},
+    {"Menu_révision", "Menu_réviser", U'R'},
+    {"Menu_langue", "", U'L'},
+    {"Menu_aide", "", U'A', "F1"},
+    {"Menu_à_propos", "", U'O'},
 });
 
 template <class Images>
@@ -197,6 +200,8 @@ void Ecran_principal::créer_menus() {
     menu.nom = entrée.nom;
     menu.genre = Genre::menu;
     menu.texte = entrée.texte;
+    menu.mnémonique = entrée.mnémonique;
+    menu.raccourci = entrée.raccourci;
     menu.conteneur = entrée.parent.empty() ? nullptr : chercher(entrée.parent);
     ajouter(std::move(menu));
   }

@@ -87,6 +87,8 @@ struct Contrôle {
   std::string nom_parlé;  ///< what a screen reader says; empty for what `nom_à_dire` finds
   std::string infobulle;
   std::optional<Teinte> fond;
+  std::string
+      raccourci;  ///< of a menu entry: the keys that choose it, as "Ctrl+N"; of one in the bar, to be told
   std::optional<Teinte> couleur;
   Police police;
   Alignement alignement = Alignement::gauche;

@@ -1,6 +1,8 @@
 #include "front/qt/menu_view.h"
 
+#include <QKeySequence>
 #include <QMenu>
+#include <QShortcut>
 #include <algorithm>
 
 #include "front/qt/appearance.h"
@@ -18,6 +20,17 @@ bool holds_entries(const Fenêtre &window, const Contrôle &entry) {
                              [&](const Contrôle &c) { return is_menu(c) && c.conteneur == &entry; });
 }
 
+QKeySequence keys_of(const Contrôle &entry) {
+  return QKeySequence(to_qt(entry.raccourci), QKeySequence::PortableText);
+}
+
+/// A menu shows the keys of its entries by itself; the bar has room for nothing but captions.
+QString text_of(const Contrôle &entry) {
+  const QString text = caption(entry.texte, entry.mnémonique);
+  if (text.isEmpty() || entry.conteneur != nullptr || entry.raccourci.empty()) return text;
+  return QStringLiteral("%1 (%2)").arg(text, keys_of(entry).toString(QKeySequence::NativeText));
+}
+
 }  // namespace
 
 bool has_menu(const Fenêtre &window) {
@@ -30,7 +43,16 @@ MenuView::MenuView(const ViewContext &context, QWidget *parent)
   bar_.setObjectName(QStringLiteral("barre_de_menus"));
   for (Contrôle &control : context_.window.contrôles())
     if (is_menu(control)) entries_.push_back({&control, make_action(control)});
+  connect(make_child<QShortcut>(QKeySequence(Qt::Key_F10), parent), &QShortcut::activated, this,
+          [this] { open_first(); });
   sync();
+}
+
+void MenuView::open_first() {
+  const QList<QAction *> actions = bar_.actions();
+  const auto first = std::ranges::find_if(
+      actions, [](const QAction *action) { return action->isVisible() && action->isEnabled(); });
+  if (first != actions.end()) bar_.setActiveAction(*first);
 }
 
 QAction *MenuView::make_action(Contrôle &control) {
@@ -48,6 +70,8 @@ QAction *MenuView::make_action(Contrôle &control) {
     holder->addAction(action);
     connect(action, &QAction::triggered, this,
             [this, &control] { context_.dispatcher.run([&] { cliquer(context_.window, control); }); });
+    if (control.conteneur != nullptr) action->setShortcut(keys_of(control));
+    action->setAutoRepeat(false);
   }
   action->setObjectName(to_qt(control.nom));
   action->setText(action->objectName());
@@ -57,7 +81,7 @@ QAction *MenuView::make_action(Contrôle &control) {
 void MenuView::sync() {
   // QAction compares before it changes; only texts are worth a comparison of ours, as they are made anew.
   for (const Entry &entry : entries_) {
-    const QString text = caption(entry.control->texte, entry.control->mnémonique);
+    const QString text = text_of(*entry.control);
     // Until an entry has its caption, its name holds the place: the window is sized by the bar before that.
     if (!text.isEmpty() && entry.action->text() != text) entry.action->setText(text);
     entry.action->setEnabled(entry.control->actif);

@@ -13,7 +13,8 @@ namespace ardane {
 bool has_menu(const Fenêtre &window);
 
 /// Entries without a container stand in the bar, the others in the menu of their container. An entry of the
-/// bar that holds none is chosen in the bar itself.
+/// bar that holds none is chosen in the bar itself, and only tells its keys, which are then the window's
+/// affair. F10 opens the first menu.
 class MenuView : public QObject {
  public:
   MenuView(const ViewContext &context, QWidget *parent);
@@ -26,6 +27,7 @@ class MenuView : public QObject {
     Contrôle *control;
     QAction *action;
   };
+  void open_first();
   QAction *make_action(Contrôle &control);
 
   const ViewContext context_;

@@ -79,7 +79,7 @@ class Desktop : public QObject {
   SoundOnDemand sound_;
   HorlogeSystème clock_;
   HasardSemé random_;
-  WebOnDemand web_;
+  WebOnDemand web_{screen_};
   HelpQt help_;
   Programme programme_;
   Heartbeat heartbeat_;

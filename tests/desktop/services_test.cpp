@@ -1,9 +1,15 @@
 // The screen, sound and the command line.
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <QApplication>
+#include <QProcess>
 #include <QScreen>
+#include <QTimer>
 
+#include "front/qt/appearance.h"
 #include "front/qt/on_demand.h"
 #include "front/qt/options.h"
 #include "front/qt/screen.h"
@@ -31,6 +37,48 @@ TEST(SoundOnDemand, AMissingFileAndAMissingDeviceAreSilent) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+/// A site on this machine that takes calls and never answers.
+class SilentSite {
+ public:
+  SilentSite() : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    address_.sin_family = AF_INET;
+    address_.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address_;
+    auto *address = reinterpret_cast<sockaddr *>(&address_);
+    ready_ = bind(socket_, address, size) == 0 && listen(socket_, 1) == 0 &&
+             getsockname(socket_, address, &size) == 0;
+  }
+  ~SilentSite() { close(socket_); }
+  SilentSite(const SilentSite &) = delete;
+  SilentSite &operator=(const SilentSite &) = delete;
+
+  bool ready() const { return ready_; }
+  std::string name() const { return "http://127.0.0.1:" + std::to_string(ntohs(address_.sin_port)) + "/"; }
+
+ private:
+  int socket_;
+  sockaddr_in address_{};
+  bool ready_ = false;
+};
+
+TEST(WebOnDemand, ASiteThatDoesNotAnswerIsGivenUpAndTheHourglassStandsMeanwhile) {
+  const SilentSite site;
+  ASSERT_TRUE(site.ready());
+  ScreenQt screen;
+  WebOnDemand web(screen, site.name(), std::chrono::milliseconds(30));
+  Qt::CursorShape shown = Qt::BlankCursor;
+  QTimer::singleShot(0, [&] {
+    if (QGuiApplication::overrideCursor() != nullptr) shown = QGuiApplication::overrideCursor()->shape();
+  });
+  EXPECT_EQ(web.lire_page("jeux/listejeux.htm"), std::nullopt);
+  EXPECT_EQ(shown, Qt::WaitCursor);
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(WebOnDemand, APlayerWaitsForFiveSecondsAtMost) {
+  EXPECT_EQ(WebOnDemand::patience, std::chrono::seconds(5));
+}
+
 TEST(DesktopOptions, AreReadByName) {
   const std::array words{"ardane", "--programme", "/jeu", "--pret-et-quitter"};
   const DesktopOptions options = read_options(words.size(), words.data());
@@ -46,6 +94,55 @@ TEST(DesktopOptions, UnknownAndIncompleteOnesAreToldInFrench) {
   const std::array incomplete{"ardane", "--demonstration"};
   EXPECT_EQ(read_options(incomplete.size(), incomplete.data()).erreur,
             "Option inconnue ou incomplète : --demonstration");
+}
+
+TEST(DesktopOptions, ThoseOfTheToolkitArePassedOver) {
+  const std::array words{"ardane",
+                         "-style",
+                         "fusion",
+                         "--platform",
+                         "offscreen",
+                         "-style=fusion",
+                         "-stylesheet=a.qss",
+                         "-reverse",
+                         "--version",
+                         "-qwindowtitle",
+                         "--help"};
+  const DesktopOptions options = read_options(words.size(), words.data());
+  EXPECT_EQ(options.erreur, "");
+  EXPECT_TRUE(options.version);
+  EXPECT_FALSE(options.aide) << "it is the title that was given";
+  const std::array incomplete{"ardane", "-style"};
+  EXPECT_EQ(read_options(incomplete.size(), incomplete.data()).erreur,
+            "Option inconnue ou incomplète : -style");
+}
+
+/// What the program answers to a command line, without a screen.
+struct Answered {
+  explicit Answered(const QStringList &options) {
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_QPA_PLATFORM", "aucune");
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(ARDANE_PROGRAM), options);
+    EXPECT_TRUE(program.waitForFinished());
+    code = program.exitCode();
+    out = to_utf8(QString::fromUtf8(program.readAllStandardOutput()));
+    errors = to_utf8(QString::fromUtf8(program.readAllStandardError()));
+  }
+  int code = -1;
+  std::string out, errors;
+};
+
+TEST(CommandLine, HelpAndVersionAreToldInFrenchAndAnUnknownOptionEndsWithTwo) {
+  const Answered help({"--help"}), version({"--version"}), unknown({"--zut"});
+  EXPECT_EQ(help.code, 0);
+  EXPECT_EQ(help.out, help_text());
+  EXPECT_EQ(version.code, 0);
+  EXPECT_EQ(version.out, "ardane " ARDANE_VERSION "\nVersion 1.00 du 24/02/2007\n");
+  EXPECT_EQ(unknown.code, 2);
+  EXPECT_EQ(unknown.out, "");
+  EXPECT_TRUE(unknown.errors.starts_with("Option inconnue ou incomplète : --zut\n")) << unknown.errors;
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "core/gazetteer.h"
+
 namespace ardane {
 namespace {
 
@@ -27,7 +29,47 @@ constexpr std::array switches = std::to_array<Switch>({
     {"--help", &DesktopOptions::aide},
     {"--pret-et-quitter", &DesktopOptions::prêt_et_quitter},
     {"--sans-cadre", &DesktopOptions::sans_cadre},
+    {"--version", &DesktopOptions::version},
 });
+
+/// What QApplication and its platforms take off the command line, with one dash or two.
+constexpr std::array toolkit_valued = std::to_array<std::string_view>({
+    "display",
+    "geometry",
+    "icon",
+    "name",
+    "platform",
+    "platformpluginpath",
+    "platformtheme",
+    "plugin",
+    "qwindowgeometry",
+    "qwindowicon",
+    "qwindowtitle",
+    "session",
+    "style",
+    "stylesheet",
+    "title",
+});
+
+constexpr std::array toolkit_alone = std::to_array<std::string_view>({
+    "dograb",
+    "nograb",
+    "reverse",
+    "sync",
+    "widgetcount",
+});
+
+/// How many words of the command line the toolkit's option takes that begins with the first of them; 0 for
+/// none of its options.
+int taken_by_toolkit(std::string_view word, bool is_last) {
+  if (!word.starts_with('-')) return 0;
+  word.remove_prefix(word.starts_with("--") ? 2 : 1);
+  if (std::ranges::find(toolkit_alone, word) != toolkit_alone.end()) return 1;
+  if (word.starts_with("style=") || word.starts_with("stylesheet=") || word.starts_with("qmljsdebugger="))
+    return 1;
+  const bool is_known = std::ranges::find(toolkit_valued, word) != toolkit_valued.end();
+  return is_known && !is_last ? 2 : 0;
+}
 
 }  // namespace
 
@@ -41,6 +83,8 @@ DesktopOptions read_options(int argc, const char *const *argv) {
       options.*with_value->value = argv[++i];
     else if (alone != switches.end())
       options.*alone->value = true;
+    else if (const int taken = taken_by_toolkit(word, i + 1 == argc); taken > 0)
+      i += taken - 1;
     else
       options.erreur = "Option inconnue ou incomplète : " + std::string(word);
   }
@@ -54,7 +98,13 @@ std::string help_text() {
          "  --programme DOSSIER      le dossier du jeu, au lieu de celui de l'exécutable\n"
          "  --registre FICHIER       le fichier des réglages, au lieu de celui du joueur\n"
          "  --sans-cadre             une fenêtre sans cadre en haut de l'écran, à l'échelle 1\n"
-         "  --help                   ce texte\n";
+         "  --version                la version du programme et l'édition du jeu\n"
+         "  --help                   ce texte\n"
+         "Les options habituelles de Qt (-style, -platform, ...) sont admises.\n";
+}
+
+std::string version_text(const Ressources &ressources) {
+  return "ardane " ARDANE_VERSION "\n" + ressources.chaînes.chaîne(id_messages) + "\n";
 }
 
 }  // namespace ardane

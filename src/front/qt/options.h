@@ -4,10 +4,13 @@
 #include <optional>
 #include <string>
 
+#include "core/resources.h"
+
 namespace ardane {
 
 struct DesktopOptions {
   bool aide = false;
+  bool version = false;
   bool prêt_et_quitter = false;              ///< measure the start and end
   std::optional<std::string> démonstration;  ///< folder for the pictures of a game that plays itself
   std::optional<std::string> programme;      ///< the program's folder, in place of the executable's
@@ -16,9 +19,12 @@ struct DesktopOptions {
   std::string erreur;                        ///< why the command line was not understood; empty if it was
 };
 
+/// The toolkit's own options ("-style", "-platform", ...) are passed over: it takes them itself.
 DesktopOptions read_options(int argc, const char *const *argv);
 
 /// What --help prints.
 std::string help_text();
+/// What --version prints: the release, and the edition of the game that it is.
+std::string version_text(const Ressources &ressources);
 
 }  // namespace ardane

@@ -42,8 +42,10 @@ int main(int argc, char **argv) {
     std::fprintf(stderr, "%s\n%s", options.erreur.c_str(), ardane::help_text().c_str());
     return 2;
   }
-  if (options.aide) {
-    std::printf("%s", ardane::help_text().c_str());
+  if (options.aide || options.version) {
+    const std::string text =
+        options.aide ? ardane::help_text() : ardane::version_text(ardane::ressources_du_programme());
+    std::printf("%s", text.c_str());
     return 0;
   }
   if (options.démonstration) return ardane::demonstrate(argc, argv, *options.démonstration);

@@ -1,11 +1,13 @@
 #include "persistence/score_file.h"
 
+#include <algorithm>
 #include <fstream>
 #include <optional>
 
 #include "core/current_folder.h"
 #include "core/game_state.h"
 #include "core/paths.h"
+#include "core/text_encoding.h"
 #include "persistence/folders.h"
 #include "persistence/registry.h"
 #include "persistence/score_format.h"
@@ -65,6 +67,36 @@ void réparer(Contexte &c) {
   Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_fichier_lancement, g.Fichier_lancement);
   g.Ordre_jeux = ordre_par_défaut;
   for (int p = 1; p <= nombre_provinces; ++p) g.TableProvinces(p).inhibée = false;
+}
+
+std::vector<Meilleur_score> liste_du_niveau(const GameState &g, int niveau) {
+  std::vector<Meilleur_score> liste;
+  for (int rang = 1; rang <= g.Nombre_scores(niveau); ++rang)
+    liste.push_back(g.Meilleurs_scores(niveau, rang));
+  return liste;
+}
+
+/// One score twice counts twice. Names are compared as a file has them.
+void fusionner_niveau(GameState &g, int niveau, const std::vector<Enregistrement_score> &scores) {
+  std::vector<Meilleur_score> liste = liste_du_niveau(g, niveau), connus = liste;
+  for (const Enregistrement_score &autre : scores) {
+    if (autre.niveau != niveau) continue;
+    const auto connu = std::ranges::find_if(connus, [&](const Meilleur_score &s) {
+      return s.score == autre.score &&
+             vers_windows_1252_au_mieux(s.nom) == vers_windows_1252_au_mieux(autre.nom);
+    });
+    if (connu != connus.end()) {
+      connus.erase(connu);
+      continue;
+    }
+    const auto place =
+        std::ranges::find_if(liste, [&](const Meilleur_score &s) { return s.score < autre.score; });
+    liste.insert(place, {autre.nom, autre.score});
+  }
+  if (liste.size() > nombre_rangs) liste.resize(nombre_rangs);
+  g.Nombre_scores(niveau) = static_cast<std::int16_t>(liste.size());
+  for (std::size_t i = 0; i < liste.size(); ++i)
+    g.Meilleurs_scores(niveau, static_cast<int>(i) + 1) = liste[i];
 }
 
 }  // namespace
@@ -136,6 +168,15 @@ void Charger_scores(Contexte &c) {
          g.Fichier_lancement + " : " + message(g, Message::fichier_non_interprétable)});
   }
   réparer(c);
+}
+
+void Reprendre_scores_des_autres(Contexte &c) {
+  if (!est_fichier_ordinaire(fichier_en_usage(c)) || défaut_de_version(c)) return;
+  std::ifstream flux(chemin_natif(fichier_en_usage(c)), std::ios::binary);
+  const Lecture_scores lecture = lire_scores(flux);
+  if (lecture.défaut) return;
+  for (int niveau = niveau_facile; niveau <= plus_haut_niveau; ++niveau)
+    fusionner_niveau(c.état, niveau, lecture.contenu.scores);
 }
 
 void Remise_à_zéro(Contexte &c) {

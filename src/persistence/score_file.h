@@ -35,6 +35,11 @@ bool Lire_fichier_scores(Contexte &c);
 /// place.
 void Charger_scores(Contexte &c);
 
+/// Takes into the lists what the file in use has more than they, each score below its equals, the tenth
+/// falling out: another run of the program may have written it. A file that cannot be read, or that another
+/// version wrote, has nothing for them; nothing is told.
+void Reprendre_scores_des_autres(Contexte &c);
+
 /// `menu_Scoresraz`: after a question, forgets all scores, in the file too.
 void Remise_à_zéro(Contexte &c);
 

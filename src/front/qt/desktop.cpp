@@ -12,6 +12,7 @@
 #include "front/qt/child.h"
 #include "map/guide.h"
 #include "map/layout.h"
+#include "persistence/score_file.h"
 
 namespace ardane {
 namespace {
@@ -54,6 +55,7 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
   connect(
       qApp, &QGuiApplication::commitDataRequest, this,
       [this](QSessionManager &session) {
+  if (places_.partagé) dispatcher_.before_event = [this] { take_scores_of_others(); };
         if (!programme_.en_cours()) return;
         dispatcher_.run(programme_.principale().demande_de_fermeture);
         if (programme_.en_cours()) session.cancel();
@@ -119,6 +121,31 @@ void Desktop::load_all_pictures() {
   const double ratio =
       renderer_.frame(programme_.principale())->devicePixelRatioF() * screen_.scale().value();
   for (const Contrôle &picture : programme_.principale().contrôles())
+/// The lists are those of the file when a game enters them, as if the program had been started just then.
+void Desktop::take_scores_of_others() {
+  Contexte &c = programme_.contexte();
+  if (!programme_.en_cours()) return;
+  const std::filesystem::path file = chemin_natif(c.dossier.complet(c.état.Fichier_lancement));
+  std::error_code error;
+  const std::pair seen(file, std::filesystem::last_write_time(file, error));
+  if (error || seen == scores_seen_) return;
+  scores_seen_ = seen;
+  Reprendre_scores_des_autres(c);
+}
+
+void Desktop::come_to_front(const std::string &token) {
+  if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
+  QWidget *main = renderer_.frame(programme_.principale());
+  if (main != nullptr && main->isMinimized())
+    main->setWindowState(main->windowState() & ~Qt::WindowMinimized);
+  QWidget *modal = QApplication::activeModalWidget();
+  QWidget *front = modal != nullptr ? modal : renderer_.top_frame();
+  if (main != nullptr && main->isVisible()) main->raise();
+  if (front == nullptr) return;
+  front->raise();
+  front->activateWindow();
+}
+
     if (picture.conteneur == &programme_.principale().Carte)
       pictures_.pixmap(picture.image, detail_for(ratio));
 }

@@ -33,6 +33,7 @@ struct DesktopPlaces {
   std::filesystem::path registre;  ///< the file of settings
   std::string dossier;             ///< the current folder at the start
   bool sans_cadre = false;         ///< a window without a frame at the top of the primary monitor, at scale 1
+  bool partagé = false;            ///< another run may be writing the same score file
 };
 
 /// One run of the program in the desktop's windows. Needs a QApplication.
@@ -45,6 +46,10 @@ class Desktop : public QObject {
   bool start();
   /// Plays until the main window has closed.
   void play();
+
+  /// Brings what the player has to do with to the front: the main window, or what waits above it. `token` is
+  /// what his desktop has given another program to do so.
+  void come_to_front(const std::string &token);
 
   /// Decodes every picture that the map can show, flags included; they come one by one otherwise, each when
   /// it is first shown.
@@ -64,6 +69,7 @@ class Desktop : public QObject {
   /// The player has let go of the window's edge, or of its title bar.
   void window_rests();
   void speak();
+  void take_scores_of_others();
   /// What can wait until the player has the map before him.
   void settle();
   void tell_missing_pictures();
@@ -90,5 +96,6 @@ class Desktop : public QObject {
   QTranslator translator_;  ///< of the toolkit's own words
   QEventLoop loop_;
 };
+  std::pair<std::filesystem::path, std::filesystem::file_time_type> scores_seen_;
 
 }  // namespace ardane

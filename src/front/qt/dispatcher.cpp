@@ -13,7 +13,9 @@ void Dispatcher::run(const Event &event) {
   if (!event || ended_) return;
   const bool was_busy = busy_;
   busy_ = true;
+  ++depth_;
   try {
+    if (depth_ == 1 && before_event) before_event();
     event();
     if (after_event) after_event();
   } catch (const std::exception &error) {
@@ -21,6 +23,7 @@ void Dispatcher::run(const Event &event) {
   } catch (...) {
     end_with("cause inconnue");
   }
+  --depth_;
   busy_ = was_busy;
 }
 

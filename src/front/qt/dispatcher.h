@@ -14,6 +14,8 @@ class Dispatcher {
 
   /// Called after each event, to bring the windows in step with the data.
   Event after_event;
+  /// Called before an event that comes while no other is under way, not even waiting.
+  Event before_event;
 
   /// Runs an event, then `after_event`. An empty event does nothing.
   void run(const Event &event);
@@ -46,3 +48,4 @@ class Dispatcher {
 };
 
 }  // namespace ardane
+  int depth_ = 0;  ///< events under way, those that wait for the player included

@@ -499,6 +499,74 @@ TEST_F(ScoreFile, ResettingEmptiesMemoryAndFileAndKeepsTheConfiguration) {
   EXPECT_TRUE(g().TableProvinces(7).inhibée);
 }
 
+/// Two runs over one file, the other of which has written last.
+class ScoresOfOthers : public ScoreFile {
+ protected:
+  using Scores = std::vector<std::pair<std::string, int>>;
+
+  void noter(int niveau, const Scores &scores) {
+    g().Nombre_scores(niveau) = 0;
+    for (const auto &[nom, score] : scores)
+      g().Meilleurs_scores(niveau, ++g().Nombre_scores(niveau)) = {nom, score};
+  }
+  Scores notés(int niveau) {
+    Scores scores;
+    for (int rang = 1; rang <= g().Nombre_scores(niveau); ++rang)
+      scores.emplace_back(g().Meilleurs_scores(niveau, rang).nom, g().Meilleurs_scores(niveau, rang).score);
+    return scores;
+  }
+  void écrire_ailleurs(const Scores &scores) {
+    noter(1, scores);
+    ASSERT_TRUE(Ecrire_scores(m.c(), true));
+  }
+  void reprendre() { Reprendre_scores_des_autres(m.c()); }
+};
+
+TEST_F(ScoresOfOthers, AreTakenInByRankEachOnceAndBelowTheirEquals) {
+  écrire_ailleurs({{"Zoé", 900}, {"Bob", 500}, {"Bob", 500}, {"Lou", 100}});
+  noter(1, {{"Zoé", 900}, {"Ann", 500}, {"Bob", 500}, {"Dan", 50}});
+  noter(2, {{"Eve", 7}});
+  reprendre();
+  const Scores attendus = {{"Zoé", 900}, {"Ann", 500}, {"Bob", 500}, {"Bob", 500}, {"Lou", 100}, {"Dan", 50}};
+  EXPECT_EQ(notés(1), attendus);
+  EXPECT_EQ(notés(2), (Scores{{"Eve", 7}}));
+  reprendre();
+  EXPECT_EQ(notés(1), attendus) << "nothing new";
+}
+
+TEST_F(ScoresOfOthers, TheTenthFallsOut) {
+  Scores autres, nôtres;
+  for (int i = 10; i > 0; --i) {
+    autres.emplace_back("Bob", 100 * i);
+    nôtres.emplace_back("Ann", 100 * i + 50);
+  }
+  écrire_ailleurs(autres);
+  noter(1, nôtres);
+  reprendre();
+  EXPECT_THAT(notés(1), SizeIs(10));
+  EXPECT_EQ(notés(1).front(), (Scores::value_type{"Ann", 1050}));
+  EXPECT_EQ(notés(1).back(), (Scores::value_type{"Bob", 600}));
+}
+
+TEST_F(ScoresOfOthers, ANameThatTheFileSpellsByQuestionMarksIsTheSame) {
+  écrire_ailleurs({{"Łukasz", 9}});
+  reprendre();
+  EXPECT_EQ(notés(1), (Scores{{"Łukasz", 9}}));
+}
+
+TEST_F(ScoresOfOthers, AFileThatCannotBeUsedChangesAndTellsNothing) {
+  noter(1, {{"Ann", 3}});
+  reprendre();
+  octets.cases.front() = premier_texte("Version 9.99");
+  poser();
+  reprendre();
+  écrire_fichier(fichier, "abc");
+  reprendre();
+  EXPECT_EQ(notés(1), (Scores{{"Ann", 3}}));
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+  EXPECT_TRUE(fichier_existe(fichier));
+}
+
 TEST_F(ScoreFile, TheStartWritesNoFile) {
   EXPECT_FALSE(fichier_existe(m.dossier.fichier("ARDANE.SCI")));
 }

@@ -7,6 +7,7 @@
 #include "front/qt/appearance.h"
 #include "front/qt/demonstration/demonstration.h"
 #include "front/qt/desktop.h"
+#include "front/qt/one_instance.h"
 #include "front/qt/options.h"
 #include "front/qt/ready_report.h"
 
@@ -14,13 +15,20 @@ namespace ardane {
 namespace {
 
 int play(int argc, char **argv, const DesktopOptions &options) {
+  const std::filesystem::path settings =
+      options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut();
+  OneInstance instance(settings);
+  if (instance.place() == OneInstance::Place::second) {
+    std::puts("Le jeu est déjà ouvert : sa fenêtre passe devant les autres.");
+    return 0;
+  }
   QApplication application(argc, argv);
   Desktop desktop(
       {options.programme ? chemin_absolu(*options.programme)
                          : to_utf8(QCoreApplication::applicationDirPath()),
-       options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut(),
-       dossier_du_processus(), options.sans_cadre},
+       settings, dossier_du_processus(), options.sans_cadre, instance.place() == OneInstance::Place::unknown},
       ressources_du_programme());
+  instance.listen([&](const std::string &token) { desktop.come_to_front(token); });
   if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why
   if (options.prêt_et_quitter) {
     await_first_paint(*desktop.renderer().frame(desktop.programme().principale()));

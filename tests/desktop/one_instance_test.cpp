@@ -1,0 +1,145 @@
+// Two starts of the program by one player.
+#include "front/qt/one_instance.h"
+
+#include <QAction>
+#include <QProcess>
+#include <QTest>
+#include <array>
+
+#include "front/qt/appearance.h"
+#include "persistence/score_file.h"
+#include "program_test.h"
+
+namespace ardane {
+namespace {
+
+using Place = OneInstance::Place;
+
+constexpr int end_ms = 60'000;
+
+/// The program itself, as a player starts it.
+class Started : public QProcess {
+ public:
+  explicit Started(const DesktopPlaces &places) {
+    setProgram(QStringLiteral(ARDANE_PROGRAM));
+    setArguments({"--programme", to_qt(places.programme), "--registre", to_qt(places.registre.string())});
+    start();
+  }
+  ~Started() override {
+    kill();
+    waitForFinished(end_ms);
+  }
+};
+
+class TwoStarts : public testing::Test {
+ protected:
+  const ScratchFolder folder{ARDANE_RESOURCES};
+  const std::filesystem::path settings = folder.places().registre;
+};
+
+TEST_F(TwoStarts, TheSecondAsksTheFirstToTheFrontAndEndsWithZero) {
+  OneInstance first(settings);
+  ASSERT_EQ(first.place(), Place::first);
+  std::vector<std::string> tokens;
+  first.listen([&](const std::string &token) { tokens.push_back(token); });
+  qputenv("XDG_ACTIVATION_TOKEN", "jeton");
+  Started second(folder.places());
+  qunsetenv("XDG_ACTIVATION_TOKEN");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return second.state() == QProcess::NotRunning; }, end_ms));
+  EXPECT_EQ(second.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(second.exitCode(), 0);
+  EXPECT_EQ(tokens, std::vector<std::string>{"jeton"});
+  EXPECT_TRUE(QString::fromUtf8(second.readAllStandardOutput()).startsWith("Le jeu est déjà ouvert"));
+}
+
+/// Two programs started at once; the one that ends, and the one that goes on.
+std::pair<Started *, Started *> ended_and_running(Started &one, Started &other) {
+  const auto ended = [](const Started &p) { return p.state() == QProcess::NotRunning; };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ended(one) || ended(other); }, end_ms));
+  return ended(one) ? std::pair(&one, &other) : std::pair(&other, &one);
+}
+
+TEST_F(TwoStarts, OfTwoProgramsOneStaysAndOneThatWasKilledHindersNone) {
+  for (int time = 0; time < 2; ++time) {
+    Started one(folder.places()), other(folder.places());
+    const auto [ended, running] = ended_and_running(one, other);
+    EXPECT_EQ(ended->exitCode(), 0);
+    EXPECT_EQ(running->state(), QProcess::Running);
+    running->kill();
+    ASSERT_TRUE(running->waitForFinished(end_ms));
+  }
+  EXPECT_EQ(OneInstance(settings).place(), Place::first);
+}
+
+TEST_F(TwoStarts, OtherSettingsAreAnotherPlayersAndAnotherSpellingOfTheSameFileIsNot) {
+  const OneInstance first(settings);
+  EXPECT_EQ(OneInstance(folder.path() / "autre").place(), Place::first);
+  EXPECT_EQ(OneInstance(folder.path() / "." / "registre", std::chrono::milliseconds(0)).place(),
+            Place::unknown)
+      << "the first does not listen";
+}
+
+TEST_F(TwoStarts, WithoutSettingsNobodyKnows) {
+  EXPECT_EQ(OneInstance({}).place(), Place::unknown);
+}
+
+class Fronted : public ProgramTest {};
+
+TEST_F(Fronted, AMinimisedGameComesBack) {
+  start();
+  frame()->showMinimized();
+  ASSERT_TRUE(frame()->isMinimized());
+  desktop().come_to_front("");
+  EXPECT_FALSE(frame()->isMinimized());
+  EXPECT_TRUE(QTest::qWaitForWindowActive(frame()));
+}
+
+TEST_F(Fronted, WhatWaitsForThePlayerComesBeforeTheMap) {
+  start();
+  order().choose("menu_fichier", "fichier_nouveau");
+  order().then([this] {
+    frame()->activateWindow();
+    desktop().come_to_front("");
+    EXPECT_EQ(QApplication::activeWindow()->objectName(), "nouvelle_partie");
+  });
+  order().click("Bouton_annuler");
+  play();
+}
+
+/// Runs over one score file that do not know of each other.
+class SharedScores : public ProgramTest {
+ protected:
+  DesktopPlaces places() const override {
+    DesktopPlaces shared = folder.places();
+    shared.partagé = true;
+    return shared;
+  }
+  static void note(GameState &g, const char *name, int score) {
+    g.Meilleurs_scores(1, ++g.Nombre_scores(1)) = {name, score};
+  }
+  static std::vector<std::string> names(const GameState &g) {
+    std::vector<std::string> found;
+    for (int rank = 1; rank <= g.Nombre_scores(1); ++rank) found.push_back(g.Meilleurs_scores(1, rank).nom);
+    return found;
+  }
+};
+
+TEST_F(SharedScores, WhatAnotherRunHasWrittenIsThereAtTheNextEvent) {
+  start();
+  note(state(), "Ann", 300);
+  ASSERT_TRUE(Ecrire_scores(desktop().programme().contexte(), true));
+  {
+    Desktop other(places(), ressources_du_programme());
+    Script player(other);
+    ASSERT_TRUE(player.player.start());
+    GameState &theirs = other.programme().état();
+    ASSERT_EQ(names(theirs), std::vector<std::string>{"Ann"});
+    note(theirs, "Bob", 100);
+    ASSERT_TRUE(Ecrire_scores(other.programme().contexte(), true));
+  }
+  frame()->findChild<QAction *>("MenuSon")->trigger();
+  EXPECT_EQ(names(state()), (std::vector<std::string>{"Ann", "Bob"}));
+}
+
+}  // namespace
+}  // namespace ardane

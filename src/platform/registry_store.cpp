@@ -287,9 +287,14 @@ bool RegistreFichier::garder(Changement changement) {
   en_attente_.push_back(std::move(changement));
   const auto échec = enregistrer();
   // A start writes a dozen settings; what hinders the first hinders all.
-  if (échec && !échec_dit_)
-    consigner("Les réglages ne sont pas gardés dans « " + fichier_.string() + " » : " + std::string(*échec));
-  échec_dit_ = échec.has_value();
+  const bool premier = échec && !échec_;
+  échec_.reset();
+  if (échec)
+    échec_ = "Les réglages ne sont pas gardés dans « " + fichier_.string() + " » : " + std::string(*échec);
+  if (premier) {
+    consigner(*échec_);
+    if (à_l_échec) à_l_échec();
+  }
   return !échec;
 }
 

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -66,6 +67,11 @@ class RegistreFichier : public Registre {
   std::vector<std::string> valeurs(std::string_view clé) const override { return mémoire_.valeurs(clé); }
   std::vector<std::string> sous_clés(std::string_view clé) const override { return mémoire_.sous_clés(clé); }
 
+  /// Why the settings are not kept at present, and in which file; nothing if they are.
+  const std::optional<std::string> &échec() const { return échec_; }
+  /// Called when what was kept until then is kept no more.
+  std::function<void()> à_l_échec;
+
  private:
   struct Changement {
     std::string clé;
@@ -79,7 +85,7 @@ class RegistreFichier : public Registre {
   std::filesystem::path fichier_;
   RegistreMémoire mémoire_;
   std::vector<Changement> en_attente_;  ///< not kept yet, oldest first
-  bool échec_dit_ = false;
+  std::optional<std::string> échec_;
 };
 
 /// Where a player's settings lie: "mirabonde/registre" in $XDG_CONFIG_HOME, or in ~/.config where that is

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "core/table.h"
+#include "front/qt/demonstration/scratch_folder.h"
 #include "platform/fatal_error.h"
 #include "stage.h"
 
@@ -37,10 +38,23 @@ void fail(std::string_view way) {
   throw ErreurFatale("Panne", Lieu{"src/play/regle.cpp", 12});
 }
 
+/// The folder of the settings is a file.
+void start_without_settings() {
+  const ScratchFolder folder(ARDANE_RESOURCES);
+  DesktopPlaces places = folder.places();
+  places.registre = folder.path() / "ardane.pts" / "registre";
+  Desktop desktop(places, ressources_du_programme());
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, tell_box);
+  look.start();
+  desktop.start();
+}
+
 }  // namespace
 
 int crash(std::string_view way) {
   const Witness witness;
+  if (way == "réglages") start_without_settings();
   Stage stage;
   Fenêtre window("fenêtre");
   Contrôle &button = place(window, "bouton", Genre::bouton, {0, 0, 50, 20});

@@ -45,6 +45,18 @@ TEST(Crash, WhateverIsThrownIsCaught) {
   EXPECT_EQ(death.output, box("cause inconnue"));
 }
 
+TEST(Crash, SettingsThatCannotBeKeptEndTheStartInWordsThatHelp) {
+  const Death death = die("réglages");
+  EXPECT_EQ(death.code, 1);
+  const QStringList lines = death.output.split('\n');
+  ASSERT_GE(lines.size(), 3);
+  EXPECT_TRUE(lines[0].endsWith("Le jeu ne peut pas démarrer sans garder ses réglages."));
+  EXPECT_TRUE(lines[1].endsWith("ardane.pts/registre » : son dossier ne peut pas être créé."))
+      << lines[1].toStdString();
+  EXPECT_TRUE(lines[2].contains("ardane.pts »")) << "which folder";
+  EXPECT_TRUE(lines[2].contains("--registre")) << "what to do";
+}
+
 TEST(Crash, AnErrorInAModalWindowEndsTheProgramFromThere) {
   const Death death = die("boucle");
   EXPECT_EQ(death.code, 1);

@@ -137,6 +137,33 @@ TEST_F(Game, F1OpensTheHelp) {
   EXPECT_TRUE(desktop().help().window()->isVisible());
 }
 
+class GameWithSettingsOfItsOwn : public Game {
+ protected:
+  DesktopPlaces places() const override {
+    DesktopPlaces own = folder.places();
+    own.registre = settings / "registre";
+    return own;
+  }
+  const std::filesystem::path settings = folder.path() / "réglages";
+};
+
+TEST_F(GameWithSettingsOfItsOwn, SettingsThatCanBeKeptNoMoreAreToldOnce) {
+  start();
+  std::filesystem::remove_all(settings);
+  std::ofstream(settings) << "no folder any more";
+  for (const char *name : {"Ann", "Bob"}) {
+    order().choose("menu_fichier", "fichier_nouveau");
+    order().fill_in("boîte_nom_joueur", name);
+    order().click("bouton_sortie");
+    play();
+  }
+  const std::vector<std::string> &told = script().told;
+  const auto tells = [](const std::string &text) {
+    return text.starts_with("Les réglages ne sont pas gardés");
+  };
+  EXPECT_EQ(std::ranges::count_if(told, tells), 1);
+}
+
 TEST_F(Game, WithoutTheHitTestTableTheProgramEndsAfterABox) {
   std::filesystem::remove(folder.path() / "ardane.pts");
   EXPECT_FALSE(script().player.start());

@@ -50,12 +50,16 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
   renderer_.fitted = [this] { rest_.start(resting_delay); };
   rest_.setSingleShot(true);
   connect(&rest_, &QTimer::timeout, this, [this] { window_rests(); });
+  dispatcher_.explain = [this] { return what_hinders_the_start(); };
+  registry_.à_l_échec = [this] {
+    if (programme_.en_cours()) dispatcher_.run_when_idle([this] { tell_unkept_settings(); });
+  };
   renderer_.last_closed = [this] { loop_.quit(); };
+  if (places_.partagé) dispatcher_.before_event = [this] { take_scores_of_others(); };
   heartbeat_.beat = [this] { programme_.battre(); };
   connect(
       qApp, &QGuiApplication::commitDataRequest, this,
       [this](QSessionManager &session) {
-  if (places_.partagé) dispatcher_.before_event = [this] { take_scores_of_others(); };
         if (!programme_.en_cours()) return;
         dispatcher_.run(programme_.principale().demande_de_fermeture);
         if (programme_.en_cours()) session.cancel();
@@ -117,10 +121,6 @@ bool Desktop::start() {
   return true;
 }
 
-void Desktop::load_all_pictures() {
-  const double ratio =
-      renderer_.frame(programme_.principale())->devicePixelRatioF() * screen_.scale().value();
-  for (const Contrôle &picture : programme_.principale().contrôles())
 /// The lists are those of the file when a game enters them, as if the program had been started just then.
 void Desktop::take_scores_of_others() {
   Contexte &c = programme_.contexte();
@@ -146,6 +146,10 @@ void Desktop::come_to_front(const std::string &token) {
   front->activateWindow();
 }
 
+void Desktop::load_all_pictures() {
+  const double ratio =
+      renderer_.frame(programme_.principale())->devicePixelRatioF() * screen_.scale().value();
+  for (const Contrôle &picture : programme_.principale().contrôles())
     if (picture.conteneur == &programme_.principale().Carte)
       pictures_.pixmap(picture.image, detail_for(ratio));
 }
@@ -159,6 +163,24 @@ void Desktop::settle() {
   if (QWidget *main = renderer_.frame(programme_.principale()))
     main->setWindowIcon(pictures_.icon(programme_.principale().nom));
   tell_missing_pictures();
+  tell_unkept_settings();
+}
+
+/// Without a key of its own in the settings the program goes on, without its texts, to its first message.
+std::optional<std::string> Desktop::what_hinders_the_start() const {
+  if (programme_.en_cours() || !registry_.échec()) return std::nullopt;
+  const std::filesystem::path folder = places_.registre.parent_path();
+  return "Le jeu ne peut pas démarrer sans garder ses réglages.\n" + *registry_.échec() +
+         ".\nDonnez-vous le droit d'écrire dans le dossier « " + folder.string() +
+         " », faites-y de la place, ou lancez le jeu avec l'option --registre suivie du nom d'un fichier que "
+         "vous pouvez écrire.";
+}
+
+void Desktop::tell_unkept_settings() {
+  if (!registry_.échec() || unkept_settings_told_) return;
+  unkept_settings_told_ = true;
+  const std::string text = *registry_.échec() + ".\nLe jeu continue, mais les oubliera quand il sera fermé.";
+  dispatcher_.run([&] { boxes_.montrer({Icône::exclamation, "L'Ardane et ses provinces", text}); });
 }
 
 void Desktop::tell_missing_pictures() {

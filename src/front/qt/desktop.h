@@ -73,6 +73,9 @@ class Desktop : public QObject {
   /// What can wait until the player has the map before him.
   void settle();
   void tell_missing_pictures();
+  void tell_unkept_settings();
+  /// Why the program cannot start, if that is known.
+  std::optional<std::string> what_hinders_the_start() const;
 
   const DesktopPlaces places_;
   Dispatcher dispatcher_;
@@ -89,13 +92,14 @@ class Desktop : public QObject {
   HelpQt help_;
   Programme programme_;
   Heartbeat heartbeat_;
+  bool unkept_settings_told_ = false;
   QPointer<WindowView> screen_view_;  ///< of the window that is the program's screen; null without a frame
+  std::pair<std::filesystem::path, std::filesystem::file_time_type> scores_seen_;
   QTimer rest_;
   QPointer<Speech> speech_;
   Partie_entendue heard_;
   QTranslator translator_;  ///< of the toolkit's own words
   QEventLoop loop_;
 };
-  std::pair<std::filesystem::path, std::filesystem::file_time_type> scores_seen_;
 
 }  // namespace ardane

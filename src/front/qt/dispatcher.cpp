@@ -36,8 +36,11 @@ void Dispatcher::run_when_idle(const Event &event) {
 void Dispatcher::end_with(const char *what) {
   ended_ = true;
   while (QGuiApplication::overrideCursor() != nullptr) QGuiApplication::restoreOverrideCursor();
-  QMessageBox box(QMessageBox::Critical, QStringLiteral("L'Ardane et ses provinces"),
-                  QStringLiteral("Une erreur imprévue arrête le programme : %1").arg(QString::fromUtf8(what)),
+  const std::optional<std::string> known = explain ? explain() : std::nullopt;
+  const QString text =
+      known ? QString::fromStdString(*known)
+            : QStringLiteral("Une erreur imprévue arrête le programme : %1").arg(QString::fromUtf8(what));
+  QMessageBox box(QMessageBox::Critical, QStringLiteral("L'Ardane et ses provinces"), text,
                   QMessageBox::NoButton, QApplication::activeWindow());
   box.setObjectName(QStringLiteral("erreur_fatale"));
   box.setTextFormat(Qt::PlainText);

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
 
 namespace ardane {
 
@@ -12,10 +14,13 @@ class Dispatcher {
  public:
   using Event = std::function<void()>;
 
-  /// Called after each event, to bring the windows in step with the data.
-  Event after_event;
   /// Called before an event that comes while no other is under way, not even waiting.
   Event before_event;
+  /// Called after each event, to bring the windows in step with the data.
+  Event after_event;
+
+  /// Better words for the player than an unforeseen error's own, where its cause is known.
+  std::function<std::optional<std::string>()> explain;
 
   /// Runs an event, then `after_event`. An empty event does nothing.
   void run(const Event &event);
@@ -44,8 +49,8 @@ class Dispatcher {
   [[noreturn]] void end_with(const char *what);
 
   bool busy_ = false;
+  int depth_ = 0;  ///< events under way, those that wait for the player included
   bool ended_ = false;
 };
 
 }  // namespace ardane
-  int depth_ = 0;  ///< events under way, those that wait for the player included

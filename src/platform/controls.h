@@ -76,6 +76,7 @@ struct Contrôle {
   bool multiligne = false;
   bool lignes_crlf = false;    ///< lines of the text end in CR LF, as in a file; otherwise in LF
   bool lecture_seule = false;  ///< a text box that only shows
+  bool pour_fichier = false;   ///< a text box of one line whose text must stand in the game's files as typed
   bool coché = false;
   char32_t mnémonique = 0;  ///< letter of the caption that the Alt key presses; 0 for none
   std::uint64_t plan = 0;   ///< stacking key: the higher lies above the lower
@@ -86,9 +87,9 @@ struct Contrôle {
   bool muet = false;      ///< a screen reader passes it over: what stands around it says it
   std::string nom_parlé;  ///< what a screen reader says; empty for what `nom_à_dire` finds
   std::string infobulle;
-  std::optional<Teinte> fond;
   std::string
       raccourci;  ///< of a menu entry: the keys that choose it, as "Ctrl+N"; of one in the bar, to be told
+  std::optional<Teinte> fond;
   std::optional<Teinte> couleur;
   Police police;
   Alignement alignement = Alignement::gauche;

@@ -59,6 +59,7 @@ Nouvelle_partie::Nouvelle_partie(Contexte &c) : Fenêtre("nouvelle_partie"), c_(
   placer_tout(*this, places);
   contrôle(*this, "Label1").police = {Famille_police::times, 12, true};
   contrôle(*this, "Label1").alignement = Alignement::centre;
+  contrôle(*this, "boîte_nom_joueur").pour_fichier = true;
   contrôle(*this, "boîte_nom_joueur").étiquette = &contrôle(*this, "Label1");
   Poser_légendes(g, *this, légendes);
   Centrer_fenêtre(g, *this);

@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTextCursor>
+#include <QToolTip>
 
 #include "stage.h"
 
@@ -50,6 +51,54 @@ TEST_F(Controls, ALabelShowsItsTextFontColoursAndAlignment) {
   EXPECT_EQ(shown->palette().color(QPalette::Window), QColor(0, 0, 0));
   EXPECT_EQ(shown->palette().color(QPalette::WindowText), QColor(255, 255, 0));
   EXPECT_TRUE(shown->autoFillBackground());
+}
+
+/// A box to type in whose text goes into a file of the game's.
+class FileText : public Controls {
+ protected:
+  FileText() {
+    box.pour_fichier = true;
+    show();
+    line = stage.widget<QLineEdit>(window, "nom");
+  }
+  ~FileText() override { QToolTip::hideText(); }
+
+  Contrôle &box = add("nom", Genre::texte);
+  QLineEdit *line = nullptr;
+};
+
+TEST_F(FileText, IsWhatAFileCanHoldWhateverIsPasted) {
+  const std::array<std::pair<const char *, const char *>, 7> cases{{
+      {"Zoé Œuf €", "Zoé Œuf €"},
+      {"Zoe\u0301", "Zoé"},
+      {"Ann\r\nBob\nCéline", "Ann Bob Céline"},
+      {"Ann\u2028Bob\tDan", "Ann Bob Dan"},
+      {"A\u0001n\u007Fn\u009F", "Ann"},
+      {"Łukasz 😀!", "ukasz !"},
+      {"", ""},
+  }};
+  for (const auto &[pasted, kept] : cases) {
+    line->selectAll();
+    line->insert(QString::fromUtf8(pasted));
+    EXPECT_EQ(line->text().toStdString(), kept);
+    EXPECT_EQ(box.texte, kept);
+  }
+}
+
+TEST_F(FileText, ARefusedCharacterIsToldAndTheCursorStays) {
+  line->setText("Anne");
+  line->setCursorPosition(2);
+  line->insert("Łé");
+  EXPECT_EQ(line->text(), "Anéne");
+  EXPECT_EQ(line->cursorPosition(), 3);
+  EXPECT_EQ(QToolTip::text(), "Ce caractère ne peut pas être gardé.");
+}
+
+TEST_F(FileText, OtherBoxesTakeWhatTheyAreGiven) {
+  box.pour_fichier = false;
+  line->insert(QString::fromUtf8("Łukasz"));
+  EXPECT_EQ(box.texte, "Łukasz");
+  EXPECT_EQ(QToolTip::text(), "");
 }
 
 TEST_F(Controls, ATextTooLongForItsLabelIsSetSmaller) {

@@ -6,9 +6,11 @@
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QTextDocument>
+#include <QToolTip>
 #include <algorithm>
 #include <numeric>
 
+#include "core/text_encoding.h"
 #include "front/qt/appearance.h"
 #include "front/qt/child.h"
 
@@ -34,6 +36,35 @@ Qt::Alignment across(Alignement alignement) {
 QString text_of(const QPlainTextEdit &page) {
   return page.document()->toRawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
 }
+/// What has been typed or pasted, as the game's files can hold it.
+struct Typed {
+  QString text;
+  bool refused = false;  ///< a character that can be seen is missing
+};
+
+bool is_white_control(char32_t character) {
+  constexpr char32_t next_line = 0x85, line_separator = 0x2028, paragraph_separator = 0x2029;
+  return character == U'\n' || character == U'\r' || character == U'\t' || character == next_line ||
+         character == line_separator || character == paragraph_separator;
+}
+
+Typed for_a_file(QString text) {
+  Typed typed;
+  text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  for (const char32_t character : text.normalized(QString::NormalizationForm_C).toUcs4()) {
+    const QString letter = QString::fromUcs4(&character, 1);
+    if (is_white_control(character))
+      typed.text += QLatin1Char(' ');
+    else if (QChar::category(character) == QChar::Other_Control)
+      continue;
+    else if (vers_windows_1252(to_utf8(letter)))
+      typed.text += letter;
+    else
+      typed.refused = true;
+  }
+  return typed;
+}
+
 
 /// Each line's middle left out where the line is too long.
 QString shortened(const QString &text, const QFontMetrics &font, int width) {
@@ -149,8 +180,23 @@ void FrameView::sync() {
 
 LineView::LineView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, make_child<QLineEdit>(parent)) {
-  connect(&line(), &QLineEdit::textEdited, this,
-          [this](const QString &text) { run([&] { saisir(this->control(), to_utf8(text)); }); });
+  connect(&line(), &QLineEdit::textEdited, this, [this](const QString &text) { take_text(text); });
+}
+
+void LineView::take_text(QString text) {
+  if (control().pour_fichier) {
+    const Typed typed = for_a_file(text);
+    if (typed.text != text) {
+      const auto cursor = for_a_file(text.left(line().cursorPosition())).text.size();
+      line().setText(typed.text);
+      line().setCursorPosition(static_cast<int>(cursor));
+      text = typed.text;
+    }
+    if (typed.refused)
+      QToolTip::showText(line().mapToGlobal(line().rect().bottomLeft()),
+                         QStringLiteral("Ce caractère ne peut pas être gardé."), &line());
+  }
+  run([&] { saisir(control(), to_utf8(text)); });
 }
 
 bool LineView::is_shown() const {

@@ -56,6 +56,7 @@ class LineView : public ControlView {
  private:
   /// A counter's empty place is not to be seen as a box of its colour.
   bool is_shown() const override;
+  void take_text(QString text);
   QLineEdit &line() { return static_cast<QLineEdit &>(widget()); }
 };
 

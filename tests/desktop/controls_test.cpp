@@ -53,6 +53,39 @@ TEST_F(Controls, ALabelShowsItsTextFontColoursAndAlignment) {
   EXPECT_TRUE(shown->autoFillBackground());
 }
 
+TEST_F(Controls, DigitsFitTheirCounterInEveryFontAndTheCounterItsFrame) {
+  Contrôle &frame = place(window, "cadre", Genre::cadre, {130, 40, 79, 57});
+  Contrôle &counter = place(window, "compteur", Genre::texte, {136, 65, 24, 34});
+  counter.lecture_seule = true;
+  counter.fond = Couleur{0, 0, 0};
+  counter.couleur = Couleur{255, 255, 0};
+  counter.alignement = Alignement::centre;
+  counter.texte = "12";
+  show();
+  auto *shown = stage.widget<QLineEdit>(window, "compteur");
+  for (const Famille_police family :
+       {Famille_police::times, Famille_police::système, Famille_police::sans_serif})
+    for (const double points : {9.0, 18.0, 30.0}) {
+      counter.police = {family, points, true};
+      stage.renderer.sync();
+      const QImage seen = shown->grab().toImage();
+      const auto has_ink = [&](int x) {
+        for (int y = 0; y < seen.height(); ++y)
+          if (seen.pixelColor(x, y) != QColor(0, 0, 0)) return true;
+        return false;
+      };
+      EXPECT_FALSE(has_ink(0) || has_ink(seen.width() - 1)) << points << " points";
+      EXPECT_LE(shown->font().pixelSize(), 40);
+      EXPECT_TRUE(stage.widget(window, "cadre")->geometry().contains(shown->geometry()));
+    }
+  EXPECT_EQ(counter.haut, 65) << "the data stays";
+  counter.texte = "7";
+  counter.police.points = 18;
+  stage.renderer.sync();
+  EXPECT_EQ(shown->font().pixelSize(), 24) << "as designed, where there is room";
+  EXPECT_EQ(frame.hauteur, 57);
+}
+
 /// A box to type in whose text goes into a file of the game's.
 class FileText : public Controls {
  protected:

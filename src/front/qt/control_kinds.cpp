@@ -22,6 +22,10 @@ namespace {
 constexpr int smallest_fitted_font = 60;
 /// Keeps words off the edge of their coloured ground.
 constexpr int coloured_margin = 3;
+/// Between a counter and the lower edge of its frame, in pixels of the data.
+constexpr int frame_margin = 3;
+/// What the toolkit keeps free on either side of a line's text.
+constexpr int line_margin = 2;
 
 Qt::Alignment across(Alignement alignement) {
   switch (alignement) {
@@ -32,10 +36,6 @@ Qt::Alignment across(Alignement alignement) {
   return Qt::AlignLeft;
 }
 
-/// The text of a page with line ends of LF, no-break spaces and all.
-QString text_of(const QPlainTextEdit &page) {
-  return page.document()->toRawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
-}
 /// What has been typed or pasted, as the game's files can hold it.
 struct Typed {
   QString text;
@@ -65,6 +65,10 @@ Typed for_a_file(QString text) {
   return typed;
 }
 
+/// The text of a page with line ends of LF, no-break spaces and all.
+QString text_of(const QPlainTextEdit &page) {
+  return page.document()->toRawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
+}
 
 /// Each line's middle left out where the line is too long.
 QString shortened(const QString &text, const QFontMetrics &font, int width) {
@@ -180,6 +184,7 @@ void FrameView::sync() {
 
 LineView::LineView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, make_child<QLineEdit>(parent)) {
+  if (is_counter()) line().setTextMargins(-line_margin, 0, -line_margin, 0);
   connect(&line(), &QLineEdit::textEdited, this, [this](const QString &text) { take_text(text); });
 }
 
@@ -200,18 +205,52 @@ void LineView::take_text(QString text) {
 }
 
 bool LineView::is_shown() const {
-  const bool empty_counter = control().lecture_seule && control().fond && control().texte.empty();
-  return control().visible && !empty_counter;
+  return control().visible && !(is_counter() && control().texte.empty());
+}
+
+QRect LineView::place() const {
+  const QRect designed = place_of(control());
+  if (!is_counter()) return scale().rect(designed);
+  if (framed_ != designed) {
+    framed_ = designed;
+    overhang_ = overhang(designed);
+  }
+  return scale().rect(designed.translated(0, -overhang_));
+}
+
+int LineView::overhang(const QRect &designed) const {
+  int most = 0;
+  for (const Contrôle &frame : context_.window.contrôles())
+    if (frame.genre == Genre::cadre && frame.conteneur == control().conteneur &&
+        place_of(frame).contains(designed.topLeft()))
+      most = std::max(most, designed.bottom() - (place_of(frame).bottom() - frame_margin));
+  return most;
+}
+
+void LineView::fit_digits() {
+  const Fitted wanted{line().text(), control().police, line().size(), scale()};
+  if (wanted == fitted_) return;
+  fitted_ = wanted;
+  QFont font = scale().font(control().police);
+  const auto fits = [&] {
+    const QFontMetrics metrics(font);
+    return metrics.horizontalAdvance(wanted.text) <= wanted.size.width() - 2 * scale().length(1) &&
+           metrics.tightBoundingRect(wanted.text).height() <= wanted.size.height();
+  };
+  while (font.pixelSize() > 1 && !fits()) font.setPixelSize(font.pixelSize() - 1);
+  if (line().font() != font) line().setFont(font);
 }
 
 void LineView::sync() {
   ControlView::sync();
-  if (line().hasFrame() != est_bordé(control())) line().setFrame(est_bordé(control()));
+  const bool framed = est_bordé(control()) && !is_counter();
+  if (line().hasFrame() != framed) line().setFrame(framed);
   const QString text = to_qt(control().texte);
   if (line().text() != text) line().setText(text);
   if (line().isReadOnly() != control().lecture_seule) line().setReadOnly(control().lecture_seule);
   const Qt::Alignment alignment = across(control().alignement) | Qt::AlignVCenter;
   if (line().alignment() != alignment) line().setAlignment(alignment);
+  if (is_counter()) fit_digits();
 }
 
 PageView::PageView(Contrôle &control, const ViewContext &context, QWidget *parent)

@@ -48,16 +48,34 @@ class FrameView : public ControlView {
   bool is_clicked_by_press() const override { return true; }
 };
 
+/// A box of one line, to type in or to show a number: a counter, whose digits fit it in every font and which
+/// lies within its frame.
 class LineView : public ControlView {
  public:
   LineView(Contrôle &control, const ViewContext &context, QWidget *parent);
   void sync() override;
 
  private:
+  bool is_counter() const { return control().lecture_seule && control().fond.has_value(); }
+  QRect place() const override;
+  /// By how much a counter hangs out of the frame that it stands in.
+  int overhang(const QRect &designed) const;
+  void fit_digits();
   /// A counter's empty place is not to be seen as a box of its colour.
   bool is_shown() const override;
   void take_text(QString text);
   QLineEdit &line() { return static_cast<QLineEdit &>(widget()); }
+
+  struct Fitted {
+    QString text;
+    Police police;
+    QSize size;
+    Scale scale;
+    friend bool operator==(const Fitted &, const Fitted &) = default;
+  };
+  std::optional<Fitted> fitted_;
+  mutable std::optional<QRect> framed_;  ///< the designed place that `overhang_` was measured for
+  mutable int overhang_ = 0;
 };
 
 /// A text box of several lines. Here the line ends of the data meet the toolkit's.

@@ -123,13 +123,24 @@ bool prend_le_clavier(const Contrôle &contrôle) {
   }
 }
 
+namespace {
+
+/// A control in a frame that has a place comes where the frame does. As an unsigned number, no place comes
+/// after all places.
+std::pair<unsigned, unsigned> place_au_clavier(const Contrôle &c) {
+  const bool en_groupe = c.conteneur != nullptr && c.conteneur->ordre_tabulation >= 0;
+  return {static_cast<unsigned>((en_groupe ? *c.conteneur : c).ordre_tabulation),
+          static_cast<unsigned>(c.ordre_tabulation)};
+}
+
+}  // namespace
+
 std::vector<Contrôle *> ordre_du_clavier(Fenêtre &fenêtre) {
   std::vector<Contrôle *> ordre;
   for (Contrôle &c : fenêtre.contrôles())
     if (prend_le_clavier(c) && (c.ordre_tabulation >= 0 || !c.lecture_seule)) ordre.push_back(&c);
-  // As an unsigned number, no place comes after all places.
   std::stable_sort(ordre.begin(), ordre.end(), [](const Contrôle *a, const Contrôle *b) {
-    return static_cast<unsigned>(a->ordre_tabulation) < static_cast<unsigned>(b->ordre_tabulation);
+    return place_au_clavier(*a) < place_au_clavier(*b);
   });
   return ordre;
 }

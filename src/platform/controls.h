@@ -176,7 +176,8 @@ bool est_muet(const Contrôle &contrôle);
 /// True for the kinds that can have the keyboard's focus.
 bool prend_le_clavier(const Contrôle &contrôle);
 /// The controls that the Tab key visits, in its order, whether they can be seen or not: those with a place in
-/// it, then the others as they were made. A box that only shows text is among them if it has a place.
+/// it, then the others as they were made; what stands in a frame with a place comes there. A box that only
+/// shows text is among them if it has a place.
 std::vector<Contrôle *> ordre_du_clavier(Fenêtre &fenêtre);
 /// Gives the focus of a window that comes up to the first in the keyboard's order, unless it has it already.
 void premier_focus(Fenêtre &fenêtre);

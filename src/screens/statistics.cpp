@@ -24,12 +24,12 @@ constexpr std::array places = std::to_array<Place>({
     {"EntêteDrapeaux", Genre::étiquette, 240, 90, 77, 30},
     {"EntêteProvinces", Genre::étiquette, 320, 90, 77, 30},
     {"EntêtePerteColonne1", Genre::étiquette, 160, 90, 77, 30},
-    {"BarreVerticale", Genre::barre, 389, haut_du_tableau, 17, 305, 5},
-    {"BoutonSauvegarde", Genre::bouton, 8, 432, 41, 41, 3},
+    {"BarreVerticale", Genre::barre, 389, haut_du_tableau, 17, 305, 4},
+    {"BoutonSauvegarde", Genre::bouton, 8, 432, 41, 41, 5},
     {"BoutonProvinces", Genre::bouton, 112, 432, 41, 41, 0},
     {"BoutonRégions", Genre::bouton, 160, 432, 41, 41, 1},
     {"BoutonVilles", Genre::bouton, 208, 432, 41, 41, 2},
-    {"Command1", Genre::bouton, 320, 432, 41, 41, 4},
+    {"Command1", Genre::bouton, 320, 432, 41, 41, 3},
 });
 
 struct Place_de_colonne {

@@ -593,5 +593,42 @@ TEST_F(Controls, AFileThatIsNoPictureIsNamedToo) {
   EXPECT_TRUE(stage.pictures.pixmap(stage.catalogue.chercher("drapeau"), Detail::single).isNull());
 }
 
+TEST_F(Controls, TheFocusIsSeenOnEveryKindThatTakesItHoweverItCame) {
+  const std::array kinds{Genre::texte, Genre::bouton, Genre::case_à_cocher, Genre::option,
+                         Genre::liste, Genre::barre,  Genre::image};
+  for (const Genre kind : kinds) {
+    Contrôle &control = add(std::string(nom_genre(kind)), kind);
+    control.ordre_tabulation = 1;
+    control.max = 10;
+    control.éléments = std::vector<std::string>{"un", "deux"};
+    if (kind == Genre::image) poser_image(control, stage.catalogue.chercher("drapeau"));
+  }
+  Contrôle &page = add("page", Genre::texte);
+  page.multiligne = true;
+  Contrôle &elsewhere = place(window, "ailleurs", Genre::bouton, {200, 150, 60, 25});
+  show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(stage.renderer.frame(window)));
+  for (const Contrôle &control : window.contrôles()) {
+    if (&control == &elsewhere) continue;
+    stage.widget(window, "ailleurs")->setFocus();
+    QWidget *shown = stage.widget(window, control.nom.c_str());
+    const QImage without = shown->grab().toImage();
+    shown->setFocus(Qt::OtherFocusReason);
+    ASSERT_TRUE(shown->hasFocus()) << control.nom;
+    EXPECT_NE(shown->grab().toImage(), without) << control.nom;
+  }
+}
+
+TEST_F(Controls, ACounterTakesNoFocusByAClick) {
+  Contrôle &counter = add("compteur", Genre::texte);
+  counter.lecture_seule = true;
+  counter.fond = Couleur{0, 0, 0};
+  counter.texte = "7";
+  Contrôle &button = place(window, "bouton", Genre::bouton, {200, 150, 60, 25});
+  show();
+  QTest::mouseClick(stage.widget(window, "compteur"), Qt::LeftButton);
+  EXPECT_EQ(window.focus, &button);
+}
+
 }  // namespace
 }  // namespace ardane

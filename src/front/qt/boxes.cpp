@@ -47,6 +47,7 @@ Réponse BoxesQt::montrer(const Boîte &boîte) {
     box.setDefaultButton(boîte.non_par_défaut ? no : yes);
     box.setEscapeButton(no);
   }
+  box.setAttribute(Qt::WA_KeyboardFocusChange);  // Enter presses what is marked
   ++up_;
   box.exec();
   --up_;

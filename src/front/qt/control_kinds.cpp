@@ -2,8 +2,10 @@
 
 #include <QHash>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyleOptionFocusRect>
 #include <QStyledItemDelegate>
 #include <QTextDocument>
 #include <QToolTip>
@@ -35,6 +37,30 @@ Qt::Alignment across(Alignement alignement) {
   }
   return Qt::AlignLeft;
 }
+
+/// A scroll bar whose focus is seen, which most styles leave out.
+class MarkedBar : public QScrollBar {
+ public:
+  using QScrollBar::QScrollBar;
+
+ protected:
+  void paintEvent(QPaintEvent *event) override {
+    QScrollBar::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+  }
+  void focusInEvent(QFocusEvent *event) override {
+    QScrollBar::focusInEvent(event);
+    update();
+  }
+  void focusOutEvent(QFocusEvent *event) override {
+    QScrollBar::focusOutEvent(event);
+    update();
+  }
+};
 
 /// What has been typed or pasted, as the game's files can hold it.
 struct Typed {
@@ -184,7 +210,10 @@ void FrameView::sync() {
 
 LineView::LineView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, make_child<QLineEdit>(parent)) {
-  if (is_counter()) line().setTextMargins(-line_margin, 0, -line_margin, 0);
+  if (is_counter()) {
+    line().setTextMargins(-line_margin, 0, -line_margin, 0);
+    line().setFocusPolicy(Qt::NoFocus);  // a focus there would not be seen
+  }
   connect(&line(), &QLineEdit::textEdited, this, [this](const QString &text) { take_text(text); });
 }
 
@@ -381,7 +410,7 @@ int ListView::marked_row() const {
 BarView::BarView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(
           control, context,
-          make_child<QScrollBar>(control.largeur > control.hauteur ? Qt::Horizontal : Qt::Vertical, parent)) {
+          make_child<MarkedBar>(control.largeur > control.hauteur ? Qt::Horizontal : Qt::Vertical, parent)) {
   // The map follows the thumb when it is let go, as the layers would be too many to follow each pixel of it.
   bar().setTracking(false);
   connect(&bar(), &QScrollBar::valueChanged, this,

@@ -69,6 +69,8 @@ void ControlView::double_click() {
 bool ControlView::eventFilter(QObject *, QEvent *event) {
   switch (event->type()) {
     case QEvent::FocusIn:
+      // The focus is marked however it came: a key may well be what follows.
+      widget_->window()->setAttribute(Qt::WA_KeyboardFocusChange);
       if (!context_.dispatcher.busy()) context_.window.focus = &control_;
       break;
     case QEvent::FocusOut:

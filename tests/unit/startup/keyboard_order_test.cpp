@@ -26,8 +26,8 @@ Noms ordre_de_la_palette() {
 const std::map<std::string_view, Noms> &ordres() {
   static const std::map<std::string_view, Noms> table = {
       {"nouvelle_partie",
-       {"boîte_nom_joueur", "niveau_facile", "niveau_moyen", "niveau_difficile", "bouton_sortie",
-        "Niveau_apprentissage", "Bouton_annuler", "niveau_expert"}},
+       {"boîte_nom_joueur", "niveau_facile", "niveau_moyen", "niveau_difficile", "Niveau_apprentissage",
+        "niveau_expert", "bouton_sortie", "Bouton_annuler"}},
       {"Affichage_scores", {"Command1", "BoutonStatistiques"}},
       {"Paramétrage_répertoires",
        {"Répertoire", "Command1", "Sous_répertoire", "Bouton_OK", "Nom_fichier", "Fichier", "Lecteur"}},
@@ -36,8 +36,8 @@ const std::map<std::string_view, Noms> &ordres() {
       {"Pompe", {"BTN_OK", "TXT_INFOS"}},
       {"Edition", {"TXT_INFOS", "BTN_Up", "BTN_Left", "BTN_Right", "BTN_Down", "BTN_quit", "LBL_Pays"}},
       {"Stats",
-       {"BoutonProvinces", "BoutonRégions", "BoutonVilles", "BoutonSauvegarde", "Command1",
-        "BarreVerticale"}},
+       {"BoutonProvinces", "BoutonRégions", "BoutonVilles", "Command1", "BarreVerticale",
+        "BoutonSauvegarde"}},
       {"Palette", ordre_de_la_palette()},
   };
   return table;

@@ -26,7 +26,7 @@ QKeySequence keys_of(const Contrôle &entry) {
 
 /// A menu shows the keys of its entries by itself; the bar has room for nothing but captions.
 QString text_of(const Contrôle &entry) {
-  const QString text = caption(entry.texte, entry.mnémonique);
+  QString text = caption(entry.texte, entry.mnémonique);
   if (text.isEmpty() || entry.conteneur != nullptr || entry.raccourci.empty()) return text;
   return QStringLiteral("%1 (%2)").arg(text, keys_of(entry).toString(QKeySequence::NativeText));
 }

@@ -59,6 +59,8 @@ std::vector<Point> Cibles(Contexte &c) {
 
 namespace {
 
+/// The longest way that is a step and no leap.
+constexpr int dernier_pas = 10;
 /// The scale bar's: a pixel of the map is a kilometre.
 constexpr double kilomètres_par_pixel = 1;
 
@@ -156,7 +158,7 @@ std::string nom_montré(const Contrôle &point) {
 }
 
 std::string appeler(const std::string &nom) {
-  return nom.empty() ? "un point" : nom;
+  return nom.empty() ? "point" : nom;
 }
 
 void ajouter(std::string &phrase, const std::string &partie, const char *séparateur = ", ") {
@@ -228,11 +230,13 @@ std::string Décrire_lieu(Contexte &c, Point départ, Point arrivée) {
   const Vue_du_lieu vue = Voir(c, arrivée);
   std::string phrase;
   if (vue.repère) ajouter(phrase, appeler(vue.nom));
-  ajouter(phrase, mot(Ligne_franchie(c, départ, arrivée)));
+  // Who leaps from one place to another crosses more lines than would be told.
+  if (std::max(std::abs(départ.x - arrivée.x), std::abs(départ.y - arrivée.y)) <= dernier_pas)
+    ajouter(phrase, mot(Ligne_franchie(c, départ, arrivée)));
   if (vue.en_jaune)
-    ajouter(phrase, "province en jaune");
-  else
-    ajouter(phrase, vue.terre ? "terre" : vue.lac ? "lac" : "mer ou pays voisin");
+    ajouter(phrase, "en jaune");
+  else if (!vue.repère)
+    ajouter(phrase, vue.terre ? "terre" : vue.lac ? "lac" : "hors du pays");
   return phrase;
 }
 
@@ -249,21 +253,17 @@ std::string Situer(Contexte &c, Point lieu) {
     où = directions.at(rang_de_direction(dx, dy)).nom;
   });
   std::string phrase;
-  if (!proche)
-    phrase = "Aucun nom en vue";
-  else if (proche->distance == 0)
+  if (proche && proche->distance == 0)
     phrase = proche->nom;
-  else
+  else if (proche)
     phrase = std::to_string(proche->distance) + " km au " + où + " de " + proche->nom;
-  const auto bord = [&](const char *côté, double distance) {
-    ajouter(phrase,
-            std::string("bord ") + côté + " de la carte à " + std::to_string(kilomètres(distance, 0)) + " km",
-            " ; ");
+  const auto bord = [](const char *côté, double distance) {
+    return std::string(côté) + " " + std::to_string(kilomètres(distance, 0));
   };
-  bord("nord", lieu.y);
-  bord("est", e.image_région.largeur - 1 - lieu.x);
-  bord("sud", e.image_région.hauteur - 1 - lieu.y);
-  bord("ouest", lieu.x);
+  ajouter(phrase, "bords : " + bord("nord", lieu.y), " ; ");
+  ajouter(phrase, bord("est", e.image_région.largeur - 1 - lieu.x));
+  ajouter(phrase, bord("sud", e.image_région.hauteur - 1 - lieu.y));
+  ajouter(phrase, bord("ouest", lieu.x) + " km");
   return phrase;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <array>
 #include <memory>
 
 #include "front/qt/map_view.h"
@@ -28,6 +29,82 @@ class SilentWidget : public WidgetInRole {
   }
 };
 
+/// A place on a picture that the focus is on, as an item of a list would be.
+class SpokenPlace : public QAccessibleInterface {
+ public:
+  explicit SpokenPlace(QAccessibleInterface &picture) : picture_(picture) {}
+
+  void set(const QString &name, QRect place) {
+    name_ = name;
+    place_ = place;
+  }
+
+  bool isValid() const override { return picture_.isValid(); }
+  QObject *object() const override { return nullptr; }
+  QWindow *window() const override { return picture_.window(); }
+  QAccessibleInterface *parent() const override { return &picture_; }
+  QAccessibleInterface *child(int) const override { return nullptr; }
+  QAccessibleInterface *childAt(int, int) const override { return nullptr; }
+  int childCount() const override { return 0; }
+  int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? name_ : QString();
+  }
+  void setText(QAccessible::Text, const QString &) override {}
+  QRect rect() const override { return place_; }
+  QAccessible::Role role() const override { return QAccessible::StaticText; }
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    state.focusable = true;
+    state.focused = picture_.state().focused && picture_.child(0) == this;
+    return state;
+  }
+
+ private:
+  QAccessibleInterface &picture_;
+  QString name_;
+  QRect place_;
+};
+
+/// A picture with a cursor of its own: what lies there is the one item of it. Screen readers tell what the
+/// focus moves to, but not every name that changes under it, so two items take turns.
+class PictureWithCursor : public WidgetInRole {
+ public:
+  explicit PictureWithCursor(QWidget &picture) : WidgetInRole(&picture, QAccessible::Canvas) {
+    for (SpokenPlace *&place : places_) {
+      place = std::make_unique<SpokenPlace>(*this).release();
+      QAccessible::registerAccessibleInterface(place);
+    }
+  }
+  ~PictureWithCursor() override {
+    for (SpokenPlace *place : places_) QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(place));
+  }
+  PictureWithCursor(const PictureWithCursor &) = delete;
+  PictureWithCursor &operator=(const PictureWithCursor &) = delete;
+
+  void tell(const QString &text, QRect where) {
+    told_ = true;
+    std::swap(places_.front(), places_.back());
+    places_.front()->set(text, where);
+    for (const QAccessible::Event type : {QAccessible::NameChanged, QAccessible::Focus}) {
+      QAccessibleEvent event(places_.front(), type);
+      QAccessible::updateAccessibility(&event);
+    }
+  }
+
+  int childCount() const override { return told_ ? 1 : 0; }
+  QAccessibleInterface *child(int index) const override {
+    return told_ && index == 0 ? places_.front() : nullptr;
+  }
+  int indexOfChild(const QAccessibleInterface *child) const override {
+    return told_ && child == places_.front() ? 0 : -1;
+  }
+
+ private:
+  std::array<SpokenPlace *, 2> places_{};  ///< the toolkit's, as all interfaces are
+  bool told_ = false;
+};
+
 QAccessible::Role role_of(const QWidget &window) {
   return window.windowType() == Qt::Dialog ? QAccessible::Dialog : QAccessible::Window;
 }
@@ -38,9 +115,9 @@ QAccessibleInterface *interface_of(const QString &, QObject *object) {
   if (widget == nullptr) return nullptr;
   if (widget->property(silent_property).toBool()) return std::make_unique<SilentWidget>(widget).release();
   if (dynamic_cast<MapView *>(widget) != nullptr)
-    return std::make_unique<WidgetInRole>(widget, QAccessible::Canvas).release();
+    return std::make_unique<PictureWithCursor>(*widget).release();
   if (dynamic_cast<Speech *>(widget) != nullptr)
-    return std::make_unique<WidgetInRole>(widget, QAccessible::AlertMessage).release();
+    return std::make_unique<WidgetInRole>(widget, QAccessible::Notification).release();
   // Widgets without a meta-object of their own: the frames of the program's windows.
   if (widget->isWindow() && widget->metaObject() == &QWidget::staticMetaObject)
     return std::make_unique<WidgetInRole>(widget, role_of(*widget), widget->windowTitle()).release();
@@ -67,6 +144,12 @@ void Speech::say(const QString &text) {
     QAccessibleEvent event(this, type);
     QAccessible::updateAccessibility(&event);
   }
+}
+
+void tell_place(QWidget &picture, const QString &text, QRect where) {
+  if (!QAccessible::isActive()) return;
+  if (auto *teller = dynamic_cast<PictureWithCursor *>(QAccessible::queryAccessibleInterface(&picture)))
+    teller->tell(text, where);
 }
 
 void install_accessibility() {

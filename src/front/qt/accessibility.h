@@ -8,12 +8,16 @@ namespace ardane {
 /// A widget that a screen reader passes over.
 void set_silent(QWidget &widget, bool silent);
 
-/// Says a text by itself, whatever has the focus: an alert of the window that it lies in. The eye sees nothing.
+/// Says a text by itself, whatever has the focus: a notification of the window that it lies in. The eye sees
+/// nothing.
 class Speech : public QWidget {
  public:
   explicit Speech(QWidget *window);
   void say(const QString &text);
 };
+
+/// Says what lies under the cursor of a map that has the focus; where on the desktop that is.
+void tell_place(QWidget &map, const QString &text, QRect where);
 
 /// From now on windows are windows, dialogs dialogs, the map a picture with a cursor, and silent widgets are
 /// silent. To be called once, before the first window.

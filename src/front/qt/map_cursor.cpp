@@ -32,6 +32,18 @@ bool MapCursor::jump(QPoint direction, const std::vector<QPoint> &targets) {
   return best.has_value();
 }
 
+bool MapCursor::read_on(bool forwards, std::vector<QPoint> targets) {
+  const auto before = [forwards](QPoint a, QPoint b) {
+    if (!forwards) std::swap(a, b);
+    return std::pair(a.y(), a.x()) < std::pair(b.y(), b.x());
+  };
+  std::erase_if(targets, [&](QPoint target) { return !before(place_, target); });
+  const auto next = std::ranges::min_element(targets, before);
+  if (next == targets.end()) return false;
+  place_ = *next;
+  return true;
+}
+
 void draw_cursor(QPainter &painter, QPointF middle, double scale) {
   struct Stroke {
     QColor colour;

@@ -19,6 +19,9 @@ class MapCursor {
   /// Moves to the next of these in a direction, one of four; false if there is none. What lies more to the
   /// side than ahead is another direction's.
   bool jump(QPoint direction, const std::vector<QPoint> &targets);
+  /// Moves to the next of these line by line, or to the one before: no arrow may lead to one that lies among
+  /// many. False if there is none.
+  bool read_on(bool forwards, std::vector<QPoint> targets);
 
  private:
   QPoint place_;

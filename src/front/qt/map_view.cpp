@@ -12,6 +12,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "front/qt/accessibility.h"
 #include "front/qt/appearance.h"
 
 namespace ardane {
@@ -260,20 +261,25 @@ void MapView::show_cursor() {
   tell_place();
 }
 
-/// To a screen reader the map is what lies under the cursor. True for a key that asks about it.
+/// True for a key that asks about the place under the cursor.
 bool MapView::ask(const QKeyEvent &event) {
   const auto &question = event.key() == Qt::Key_O ? context_.guide.locate : context_.guide.sweep;
   if ((event.key() != Qt::Key_O && event.key() != Qt::Key_T) || event.modifiers() != Qt::NoModifier)
     return false;
-  if (question) setAccessibleName(to_qt(question({cursor_.place().x(), cursor_.place().y()})));
+  if (question && QAccessible::isActive()) say(question({cursor_.place().x(), cursor_.place().y()}));
   return true;
 }
 
 void MapView::tell_place() {
   if (!context_.guide.tell || !QAccessible::isActive()) return;
   const QPoint place = cursor_.place();
-  setAccessibleName(to_qt(context_.guide.tell({told_.x(), told_.y()}, {place.x(), place.y()})));
+  say(context_.guide.tell({told_.x(), told_.y()}, {place.x(), place.y()}));
   told_ = place;
+}
+
+void MapView::say(const std::string &text) {
+  const QRect area = cursor_area();
+  ardane::tell_place(*this, to_qt(text), {mapToGlobal(area.topLeft()), area.size()});
 }
 
 void MapView::hide_cursor() {
@@ -287,20 +293,29 @@ void MapView::focusOutEvent(QFocusEvent *event) {
   QWidget::focusOutEvent(event);
 }
 
-void MapView::jump(QPoint direction) {
-  if (!context_.guide.targets) return;
+std::vector<QPoint> MapView::targets() const {
   std::vector<QPoint> targets;
+  if (!context_.guide.targets) return targets;
   for (const Point &target : context_.guide.targets()) targets.emplace_back(target.x, target.y);
-  cursor_.jump(direction, targets);
+  return targets;
 }
 
 /// True for a key that moves the cursor.
 bool MapView::move_cursor(const QKeyEvent &event) {
   const QSize map = map_size();
   const QPoint place = cursor_.place();
+  const bool from_thing_to_thing = event.modifiers().testFlag(Qt::ControlModifier);
   const auto go = [&](QPoint direction) {
-    if (event.modifiers().testFlag(Qt::ControlModifier)) return jump(direction);
-    cursor_.move(direction * (event.modifiers().testFlag(Qt::ShiftModifier) ? stride : 1), map);
+    if (from_thing_to_thing)
+      cursor_.jump(direction, targets());
+    else
+      cursor_.move(direction * (event.modifiers().testFlag(Qt::ShiftModifier) ? stride : 1), map);
+  };
+  const auto go_to_edge = [&](int y) {
+    if (from_thing_to_thing)
+      cursor_.read_on(y > 0, targets());
+    else
+      cursor_.move_to({place.x(), y}, map);
   };
   switch (event.key()) {
     case Qt::Key_Left: go({-1, 0}); break;
@@ -309,8 +324,8 @@ bool MapView::move_cursor(const QKeyEvent &event) {
     case Qt::Key_Down: go({0, 1}); break;
     case Qt::Key_Home: cursor_.move_to({0, place.y()}, map); break;
     case Qt::Key_End: cursor_.move_to({map.width(), place.y()}, map); break;
-    case Qt::Key_PageUp: cursor_.move_to({place.x(), 0}, map); break;
-    case Qt::Key_PageDown: cursor_.move_to({place.x(), map.height()}, map); break;
+    case Qt::Key_PageUp: go_to_edge(0); break;
+    case Qt::Key_PageDown: go_to_edge(map.height()); break;
     default: return false;
   }
   return true;

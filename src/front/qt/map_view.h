@@ -65,9 +65,10 @@ class MapView : public QWidget {
   bool move_cursor(const QKeyEvent &event);
   void show_cursor();
   void tell_place();
+  void say(const std::string &text);
   bool ask(const QKeyEvent &event);
   void hide_cursor();
-  void jump(QPoint direction);
+  std::vector<QPoint> targets() const;
   void follow_cursor();
   void press(QPointF logical, QPointF on_desktop);
   void show_tip(QPointF logical, QPoint on_desktop);

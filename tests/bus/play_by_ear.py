@@ -40,7 +40,8 @@ class Player(Listener):
 
     def stand(self, *keys):
         """Presses keys and asks where that has led: the name that is said, and the place."""
-        said = self.ask(*keys, "o")
+        self.ask(*keys, "o")
+        said = self.hear(lambda said: "bords" in said, "the map's edges")
         edges = dict(re.findall(r"(nord|ouest) (\d+)", said))
         self.place = (int(edges["ouest"]), int(edges["nord"]))
         return said.split(" ; ")[0]

@@ -171,6 +171,80 @@ TEST(Armorial, AFlagCoversItsPicture) {
   for (const Pixel &p : image.pixels()) ASSERT_EQ(p.a, 255);
 }
 
+TEST(Armorial, TincturesAreFlat) {
+  const Image arms = dessiner_armes(
+      {"murale", "d'azur au chef d'or", lire_blason("d'azur au chef d'or", meubles())}, meubles());
+  const Pixel blue = couleur(Émail::azur);
+  const Pixel gold = couleur(Émail::or_);
+  for (int x = 30; x < 170; ++x) {
+    EXPECT_EQ(arms.at(x, 100), gold);
+    EXPECT_EQ(arms.at(x, 200), blue);
+  }
+}
+
+TEST(Armorial, AFlagIsUndistortedWhereThePanelStretchesIt) {
+  const Image image = dessiner_drapeau(
+      {"", "d'azur au besant d'or", lire_blason("d'azur au besant d'or", meubles())}, meubles());
+  const Pixel blue = couleur(Émail::azur);
+  int left = image.width(), right = 0, top = image.height(), bottom = 0;
+  for (int y = 12; y < image.height() - 12; ++y)
+    for (int x = 12; x < image.width() - 12; ++x) {
+      if (image.at(x, y) == blue) continue;
+      left = std::min(left, x);
+      right = std::max(right, x);
+      top = std::min(top, y);
+      bottom = std::max(bottom, y);
+    }
+  const double shown_width = (right - left + 1) * 200.0 / image.width();
+  const double shown_height = (bottom - top + 1) * 177.0 / image.height();
+  EXPECT_NEAR(shown_width / shown_height, 1, 0.02);
+}
+
+TEST(Armorial, NoFlagShowsWhatAProvinceOfItsRegionBears) {
+  for (const auto &[flag, province] : {std::pair{1, 3}, {2, 9}, {12, 68}, {16, 92}, {17, 97}, {18, 105}}) {
+    std::set<std::string> charges;
+    for (const Objet &o : armorial().provinces[static_cast<std::size_t>(province)].blason.objets)
+      charges.insert(o.meuble);
+    charges.erase("");
+    for (const Objet &o : armorial().régions[static_cast<std::size_t>(flag)].blason.objets)
+      EXPECT_FALSE(charges.contains(o.meuble)) << "flag " << flag;
+  }
+}
+
+TEST(Armorial, AWavyBorderKeepsItsPhaseAroundTheShield) {
+  const Image image = dessiner_armes(
+      {"murale", "d'or à la bordure ondée d'azur", lire_blason("d'or à la bordure ondée d'azur", meubles())},
+      meubles());
+  const Pixel gold = couleur(Émail::or_);
+  const auto crests = [&](const auto &depth_at, int from, int to) {
+    std::vector<int> tops;
+    for (int i = from + 3; i < to - 3; ++i) {
+      bool top = true;
+      for (int k = 1; k <= 3; ++k)
+        top = top && depth_at(i) >= depth_at(i - k) && depth_at(i) >= depth_at(i + k);
+      if (top && (tops.empty() || i - tops.back() > 6)) tops.push_back(i);
+    }
+    return tops;
+  };
+  const auto from_top = [&](int x) {
+    int y = 75;
+    while (image.at(x, y) != gold) ++y;
+    return y;
+  };
+  const auto from_left = [&](int y) {
+    int x = 8;
+    while (image.at(x, y) != gold) ++x;
+    return x;
+  };
+  std::vector<int> gaps;
+  for (const auto &tops : {crests(from_top, 40, 160), crests(from_left, 100, 180)}) {
+    ASSERT_GE(tops.size(), 3U);
+    for (std::size_t i = 1; i < tops.size(); ++i) gaps.push_back(tops[i] - tops[i - 1]);
+  }
+  const auto [least, most] = std::minmax_element(gaps.begin(), gaps.end());
+  EXPECT_LE(*most - *least, 4);
+}
+
 TEST(Armorial, AChargeWithoutRoomIsTold) {
   const Armoiries crowded{
       "", "", lire_blason("d'or à neuf burelles d'azur chargées de neuf châteaux d'argent", meubles())};

@@ -1,7 +1,6 @@
 #include "armorial/armorial.h"
 
 #include <algorithm>
-#include <cmath>
 #include <fstream>
 #include <stdexcept>
 
@@ -9,7 +8,6 @@
 #include "armorial/paint.h"
 #include "drawing/raster.h"
 #include "files/image_file.h"
-#include "numbers/math.h"
 
 namespace atelier {
 namespace {
@@ -75,71 +73,6 @@ Path écu(double x, double y, double l, double h) {
       .close();
 }
 
-Pixel éclairé(Pixel p, double lumière) {
-  const double but = lumière > 0 ? 255 : 0;
-  const double t = std::abs(lumière);
-  const auto canal = [&](std::uint8_t v) { return static_cast<std::uint8_t>(std::lround(mix(v, but, t))); };
-  return {canal(p.r), canal(p.g), canal(p.b), p.a};
-}
-
-/// Mean of `values` over a square of 2r + 1 pixels, zero outside.
-std::vector<double> adouci(const Coverage &masque, int r) {
-  const int l = masque.width;
-  const int h = masque.height;
-  const auto indice = [l](int x, int y) {
-    return static_cast<std::size_t>(y) * static_cast<std::size_t>(l) + static_cast<std::size_t>(x);
-  };
-  std::vector<double> lignes(masque.values.size()), result(masque.values.size());
-  for (int y = 0; y < h; ++y)
-    for (int x = 0; x < l; ++x) {
-      double somme = 0;
-      for (int d = std::max(0, x - r); d <= std::min(l - 1, x + r); ++d) somme += masque.at(d, y);
-      lignes[indice(x, y)] = somme / (2 * r + 1);
-    }
-  for (int y = 0; y < h; ++y)
-    for (int x = 0; x < l; ++x) {
-      double somme = 0;
-      for (int d = std::max(0, y - r); d <= std::min(h - 1, y + r); ++d) somme += lignes[indice(x, d)];
-      result[indice(x, y)] = somme / (2 * r + 1);
-    }
-  return result;
-}
-
-/// A shield bulges a little: it is lit at its upper left, in shade at its lower right, with a narrow rim that
-/// does the same more strongly.
-void modeler(Image &image, const Path &contour) {
-  const Coverage masque = coverage(contour, image.width(), image.height());
-  const int r = 3 * double_dessin;
-  const auto doux = adouci(masque, r);
-  const auto en = [&](int x, int y) {
-    x = std::clamp(x, 0, image.width() - 1);
-    y = std::clamp(y, 0, image.height() - 1);
-    return doux[static_cast<std::size_t>(y) * static_cast<std::size_t>(image.width()) +
-                static_cast<std::size_t>(x)];
-  };
-  const auto [low, high] = contour.bounds();
-  for (int y = 0; y < image.height(); ++y)
-    for (int x = 0; x < image.width(); ++x) {
-      if (masque.at(x, y) <= 0) continue;
-      const double u = (x - low.x) / (high.x - low.x);
-      const double v = (y - low.y) / (high.y - low.y);
-      const double bombé = 0.13 - 0.26 * smooth_step(0.1, 1.0, u * 0.55 + v * 0.5);
-      const double bord = (en(x + 2, y + 2) - en(x - 2, y - 2)) * 0.55;
-      image.at(x, y) = éclairé(image.at(x, y), std::clamp(bombé + bord, -0.4, 0.4));
-    }
-}
-
-/// Cloth that moves: broad soft folds from top to bottom.
-void plisser(Image &image) {
-  for (int y = 0; y < image.height(); ++y)
-    for (int x = 0; x < image.width(); ++x) {
-      const double u = static_cast<double>(x) / image.width();
-      const double v = static_cast<double>(y) / image.height();
-      const double pli = sine(2 * pi * (u * 1.6 + v * 0.22 + 0.12)) * mix(0.045, 0.1, u);
-      image.at(x, y) = éclairé(image.at(x, y), pli + 0.02);
-    }
-}
-
 void tracer(Image &image, const Path &path, double largeur, Pixel couleur_) {
   fill(image, stroked(path, largeur * double_dessin), couleur_);
 }
@@ -147,7 +80,7 @@ void tracer(Image &image, const Path &path, double largeur, Pixel couleur_) {
 void enregistrer(const Image &dessin, const std::filesystem::path &images, const std::string &nom,
                  const std::string &fichier, Catalogue &catalogue) {
   catalogue.écrire(images, nom, fichier, reduced(dessin, double_dessin));
-  écrire_gif(images / fichier_double(fichier), dessin);
+  écrire_png(images / fichier_double_en_png(fichier), dessin);
 }
 
 Image sur_parchemin(const Image &dessin) {
@@ -162,6 +95,10 @@ void écrire_document(const Données &données, const Armorial &armorial, const 
   const std::string dossier = images.lexically_relative(docs).generic_string();
   std::ofstream flux(docs / "armorial.md", std::ios::binary);
   const auto image = [&](const std::string &fichier) { return "![](" + dossier + "/" + fichier + ")"; };
+  const auto drapeau = [&](const std::string &fichier) {
+    return "<img src=\"" + dossier + "/" + fichier_double_en_png(fichier) +
+           "\" width=\"200\" height=\"177\">";
+  };
   flux << "# The armorial of Ardane\n\n"
           "Written by the atelier from `tools/atelier/data/armorial.txt`; the drawings are in\n"
           "`resources/images`. The arms speak of the name, the land or the trade of their province.\n"
@@ -174,7 +111,7 @@ void écrire_document(const Données &données, const Armorial &armorial, const 
        << "\n\n## Flags of the regions\n\n| | Region | Blazon | Flag |\n|--:|---|---|---|\n";
   for (std::size_t r = 1; r < armorial.régions.size(); ++r)
     flux << "| " << r << " | " << données.régions[r].nom << " | " << armorial.régions[r].texte << " | "
-         << image(fichier_numéroté("drapeau_region", static_cast<int>(r), 2)) << " |\n";
+         << drapeau(fichier_numéroté("drapeau_region", static_cast<int>(r), 2)) << " |\n";
   flux << "\n## Arms of the provinces\n\n| | Province | Region | Blazon | Arms |\n|--:|---|---|---|---|\n";
   for (std::size_t p = 1; p < armorial.provinces.size(); ++p) {
     const Province &province = données.provinces[p];
@@ -217,7 +154,6 @@ Image dessiner_armes(const Armoiries &armoiries, const Meubles &meubles) {
   Image image(largeur_des_armes * double_dessin, hauteur_des_armes * double_dessin);
   const Path contour = écu(2.5 * d, 33 * d, 95 * d, 106.5 * d);
   dessiner_blason(image, armoiries.blason, meubles, contour, d);
-  modeler(image, contour);
   tracer(image, contour, 2.2, encre);
   dessiner_meuble(image, meubles.chercher("couronne " + armoiries.couronne), Émail::or_, {12 * d, 1.5 * d},
                   76 * d, 28.5 * d, d);
@@ -225,13 +161,14 @@ Image dessiner_armes(const Armoiries &armoiries, const Meubles &meubles) {
 }
 
 Image dessiner_drapeau(const Armoiries &armoiries, const Meubles &meubles) {
-  constexpr double d = double_dessin;
-  Image image(largeur_du_drapeau * double_dessin, hauteur_du_drapeau * double_dessin, encre);
+  // The panel stretches a flag to its box. It is composed in the box's proportions and then pressed flat, so
+  // that it is seen there as it was drawn.
+  constexpr int finesse = 4;
+  Image image(largeur_du_drapeau * finesse, hauteur_vue_du_drapeau * finesse, encre);
   const Path contour = Path().add_rectangle(0, 0, image.width(), image.height());
-  dessiner_blason(image, armoiries.blason, meubles, contour, d);
-  plisser(image);
-  tracer(image, contour, 2.4, encre);
-  return image;
+  dessiner_blason(image, armoiries.blason, meubles, contour, finesse);
+  fill(image, stroked(contour, 2.4 * finesse), encre);
+  return resized(image, largeur_du_drapeau * double_dessin, hauteur_du_drapeau * double_dessin);
 }
 
 void dessiner_armorial(const Données &données, const std::filesystem::path &images, Catalogue &catalogue,

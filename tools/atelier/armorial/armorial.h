@@ -36,6 +36,8 @@ inline constexpr int largeur_des_armes = 100;
 inline constexpr int hauteur_des_armes = 141;
 inline constexpr int largeur_du_drapeau = 212;
 inline constexpr int hauteur_du_drapeau = 141;
+/// The height that belongs to the width in the proportions in which the panel shows a flag, 200 to 177.
+inline constexpr int hauteur_vue_du_drapeau = 188;
 
 /// A shield under its crown, on a transparent ground, as 2x drawing.
 Image dessiner_armes(const Armoiries &armoiries, const Meubles &meubles);

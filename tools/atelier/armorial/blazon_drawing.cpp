@@ -17,16 +17,8 @@
 namespace atelier {
 namespace {
 
-constexpr Pixel encre_des_pièces{38, 28, 20, 220};
-constexpr Pixel encre_des_partitions{38, 28, 20, 190};
-constexpr Pixel ombre_portée{20, 12, 8, 70};
-
-Pixel multiplié(Pixel p, double facteur) {
-  const auto canal = [facteur](std::uint8_t v) {
-    return static_cast<std::uint8_t>(std::lround(std::min(255.0, v * facteur)));
-  };
-  return {canal(p.r), canal(p.g), canal(p.b), p.a};
-}
+/// One weight for every line of a drawing, seen on the outer side of what it bounds.
+constexpr double trait_seul = 0.9;
 
 Zone image_entière(const Image &image) {
   return zone(
@@ -58,9 +50,8 @@ class Peintre {
 
   void peindre_meuble(const Meuble &meuble, const Objet &objet, const Affine &affine,
                       const Coverage &pochoir) {
-    const auto [low, high] = meuble.silhouette().transformed(affine).bounds();
     const double échelle = std::sqrt(std::abs(affine.xx * affine.yy - affine.xy * affine.yx));
-    const double contour = 1.7 * u_;
+    const double contour = 2 * trait_seul * u_;
     const auto &traits = meuble.traits;
     for (std::size_t i = 0; i < traits.size();) {
       std::size_t fin = i + 1;
@@ -69,11 +60,11 @@ class Peintre {
       for (std::size_t k = i; k < fin; ++k)
         if (traits[k].contour)
           remplir(stroked(traits[k].forme.transformed(affine), traits[k].plume * échelle + contour), pochoir,
-                  encre, low.y, high.y);
+                  encre);
       for (std::size_t k = i; k < fin; ++k) {
         const Path forme = traits[k].forme.transformed(affine);
         remplir(traits[k].plume > 0 ? stroked(forme, traits[k].plume * échelle) : forme, pochoir,
-                peinture(meuble, objet, traits[k]), low.y, high.y);
+                peinture(meuble, objet, traits[k]));
       }
       i = fin;
     }
@@ -82,16 +73,11 @@ class Peintre {
  private:
   Pièces_honorables pièces(const Zone &zone_) const { return {zone_.cadre, u_}; }
 
-  /// Light falls from above: a little more of it at the charge's head than at its foot.
-  void remplir(const Path &path, const Coverage &pochoir, Pixel couleur_, double haut, double bas) {
-    fill_within(image_, path, pochoir, [&](int, int y) {
-      return multiplié(couleur_, mix(1.07, 0.9, clamp01((y - haut) / std::max(1.0, bas - haut))));
-    });
+  void remplir(const Path &path, const Coverage &pochoir, Pixel couleur_) {
+    fill_within(image_, path, pochoir, [couleur_](int, int) { return couleur_; });
   }
 
-  void remplir(const Path &path, const Zone &zone_, Pixel couleur_) {
-    fill_within(image_, path, zone_.masque, [couleur_](int, int) { return couleur_; });
-  }
+  void remplir(const Path &path, const Zone &zone_, Pixel couleur_) { remplir(path, zone_.masque, couleur_); }
 
   void peindre_émail(const Zone &zone_, Émail émail) {
     const bool fourrure = émail == Émail::hermine || émail == Émail::vair;
@@ -154,7 +140,7 @@ class Peintre {
       else
         peindre(champ.quartiers[numéro], part);
     }
-    for (const auto &part : parts) remplir(stroked(part.forme, 0.9 * u_), zone_, encre_des_partitions);
+    for (const auto &part : parts) remplir(stroked(part.forme, trait_seul * u_), zone_, encre);
   }
 
   /// What lies on a field with a hood or with hose keeps to the part between.
@@ -178,12 +164,10 @@ class Peintre {
   }
 
   void peindre_pièce(const Objet &objet, const Zone &zone_, const std::vector<Path> &formes) {
-    for (const Path &forme : formes)
-      remplir(forme.transformed(Affine::translation(0.9 * u_, 1.1 * u_)), zone_, ombre_portée);
     Zone autour = zone_;
     for (const Path &forme : formes) {
       // Where bands cross, an outline inside the piece is covered again by its paint.
-      remplir(stroked(forme, 1.7 * u_), zone_, encre_des_pièces);
+      remplir(stroked(forme, 2 * trait_seul * u_), zone_, encre);
       peindre_émail(dans(zone_, forme), objet.émail);
       autour = hors_de(autour, forme);
     }

@@ -6,7 +6,7 @@ namespace atelier {
 namespace {
 
 std::vector<Place> places_des_côtés(int nombre, Cadre &c) {
-  const double l = c.l * 0.27;
+  const double l = c.l * 0.3;
   const double y = c.y + c.h * 0.08;
   const double h = c.h * 0.6;
   const auto colonne = [&](double x, int n) {
@@ -21,21 +21,21 @@ std::vector<Place> places_des_côtés(int nombre, Cadre &c) {
 }
 
 std::vector<Place> places_des_cantons(Cadre &c) {
-  const double l = c.l * 0.3;
-  const double h = c.h * 0.3;
+  const double l = c.l * 0.34;
+  const double h = c.h * 0.34;
   std::vector<Place> places;
-  for (const double y : {c.y, c.y + c.h * 0.62})
+  for (const double y : {c.y, c.y + c.h * 0.6})
     for (const double x : {c.x, c.droite() - l}) places.push_back({{x, y, l, h}});
   c = {c.x + l * 0.72, c.y + h * 0.35, c.l - l * 1.44, c.h - h * 0.8};
   return places;
 }
 
 std::vector<Place> places_deux_et_une(Cadre &c) {
-  const double l = c.l * 0.3;
-  const double h = c.h * 0.26;
+  const double l = c.l * 0.37;
+  const double h = c.h * 0.33;
   std::vector<Place> places{
       {{c.x, c.y, l, h}}, {{c.droite() - l, c.y, l, h}}, {{c.centre().x - l / 2, c.bas() - h, l, h}}};
-  c = {c.x + c.l * 0.1, c.y + h * 0.6, c.l * 0.8, c.h - h * 1.55};
+  c = {c.x + c.l * 0.06, c.y + h * 0.72, c.l * 0.88, c.h - h * 1.6};
   return places;
 }
 
@@ -67,11 +67,11 @@ std::vector<Place> places_prises(const Annexe &annexe, const Meuble &meuble, con
   const bool partout = annexe.relation == Relation::accompagné && annexe.lieu == Lieu::partout;
   if (partout && objet.nombre == 3) return places_deux_et_une(c);
   if (annexe.lieu == Lieu::en_pointe) {
-    const double h = c.h * 0.27;
+    const double h = c.h * 0.31;
     c.h -= h;
     return disposés(objet, objet.nombre, {c.x, c.bas(), c.l, h}, zone, meuble);
   }
-  const double h = c.h * 0.26;
+  const double h = c.h * 0.31;
   const Cadre chef{c.x, c.y, c.l, h};
   c = {c.x, c.y + h, c.l, c.h - h};
   return disposés(objet, objet.nombre, chef, zone, meuble);

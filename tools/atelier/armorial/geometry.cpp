@@ -97,18 +97,29 @@ Path bandeau(Point a, Point b, double épaisseur, Ligne ligne, double pas) {
 
 std::vector<Point> bord_travaillé(const std::vector<Point> &bord, Ligne ligne, double pas) {
   if (ligne == Ligne::droite) return bord;
+  std::vector<double> parcouru{0};
+  for (std::size_t i = 0; i < bord.size(); ++i)
+    parcouru.push_back(parcouru.back() + length(bord[(i + 1) % bord.size()] - bord[i]));
+  const double tour = parcouru.back();
+  const auto place = [&](double s) {
+    s -= tour * std::floor(s / tour);
+    const auto suivant = std::upper_bound(parcouru.begin() + 1, parcouru.end() - 1, s);
+    const auto i = static_cast<std::size_t>(suivant - parcouru.begin()) - 1;
+    const double l = parcouru[i + 1] - parcouru[i];
+    return entre(bord[i], bord[(i + 1) % bord.size()], l == 0 ? 0 : (s - parcouru[i]) / l);
+  };
+  // A whole number of waves, each as long as the others, right around and through every bend.
+  const int n = std::max(3, static_cast<int>(std::lround(tour / pas)));
+  const double onde = tour / n;
+  const auto point = [&](double t, double écart) {
+    const double s = t * onde;
+    const Point le_long = place(s + onde * 0.3) - place(s - onde * 0.3);
+    const double l = length(le_long);
+    const Point ici = place(s);
+    return l == 0 ? ici : Point{ici.x - le_long.y / l * écart, ici.y + le_long.x / l * écart};
+  };
   std::vector<Point> result;
-  double parcouru = 0;
-  std::size_t depuis = 0;
-  for (std::size_t i = 0; i < bord.size(); ++i) {
-    const std::size_t suivant = (i + 1) % bord.size();
-    parcouru += length(bord[suivant] - bord[i]);
-    if (parcouru < pas && i + 1 < bord.size()) continue;
-    const auto motif = frontière(bord[depuis], bord[suivant], ligne, pas);
-    result.insert(result.end(), motif.begin(), motif.end() - 1);
-    depuis = suivant;
-    parcouru = 0;
-  }
+  for (int i = 0; i < n; ++i) ajouter_motif(result, ligne, i, onde, onde * 0.19, point);
   return result;
 }
 

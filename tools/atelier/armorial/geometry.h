@@ -19,7 +19,7 @@ struct Cadre {
   double bas() const { return y + h; }
   double petit_côté() const { return l < h ? l : h; }
   /// A banner is wider than high, a shield is not.
-  bool bannière() const { return l > h * 1.2; }
+  bool bannière() const { return l > h * 1.1; }
 };
 
 /// The room of one charge, and how far it is turned there (radians, clockwise).

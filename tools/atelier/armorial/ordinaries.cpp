@@ -1,5 +1,7 @@
 #include "armorial/ordinaries.h"
 
+#include <algorithm>
+
 #include "numbers/math.h"
 
 namespace atelier {
@@ -45,12 +47,12 @@ double Pièces_honorables::épaisseur(Pièce pièce, int nombre) const {
     case Pièce::bordure: return petit * 0.105;
     case Pièce::fasce: return seule ? c_.h * 0.3 : c_.h / (2 * nombre + 1);
     case Pièce::burelle: return c_.h / (3.2 * nombre + 1);
-    case Pièce::pal: return seule ? c_.l * 0.32 : c_.l / (2 * nombre + 1);
+    case Pièce::pal: return seule ? c_.l * 0.27 : c_.l / (2 * nombre + 1);
     case Pièce::vergette: return c_.l / (4 * nombre + 3);
     case Pièce::bande:
-    case Pièce::barre: return petit * (seule ? 0.32 : 0.42 / nombre);
+    case Pièce::barre: return petit * (seule ? 0.36 : 0.42 / nombre);
     case Pièce::cotice: return petit * (seule ? 0.13 : 0.24 / nombre);
-    case Pièce::chevron: return petit * (seule ? 0.2 : 0.3 / nombre);
+    case Pièce::chevron: return petit * (seule ? 0.17 : 0.3 / nombre);
     case Pièce::croix: return petit * 0.24;
     case Pièce::sautoir:
     case Pièce::pairle: return petit * 0.22;
@@ -167,8 +169,14 @@ Path Pièces_honorables::sautoir(Ligne ligne) const {
 Path Pièces_honorables::pairle(Ligne ligne) const {
   const double e = épaisseur(Pièce::pairle, 1);
   const Point m = coins_.cœur;
-  return bandeau(entre(m, coins_.haut_dextre, 1.1), m, e, ligne, pas_ * pas_oblique)
-      .add(bandeau(m, entre(m, coins_.haut_sénestre, 1.1), e, ligne, pas_ * pas_oblique))
+  // The two upper limbs mirror each other, wave for wave.
+  const Path limbe = bandeau(entre(m, coins_.haut_dextre, 1.1), m, e, ligne, pas_ * pas_oblique);
+  std::vector<Point> miroir = limbe.contours().front().points;
+  for (Point &p : miroir) p.x = 2 * m.x - p.x;
+  // Turned back, so that all limbs turn alike and none cancels another where they meet.
+  std::reverse(miroir.begin(), miroir.end());
+  return Path(limbe)
+      .add_polygon(miroir)
       .add(bandeau(m, {m.x, large_.bas()}, e, ligne, pas_))
       .add_circle(m, e / 2);
 }
@@ -205,7 +213,7 @@ std::vector<Cadre> Pièces_honorables::places_autour(Pièce pièce) const {
     case Pièce::bande:
     case Pièce::cotice: return {part(42, 0, 58, 56), {c_.x, haut_du_bas, c_.l * 0.6, c_.h * 0.58}};
     case Pièce::barre: return {part(0, 0, 58, 56), {m.x - c_.l * 0.1, haut_du_bas, c_.l * 0.6, c_.h * 0.58}};
-    case Pièce::chevron: return {part(0, 0, 50, 52), part(50, 0, 50, 52), part(22, 46, 56, 54)};
+    case Pièce::chevron: return {part(0, 0, 48, 58), part(52, 0, 48, 58), part(20, 44, 60, 56)};
     case Pièce::croix:
       return {{c_.x, c_.y, c_.l / 2, k.y - c_.y},
               {m.x, c_.y, c_.l / 2, k.y - c_.y},

@@ -51,6 +51,32 @@ Image reduced(const Image &image, int factor) {
   return result;
 }
 
+Image resized(const Image &image, int width, int height) {
+  Image result(width, height);
+  const double across = static_cast<double>(image.width()) / width;
+  const double down = static_cast<double>(image.height()) / height;
+  for (int y = 0; y < height; ++y)
+    for (int x = 0; x < width; ++x) {
+      double r = 0, g = 0, b = 0, a = 0;
+      const double right = (x + 1) * across;
+      const double bottom = (y + 1) * down;
+      for (int j = static_cast<int>(y * down); j < bottom; ++j)
+        for (int i = static_cast<int>(x * across); i < right; ++i) {
+          if (!image.contains(i, j)) continue;
+          const double w = (std::min(i + 1.0, right) - std::max<double>(i, x * across)) *
+                           (std::min(j + 1.0, bottom) - std::max<double>(j, y * down));
+          const Pixel p = image.at(i, j);
+          r += w * p.r * p.a;
+          g += w * p.g * p.a;
+          b += w * p.b * p.a;
+          a += w * p.a;
+        }
+      if (a > 0)
+        result.at(x, y) = {to_byte(r / a), to_byte(g / a), to_byte(b / a), to_byte(a / (across * down))};
+    }
+  return result;
+}
+
 Image with_hard_edges(const Image &image, int threshold) {
   Image result = image;
   for (Pixel &p : result.pixels()) p.a = p.a >= threshold ? 255 : 0;

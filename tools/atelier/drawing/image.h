@@ -55,6 +55,9 @@ void draw(Image &image, const Image &picture, int x, int y);
 /// Every block of factor x factor pixels averaged into one, opacity weighing the colours.
 Image reduced(const Image &image, int factor);
 
+/// The picture at a smaller size, each pixel the mean of what it covers, opacity weighing the colours.
+Image resized(const Image &image, int width, int height);
+
 /// Opacity made 0 or 255, split at `threshold`; the colours of half transparent pixels stay.
 Image with_hard_edges(const Image &image, int threshold = 128);
 

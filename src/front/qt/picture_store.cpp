@@ -43,7 +43,7 @@ QPixmap PictureStore::load(Image image, Detail detail) const {
   if (detail == Detail::single) return read_picture(path);
   const QFileInfo info(path);
   const QString twice = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1String("@2x.");
-  for (const QString &suffix : {QStringLiteral("png"), info.suffix()}) {
+  for (const QString &suffix : {QStringLiteral("png"), QStringLiteral("jpg"), info.suffix()}) {
     QPixmap doubled = QFileInfo::exists(twice + suffix) ? read_picture(twice + suffix) : QPixmap();
     if (!doubled.isNull()) return doubled;
   }

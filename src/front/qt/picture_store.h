@@ -26,9 +26,9 @@ class PictureStore {
   /// `folder` holds the files that the catalogue names. The catalogue must outlive the store.
   PictureStore(const CatalogueImages &catalogue, QString folder);
 
-  /// The picture from its own file or, doubled, from the one with "@2x.png" in place of its suffix or "@2x"
-  /// before it; where there is none, enlarged from its own. A null pixmap for no picture, or for a file that
-  /// is absent or no picture.
+  /// The picture from its own file or, doubled, from the one with "@2x.png" or "@2x.jpg" in place of its
+  /// suffix or "@2x" before it; where there is none, enlarged from its own. A null pixmap for no picture, or
+  /// for a file that is absent or no picture.
   const QPixmap &pixmap(Image image, Detail detail);
 
   /// The picture filtered to a size in the toolkit's pixels, on a screen of this device pixel ratio.

@@ -71,7 +71,7 @@ TEST(Stock, EveryPictureOfTheListIsThereInItsSizeAndInTwice) {
 
 TEST(Stock, TheMapPictureHasItsSizeAndNoHole) {
   for (const int scale : {1, 2}) {
-    const auto file = resources() / "images" / (scale == 1 ? "carte.gif" : "carte@2x.png");
+    const auto file = resources() / "images" / (scale == 1 ? "carte.gif" : "carte@2x.jpg");
     const atelier::Image map = atelier::lire_image(file);
     EXPECT_EQ(map.width(), map_width * scale);
     EXPECT_EQ(map.height(), map_height * scale);

@@ -127,7 +127,8 @@ void dessiner_carte(const Données &données, const std::filesystem::path &image
   Image map = draw_map(scene);
   draw_ornaments(map, lire_lettres(données.dossier / "lettering.txt"), fine);
   catalogue.écrire(images, "image_région(0)", "carte.gif", reduced(map, fine), Dithering::diffused);
-  écrire_png(images / fichier_double_en_png("carte.gif"), map);
+  constexpr int hardly_a_loss = 97;
+  écrire_jpeg(images / fichier_double_en_jpeg("carte.gif"), map, hardly_a_loss);
 }
 
 }  // namespace atelier

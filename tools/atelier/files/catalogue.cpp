@@ -41,6 +41,10 @@ std::string fichier_double_en_png(const std::string &fichier) {
   return fichier.substr(0, fichier.rfind('.')) + "@2x.png";
 }
 
+std::string fichier_double_en_jpeg(const std::string &fichier) {
+  return fichier.substr(0, fichier.rfind('.')) + "@2x.jpg";
+}
+
 std::string fichier_numéroté(const std::string &dossier, int numéro, int chiffres) {
   std::string texte = std::to_string(numéro);
   texte.insert(0, static_cast<std::size_t>(std::max(0, chiffres - static_cast<int>(texte.size()))), '0');

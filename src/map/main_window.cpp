@@ -258,6 +258,8 @@ void Ecran_principal::créer_panneau() {
   Bouton_gruge.visible = BoutonPasse.visible = false;
   Bouton_gruge.nom_parlé = "Aide : montrer la réponse";
   Carte.nom_parlé = "Carte";
+  barre_h.nom_parlé = "Carte, d'ouest en est";
+  barre_v.nom_parlé = "Carte, du nord au sud";
 }
 
 void Ecran_principal::créer_grille() {

@@ -100,7 +100,7 @@ const std::string &nom_à_dire(const Contrôle &contrôle) {
   if (!contrôle.nom_parlé.empty()) return contrôle.nom_parlé;
   if (contrôle.étiquette != nullptr && !contrôle.étiquette->texte.empty()) return contrôle.étiquette->texte;
   if (!saisie && !contrôle.texte.empty()) return contrôle.texte;
-  return contrôle.infobulle.empty() ? contrôle.nom : contrôle.infobulle;
+  return contrôle.infobulle;
 }
 
 bool est_muet(const Contrôle &contrôle) {

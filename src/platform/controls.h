@@ -166,8 +166,9 @@ bool est_visible(const Contrôle &contrôle);
 bool est_utilisable(const Contrôle &contrôle);
 /// True if the control is shown with a border.
 bool est_bordé(const Contrôle &contrôle);
-/// What a screen reader says of a control: its spoken name, else the text of its label, its caption, its tool
-/// tip or its name, the first that is not empty. What stands in a box to type in is no name of it.
+/// What a screen reader says of a control: its spoken name, else the text of its label, its caption or its
+/// tool tip, the first that is not empty. What stands in a box to type in is no name of it, nor is the name
+/// that the program has for it.
 const std::string &nom_à_dire(const Contrôle &contrôle);
 
 /// True if a screen reader passes the control over: it is told to, or it is a picture that says nothing.

@@ -107,6 +107,7 @@ void Stats::placer_boutons() {
   contrôle(*this, "BoutonVilles").infobulle = "Villes";
   contrôle(*this, "BoutonSauvegarde").nom_parlé = "Enregistrer dans un fichier";
   contrôle(*this, "Command1").nom_parlé = "Fermer";
+  contrôle(*this, "BarreVerticale").nom_parlé = "Tableau, de haut en bas";
   contrôle(*this, "BoutonProvinces").clic = [this] { montrer(Tableau::provinces); };
   contrôle(*this, "BoutonRégions").clic = [this] { montrer(Tableau::régions); };
   contrôle(*this, "BoutonVilles").clic = [this] { montrer(Tableau::villes); };

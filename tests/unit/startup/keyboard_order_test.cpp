@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "configuration/configuration_mode.h"
 #include "core/chooser_modes.h"
 #include "support/fake_world.h"
 
@@ -71,6 +72,25 @@ TEST(KeyboardOrder, OfTheMainWindowGoesFromTheButtonsOverTheGridToTheBars) {
   for (const char *nom : {"BTN_Sauvegarde", "BTN_Démarrage", "BTN(1)", "BTN(2)", "barre_h", "barre_v"})
     attendu.emplace_back(nom);
   EXPECT_EQ(ordre(m.e()), attendu);
+}
+
+/// What is said of a control that has the focus is nothing that only the program knows.
+void vérifier_noms(Fenêtre &fenêtre) {
+  for (const Contrôle *contrôle : ordre_du_clavier(fenêtre)) {
+    if (est_muet(*contrôle) || !est_visible(*contrôle)) continue;
+    EXPECT_NE(nom_à_dire(*contrôle), contrôle->nom) << fenêtre.nom;
+    EXPECT_NE(nom_à_dire(*contrôle), "") << fenêtre.nom << " " << contrôle->nom;
+  }
+}
+
+TEST(KeyboardOrder, EveryControlOnTheWayHasAName) {
+  MondeFactice m;
+  préparer(m);
+  DéfinirParamétrage(m.c());
+  m.e().barre_h.visible = m.e().barre_v.visible = true;
+  vérifier_noms(m.e());
+  m.façade.joueur = vérifier_noms;
+  for (const std::string_view nom : m.programme.fenêtres()) m.c().plateforme.fenêtres.ouvrir_modale(nom);
 }
 
 TEST(KeyboardOrder, EscapeAloneLeavesThePaletteAndNoOtherWindowHasSuchAKey) {

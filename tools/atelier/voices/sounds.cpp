@@ -25,12 +25,13 @@ struct Partiel {
 
 /// The modes are those of the bodies: a marimba bar is cut so that its second mode lies two octaves up; a
 /// bell bar is left free (1 : 2.76 : 5.40 : 8.93, the modes of a uniform bar); a hollow block of wood is all
-/// short and inharmonic; the soft bar is a low bar with a resonator under it.
+/// short and inharmonic, with modes between 700 and 1,000 Hz that the small loudspeakers of a laptop can play
+/// where its deepest are lost; the soft bar is a low bar with a resonator under it.
 constexpr Partiel lame_de_marimba[] = {{1.0, 1.0, 0.30}, {3.98, 0.30, 0.085}, {9.6, 0.12, 0.030}};
 constexpr Partiel lame_de_carillon[] = {
     {1.0, 1.0, 0.62}, {2.76, 0.38, 0.30}, {5.40, 0.18, 0.12}, {8.93, 0.07, 0.05}};
 constexpr Partiel bloc_de_bois[] = {
-    {1.0, 1.0, 0.060}, {2.14, 0.55, 0.032}, {3.46, 0.25, 0.018}, {5.9, 0.12, 0.008}};
+    {1.0, 0.7, 0.095}, {2.14, 0.6, 0.080}, {3.46, 0.85, 0.090}, {4.6, 0.45, 0.055}, {5.9, 0.12, 0.012}};
 constexpr Partiel lame_douce[] = {{1.0, 1.0, 0.42}, {2.0, 0.22, 0.20}, {4.0, 0.14, 0.10}};
 constexpr Partiel baguette[] = {{1.0, 1.0, 0.014}, {2.57, 0.55, 0.008}, {4.3, 0.20, 0.004}};
 
@@ -133,10 +134,72 @@ void adoucir_la_fin(Onde &onde, double durée) {
   onde.back() = 0.0;
 }
 
-std::vector<std::int16_t> mettre_à_la_crête(const Onde &onde) {
-  double sommet = 0.0;
-  for (const double valeur : onde) sommet = std::max(sommet, std::abs(valeur));
-  const double échelle = crête_sons / sommet;
+/// A recursive filter of the second order.
+class Biquad {
+ public:
+  Biquad(double b0, double b1, double b2, double a0, double a1, double a2)
+      : b0_(b0 / a0), b1_(b1 / a0), b2_(b2 / a0), a1_(a1 / a0), a2_(a2 / a0) {}
+  double filtrer(double entrée) {
+    const double sortie = b0_ * entrée + s1_;
+    s1_ = b1_ * entrée - a1_ * sortie + s2_;
+    s2_ = b2_ * entrée - a2_ * sortie;
+    return sortie;
+  }
+
+ private:
+  double b0_, b1_, b2_, a1_, a2_;
+  double s1_ = 0.0;
+  double s2_ = 0.0;
+};
+
+double tangente(double radians) {
+  return sine(radians) / cosine(radians);
+}
+
+/// The weighting of Recommendation ITU-R BS.1770, "Algorithms to measure audio programme loudness": the
+/// head's shadow, a shelf of 4 dB above 1.7 kHz, then a high-pass at 38 Hz.
+Biquad plateau() {
+  const double k = tangente(pi * 1681.974450955533 / fréquence_échantillons);
+  const double q = 0.7071752369554196;
+  const double haut = power(10.0, 3.999843853973347 / 20);
+  const double milieu = power(haut, 0.4996667741545416);
+  return {haut + milieu * k / q + k * k,
+          2 * (k * k - haut),
+          haut - milieu * k / q + k * k,
+          1 + k / q + k * k,
+          2 * (k * k - 1),
+          1 - k / q + k * k};
+}
+Biquad passe_haut() {
+  const double k = tangente(pi * 38.13547087602444 / fréquence_échantillons);
+  const double q = 0.5003270373238773;
+  return {1, -2, 1, 1 + k / q + k * k, 2 * (k * k - 1), 1 - k / q + k * k};
+}
+
+/// How loud a sound is at its loudest: the weighted mean square over 400 ms, or over the whole of a shorter
+/// sound.
+double sonie(const Onde &onde) {
+  Biquad tête = plateau();
+  Biquad grave = passe_haut();
+  std::vector<double> énergies{0.0};
+  for (const double valeur : onde) {
+    const double pesée = grave.filtrer(tête.filtrer(valeur));
+    énergies.push_back(énergies.back() + pesée * pesée);
+  }
+  const std::size_t fenêtre = std::min<std::size_t>(onde.size(), fréquence_échantillons * 2 / 5);
+  double plus_forte = 0.0;
+  for (std::size_t i = fenêtre; i < énergies.size(); ++i)
+    plus_forte = std::max(plus_forte, énergies[i] - énergies[i - fenêtre]);
+  return plus_forte / static_cast<double>(fenêtre);
+}
+
+double sommet(const Onde &onde) {
+  double plus_haut = 0.0;
+  for (const double valeur : onde) plus_haut = std::max(plus_haut, std::abs(valeur));
+  return plus_haut;
+}
+
+std::vector<std::int16_t> mettre_à_l_échelle(const Onde &onde, double échelle) {
   std::vector<std::int16_t> échantillons;
   échantillons.reserve(onde.size());
   for (const double valeur : onde) {
@@ -145,9 +208,14 @@ std::vector<std::int16_t> mettre_à_la_crête(const Onde &onde) {
   return échantillons;
 }
 
-Son achever(std::string fichier, Onde onde, double fin) {
+struct Ébauche {
+  std::string fichier;
+  Onde onde;
+};
+
+Ébauche achever(std::string fichier, Onde onde, double fin) {
   adoucir_la_fin(onde, fin);
-  return {std::move(fichier), mettre_à_la_crête(onde)};
+  return {std::move(fichier), std::move(onde)};
 }
 
 void poser_entier(std::string &octets, std::uint32_t valeur, int taille) {
@@ -179,14 +247,22 @@ std::string octets_wav(const std::vector<std::int16_t> &échantillons) {
 }  // namespace
 
 std::vector<Son> composer_sons() {
-  std::vector<Son> sons;
+  std::vector<Ébauche> sons;
   sons.push_back(achever("carte_er.wav", jouer(0.42, coups_erreur, bloc_de_bois, 0.004), 0.05));
   sons.push_back(achever("carte_ok.wav", jouer(0.80, appel_juste, lame_de_marimba, 0.002), 0.20));
   sons.push_back(achever("carte_ga.wav", jouer(1.45, carillon_gagné, lame_de_carillon, 0.002), 0.40));
   sons.push_back(achever("carte_pe.wav", jouer(1.40, descente_perdu, lame_douce, 0.012), 0.35));
   sons.push_back(achever("carte_es.wav", jouer(0.09, coup_choisi, baguette, 0.003), 0.02));
   sons.push_back(achever("carte_hl.wav", feuille_tournée(), 0.04));
-  return sons;
+
+  // As loud as the one can be that has the highest peak for its loudness.
+  double commune = 1e300;
+  for (const Ébauche &son : sons) commune = std::min(commune, std::sqrt(sonie(son.onde)) / sommet(son.onde));
+  std::vector<Son> résultat;
+  for (const Ébauche &son : sons)
+    résultat.push_back(
+        {son.fichier, mettre_à_l_échelle(son.onde, crête_sons * commune / std::sqrt(sonie(son.onde)))});
+  return résultat;
 }
 
 void écrire_sons(const std::filesystem::path &dossier) {

@@ -14,7 +14,8 @@ namespace atelier {
 
 inline constexpr int fréquence_échantillons = 44100;  // samples a second, mono
 
-/// The greatest absolute sample of every sound: -3 dB below full scale, 32767 * 10^(-3/20) to the nearest.
+/// No sample is greater: -3 dB below full scale, 32767 * 10^(-3/20) to the nearest. The sound that needs most
+/// to be as loud as the others reaches it.
 inline constexpr int crête_sons = 23197;
 
 struct Son {
@@ -22,7 +23,7 @@ struct Son {
   std::vector<std::int16_t> échantillons;
 };
 
-/// The six sounds. The same on every machine, to the last bit.
+/// The six sounds, all equally loud. The same on every machine, to the last bit.
 std::vector<Son> composer_sons();
 
 /// Writes the six sounds to the folder `dossier`, which must exist, as 16-bit PCM files. Throws

@@ -259,6 +259,7 @@ std::vector<Son> composer_sons() {
   double commune = 1e300;
   for (const Ébauche &son : sons) commune = std::min(commune, std::sqrt(sonie(son.onde)) / sommet(son.onde));
   std::vector<Son> résultat;
+  résultat.reserve(sons.size());
   for (const Ébauche &son : sons)
     résultat.push_back(
         {son.fichier, mettre_à_l_échelle(son.onde, crête_sons * commune / std::sqrt(sonie(son.onde)))});

@@ -16,11 +16,11 @@ std::vector<Point> Cibles(Contexte &c);
 
 /// What an eye finds at one place of the map.
 struct Vue_du_lieu {
-  bool terre = false;          ///< a province's
-  bool lac = false;            ///< water with provinces all around; all else is sea or neighbours
-  bool en_jaune = false;       ///< a province whose silhouette is filled
-  bool repère = false;         ///< a dot or a marker
-  std::string nom;             ///< that of its tool tip; empty if it has none
+  bool terre = false;     ///< a province's
+  bool lac = false;       ///< water with provinces all around; all else is sea or neighbours
+  bool en_jaune = false;  ///< a province whose silhouette is filled
+  bool repère = false;    ///< a dot or a marker
+  std::string nom;        ///< that of its tool tip; empty if it has none
 };
 Vue_du_lieu Voir(Contexte &c, Point lieu);
 

@@ -30,7 +30,7 @@ void Dispatcher::run(const Event &event) {
 void Dispatcher::run_when_idle(const Event &event) {
   if (!event) return;
   if (!busy_) return run(event);
-  QTimer::singleShot(0, qApp, [this, event] { run_when_idle(event); });
+  QTimer::singleShot(0, &put_off_, [this, event] { run_when_idle(event); });
 }
 
 void Dispatcher::end_with(const char *what) {

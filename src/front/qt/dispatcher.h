@@ -1,6 +1,7 @@
 // The one door through which the player's events reach the program.
 #pragma once
 
+#include <QObject>
 #include <functional>
 #include <optional>
 #include <string>
@@ -51,6 +52,7 @@ class Dispatcher {
   bool busy_ = false;
   int depth_ = 0;  ///< events under way, those that wait for the player included
   bool ended_ = false;
+  QObject put_off_;  ///< what waits for an idle program ends with it
 };
 
 }  // namespace ardane

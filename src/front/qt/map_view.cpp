@@ -172,7 +172,9 @@ void MapView::paintEvent(QPaintEvent *event) {
   for (const QRect &part : event->region())
     painter.drawImage(QRectF(part), shown,
                       QRectF(QPointF(part.topLeft()) * device, QSizeF(part.size()) * device));
-  if (cursor_shown_) draw_cursor(painter, QRectF(cursor_area()).center(), context_.scale.value());
+  if (!cursor_shown_) return;
+  cursor_drawn_ = cursor_area();
+  draw_cursor(painter, QRectF(cursor_drawn_).center(), context_.scale.value());
 }
 
 void MapView::mousePressEvent(QMouseEvent *event) {
@@ -256,7 +258,8 @@ void MapView::follow_cursor() {
 void MapView::show_cursor() {
   follow_cursor();
   cursor_shown_ = true;
-  update();
+  update(cursor_drawn_);
+  update(cursor_area());
   show_tip(cursor_pixel().center(), mapToGlobal(cursor_area().bottomRight()));
   tell_place();
 }
@@ -285,7 +288,7 @@ void MapView::say(const std::string &text) {
 void MapView::hide_cursor() {
   if (!cursor_shown_) return;
   cursor_shown_ = false;
-  update(cursor_area());
+  update(cursor_drawn_);
 }
 
 void MapView::focusOutEvent(QFocusEvent *event) {

@@ -90,6 +90,7 @@ class MapView : public QWidget {
   MapCursor cursor_;
   QPoint told_;                ///< where it stood when its place was last told
   bool cursor_shown_ = false;  ///< the player moves by keys
+  QRect cursor_drawn_;         ///< where it was painted last, in the toolkit's pixels
   struct Drag {
     QPointF press;  ///< in the toolkit's pixels
     QPoint scroll;

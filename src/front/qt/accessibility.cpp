@@ -71,13 +71,13 @@ class SpokenPlace : public QAccessibleInterface {
 class PictureWithCursor : public WidgetInRole {
  public:
   explicit PictureWithCursor(QWidget &picture) : WidgetInRole(&picture, QAccessible::Canvas) {
-    for (SpokenPlace *&place : places_) {
-      place = std::make_unique<SpokenPlace>(*this).release();
-      QAccessible::registerAccessibleInterface(place);
+    for (Place &place : places_) {
+      place.spoken = std::make_unique<SpokenPlace>(*this).release();
+      place.id = QAccessible::registerAccessibleInterface(place.spoken);
     }
   }
   ~PictureWithCursor() override {
-    for (SpokenPlace *place : places_) QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(place));
+    for (const Place &place : places_) QAccessible::deleteAccessibleInterface(place.id);
   }
   PictureWithCursor(const PictureWithCursor &) = delete;
   PictureWithCursor &operator=(const PictureWithCursor &) = delete;
@@ -85,23 +85,28 @@ class PictureWithCursor : public WidgetInRole {
   void tell(const QString &text, QRect where) {
     told_ = true;
     std::swap(places_.front(), places_.back());
-    places_.front()->set(text, where);
+    places_.front().spoken->set(text, where);
     for (const QAccessible::Event type : {QAccessible::NameChanged, QAccessible::Focus}) {
-      QAccessibleEvent event(places_.front(), type);
+      QAccessibleEvent event(places_.front().spoken, type);
       QAccessible::updateAccessibility(&event);
     }
   }
 
   int childCount() const override { return told_ ? 1 : 0; }
   QAccessibleInterface *child(int index) const override {
-    return told_ && index == 0 ? places_.front() : nullptr;
+    return told_ && index == 0 ? places_.front().spoken : nullptr;
   }
   int indexOfChild(const QAccessibleInterface *child) const override {
-    return told_ && child == places_.front() ? 0 : -1;
+    return told_ && child == places_.front().spoken ? 0 : -1;
   }
 
  private:
-  std::array<SpokenPlace *, 2> places_{};  ///< the toolkit's, as all interfaces are
+  /// The toolkit's, as all interfaces are: by its number it is given back, once.
+  struct Place {
+    SpokenPlace *spoken = nullptr;
+    QAccessible::Id id = 0;
+  };
+  std::array<Place, 2> places_{};
   bool told_ = false;
 };
 

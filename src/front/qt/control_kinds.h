@@ -17,6 +17,15 @@ namespace ardane {
 /// Gives a framed widget its control's border, or takes it away.
 void sync_border(QFrame &frame, const Contrôle &control);
 
+/// What a text was last fitted to: nothing is measured again while it stays.
+struct Fitted {
+  QString text;
+  Police police;
+  QSize size;
+  Scale scale;
+  friend bool operator==(const Fitted &, const Fitted &) = default;
+};
+
 class LabelView : public ControlView {
  public:
   LabelView(Contrôle &control, const ViewContext &context, QWidget *parent);
@@ -28,13 +37,6 @@ class LabelView : public ControlView {
   QLabel &label() { return static_cast<QLabel &>(widget()); }
   void fit_text(const QString &text, bool several_lines);
 
-  struct Fitted {
-    QString text;
-    Police police;
-    QSize size;
-    Scale scale;
-    friend bool operator==(const Fitted &, const Fitted &) = default;
-  };
   std::optional<Fitted> fitted_;
 };
 
@@ -66,13 +68,6 @@ class LineView : public ControlView {
   void take_text(QString text);
   QLineEdit &line() { return static_cast<QLineEdit &>(widget()); }
 
-  struct Fitted {
-    QString text;
-    Police police;
-    QSize size;
-    Scale scale;
-    friend bool operator==(const Fitted &, const Fitted &) = default;
-  };
   std::optional<Fitted> fitted_;
   mutable std::optional<QRect> framed_;  ///< the designed place that `overhang_` was measured for
   mutable int overhang_ = 0;

@@ -21,24 +21,18 @@
 #include "front/qt/one_instance.h"
 
 namespace ardane {
-namespace {
 
-constexpr int waiting_instances = 8;
 constexpr std::size_t longest_token = 1024;
-/// Between the two calls by which the first instance takes its name and opens it to others.
-constexpr int opening_ms = 20;
-constexpr int opening_attempts = 25;
-/// A later instance sends its packet right behind its call.
-constexpr int packet_ms = 200;
 
-class Socket {
+/// To another program of this machine, in whole packets.
+class PacketSocket {
  public:
-  explicit Socket(int descriptor) : descriptor_(descriptor) {}
-  ~Socket() {
+  explicit PacketSocket(int descriptor) : descriptor_(descriptor) {}
+  ~PacketSocket() {
     if (descriptor_ >= 0) close(descriptor_);
   }
-  Socket(const Socket &) = delete;
-  Socket &operator=(const Socket &) = delete;
+  PacketSocket(const PacketSocket &) = delete;
+  PacketSocket &operator=(const PacketSocket &) = delete;
 
   int descriptor() const { return descriptor_; }
   bool is_open() const { return descriptor_ >= 0; }
@@ -67,8 +61,17 @@ class Socket {
   int descriptor_;
 };
 
-Socket make_socket(int flags = 0) {
-  return Socket(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | flags, 0));
+namespace {
+
+constexpr int waiting_instances = 8;
+/// Between the two calls by which the first instance takes its name and opens it to others.
+constexpr int opening_ms = 20;
+constexpr int opening_attempts = 25;
+/// A later instance sends its packet right behind its call.
+constexpr int packet_ms = 200;
+
+PacketSocket make_socket(int flags = 0) {
+  return PacketSocket(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | flags, 0));
 }
 
 struct Address {
@@ -101,7 +104,7 @@ std::string token() {
 
 /// True if the instance that has the address has come to the front.
 bool has_come_to_the_front(const Address &address, std::chrono::milliseconds patience) {
-  const Socket caller = make_socket();
+  const PacketSocket caller = make_socket();
   for (int attempt = 0; connect(caller.descriptor(), address.get(), address.size) != 0; ++attempt) {
     if (errno != ECONNREFUSED || attempt == opening_attempts) return false;
     poll(nullptr, 0, opening_ms);
@@ -113,7 +116,7 @@ bool has_come_to_the_front(const Address &address, std::chrono::milliseconds pat
 }  // namespace
 
 struct OneInstance::Link {
-  Socket socket = make_socket(SOCK_NONBLOCK);
+  PacketSocket socket = make_socket(SOCK_NONBLOCK);
   std::unique_ptr<QSocketNotifier> notifier;
 };
 
@@ -138,7 +141,7 @@ void OneInstance::listen(std::function<void(const std::string &)> asked_to_front
 }
 
 void OneInstance::answer() {
-  const Socket caller(accept4(link_->socket.descriptor(), nullptr, nullptr, SOCK_CLOEXEC));
+  const PacketSocket caller(accept4(link_->socket.descriptor(), nullptr, nullptr, SOCK_CLOEXEC));
   if (!caller.is_open() || !caller.is_of_this_player()) return;
   const std::optional<std::string> packet = caller.receive(packet_ms);
   if (!packet) return;

@@ -28,6 +28,13 @@ class Guide : public testing::Test {
     RedessinerCarte(m.c());
   }
   std::vector<Point> cibles() { return Cibles(m.c()); }
+  void placer_point(int rang, const std::string &nom, Point centre) {
+    Contrôle &point = m.e().RondPref(rang);
+    point.infobulle = nom;
+    point.visible = point.actif = true;
+    point.gauche = centre.x - point.largeur / 2;
+    point.haut = centre.y - point.hauteur / 2;
+  }
 
   MondeFactice m;
 };
@@ -162,11 +169,7 @@ TEST_F(Guide, ADotIsToldByItsNameOnlyWhereTheMapShowsTheName) {
 TEST_F(Guide, WherePlaceLiesIsToldFromTheNearestNameAndFromTheEdges) {
   jouer(étape_provinces, niveau_expert);
   EXPECT_EQ(Situer(m.c(), {100, 50}), "bords : nord 50, est 501, sud 611, ouest 100 km");
-  Contrôle &point = m.e().RondPref(7);
-  point.infobulle = "Saulonde";
-  point.visible = point.actif = true;
-  point.gauche = 100 - point.largeur / 2;
-  point.haut = 80 - point.hauteur / 2;
+  placer_point(7, "Saulonde", {100, 80});
   EXPECT_THAT(Situer(m.c(), {100, 50}), testing::StartsWith("30 km au nord de Saulonde ; "));
   EXPECT_THAT(Situer(m.c(), {100, 80}), testing::StartsWith("Saulonde ; "));
 }
@@ -175,11 +178,7 @@ TEST_F(Guide, WhatLiesAroundIsToldInEightDirectionsFromTheNorthOn) {
   jouer(étape_provinces, niveau_expert);
   EXPECT_EQ(Balayer(m.c(), {3, 4}).substr(0, 73),
             "nord : bord de la carte, 5 km ; nord-est : bord de la carte, 7 km ; est :");
-  Contrôle &point = m.e().RondPref(7);
-  point.infobulle = "Saulonde";
-  point.visible = point.actif = true;
-  point.gauche = 13 - point.largeur / 2;
-  point.haut = 4 - point.hauteur / 2;
+  placer_point(7, "Saulonde", {13, 4});
   EXPECT_THAT(Balayer(m.c(), {3, 4}), testing::HasSubstr("est : Saulonde, 10 km"));
 }
 

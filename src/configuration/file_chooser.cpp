@@ -24,7 +24,7 @@
 namespace ardane {
 namespace {
 
-constexpr std::array places = std::to_array<Place>({
+constexpr std::array places_des_fichiers = std::to_array<Place>({
     {"Entête", Genre::étiquette, 16, 12, 388, 24},
     {"Nom_fichier", Genre::texte, 16, 42, 388, 24, 0},
     {"Dossier_ouvert", Genre::étiquette, 16, 74, 388, 17},
@@ -35,13 +35,13 @@ constexpr std::array places = std::to_array<Place>({
     {"Bouton_annuler", Genre::bouton, 224, 332, 66, 31, 4},
 });
 
-struct Usage {
+struct Usage_des_fichiers {
   Types_fichier type;
   std::string_view extension;
   Message titre, entête_à_charger, entête_à_écrire, rien_de_choisi;
 };
 
-constexpr std::array usages = std::to_array<Usage>({
+constexpr std::array usages_des_fichiers = std::to_array<Usage_des_fichiers>({
     {fichier_partie, extension_parties, Message::arrêt_en_cours_de_jeu, Message::partie_à_charger,
      Message::nom_du_fichier_de_sauvegarde, Message::choisir_un_fichier_de_partie},
     {fichier_paramétrage, extension_scores, Message::paramétrage_de_la_partie,
@@ -49,10 +49,10 @@ constexpr std::array usages = std::to_array<Usage>({
      Message::choisir_un_fichier_de_paramétrage},
 });
 
-const Usage &usage(const GameState &g) {
-  const auto trouvé =
-      std::find_if(usages.begin(), usages.end(), [&](const Usage &u) { return u.type == g.Type_fichier; });
-  if (trouvé == usages.end()) throw ErreurFatale("Choix de fichier sans objet", Lieu::ici());
+const Usage_des_fichiers &usage_des_fichiers(const GameState &g) {
+  const auto trouvé = std::find_if(usages_des_fichiers.begin(), usages_des_fichiers.end(),
+                                   [&](const Usage_des_fichiers &u) { return u.type == g.Type_fichier; });
+  if (trouvé == usages_des_fichiers.end()) throw ErreurFatale("Choix de fichier sans objet", Lieu::ici());
   return *trouvé;
 }
 
@@ -77,7 +77,9 @@ std::string abrégé(const std::string &chemin) {
 }  // namespace
 
 Sélection_partie::Sélection_partie(Contexte &c)
-    : Fenêtre("Sélection_partie"), c_(c), listes_(placer_tout(*this, places), usage(c.état).extension) {
+    : Fenêtre("Sélection_partie"),
+      c_(c),
+      listes_(placer_tout(*this, places_des_fichiers), usage_des_fichiers(c.état).extension) {
   largeur = 420;
   hauteur = 380;
   Centrer_fenêtre(c.état, *this);
@@ -121,7 +123,7 @@ void Sélection_partie::cacher_nom() {
 
 void Sélection_partie::poser_textes() {
   const GameState &g = c_.état;
-  const Usage &u = usage(g);
+  const Usage_des_fichiers &u = usage_des_fichiers(g);
   titre = message(g, u.titre);
   Contrôle &entête = contrôle(*this, "Entête");
   entête.texte = message(g, choisit_un_fichier() ? u.entête_à_charger : u.entête_à_écrire);
@@ -159,7 +161,7 @@ void Sélection_partie::enregistrer() {
   GameState &g = c_.état;
   std::string &saisie = contrôle(*this, "Nom_fichier").texte;
   const std::string nom_saisi = sans_extension(saisie);
-  saisie = nom_saisi + std::string(usage(g).extension);
+  saisie = nom_saisi + std::string(usage_des_fichiers(g).extension);
   if (!est_un_nom(nom_saisi)) return refuser(Message::courage, Message::nom_de_fichier_obligatoire);
   const std::string chemin = Joindre_chemin(listes_.dossier(), saisie);
   if (fichier_existe(chemin)) return refuser(Message::pas_d_accord, Message::fichier_existe_déjà);
@@ -192,7 +194,7 @@ bool Sélection_partie::enregistrer_paramétrage(const std::string &chemin) {
 
 void Sélection_partie::charger() {
   const Contrôle &fichiers = contrôle(*this, "Fichier");
-  if (fichiers.choix == 0) return refuser(Message::mais_enfin, usage(c_.état).rien_de_choisi);
+  if (fichiers.choix == 0) return refuser(Message::mais_enfin, usage_des_fichiers(c_.état).rien_de_choisi);
   const std::string chemin = Joindre_chemin(listes_.dossier(), élément_choisi(fichiers));
   if (c_.état.Type_fichier == fichier_partie)
     reprendre_partie(chemin);

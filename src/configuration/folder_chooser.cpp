@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array places = std::to_array<Place>({
+constexpr std::array places_des_dossiers = std::to_array<Place>({
     {"Entête", Genre::étiquette, 16, 12, 388, 42},
     {"Nom_fichier", Genre::texte, 16, 62, 388, 24, 4},
     {"Lecteur", Genre::liste, 16, 94, 190, 22},
@@ -33,21 +33,21 @@ constexpr std::array places = std::to_array<Place>({
     {"Bouton_OK", Genre::bouton, 338, 326, 66, 31, 3, "OK"},
 });
 
-struct Usage {
+struct Usage_des_dossiers {
   Modes_sélection mode;
   Message message_entête;
   std::string_view extension;  ///< of the files shown, in capitals
 };
 
-constexpr std::array usages = std::to_array<Usage>({
+constexpr std::array usages_des_dossiers = std::to_array<Usage_des_dossiers>({
     {choix_dossier_information, Message::répertoire_du_fichier_d_information, ".INF"},
     {choix_dossier_sauvegarde, Message::répertoire_des_parties, extension_scores},
 });
 
-const Usage &usage(const GameState &g) {
-  const auto trouvé =
-      std::find_if(usages.begin(), usages.end(), [&](const Usage &u) { return u.mode == g.Mode_sélection; });
-  if (trouvé == usages.end()) throw ErreurFatale("Choix de dossier sans objet", Lieu::ici());
+const Usage_des_dossiers &usage_des_dossiers(const GameState &g) {
+  const auto trouvé = std::find_if(usages_des_dossiers.begin(), usages_des_dossiers.end(),
+                                   [&](const Usage_des_dossiers &u) { return u.mode == g.Mode_sélection; });
+  if (trouvé == usages_des_dossiers.end()) throw ErreurFatale("Choix de dossier sans objet", Lieu::ici());
   return *trouvé;
 }
 
@@ -70,7 +70,7 @@ bool créer_dossier(const std::string &chemin) {
 Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c)
     : Fenêtre("Paramétrage_répertoires"),
       c_(c),
-      listes_(placer_tout(*this, places), usage(c.état).extension) {
+      listes_(placer_tout(*this, places_des_dossiers), usage_des_dossiers(c.état).extension) {
   GameState &g = c.état;
   largeur = 420;
   hauteur = 380;
@@ -98,7 +98,7 @@ Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c)
 void Paramétrage_répertoires::poser_textes() {
   titre = message(c_.état, Message::paramétrage_des_répertoires);
   Contrôle &entête = contrôle(*this, "Entête");
-  entête.texte = message(c_.état, usage(c_.état).message_entête);
+  entête.texte = message(c_.état, usage_des_dossiers(c_.état).message_entête);
   entête.police = {Famille_police::times, 12, true};
   entête.alignement = Alignement::centre;
   contrôle(*this, "Nom_fichier").nom_parlé = "Dossier ouvert";

@@ -9,7 +9,6 @@ namespace ardane {
 namespace {
 
 constexpr Couleur jaune{255, 255, 0};
-constexpr Couleur noir{0, 0, 0};
 constexpr Police titre_panneau{Famille_police::times, 12, true};
 constexpr Police chiffre{Famille_police::times, 18, true};
 constexpr Police titre_grille{Famille_police::sans_serif, 9.75, true};

@@ -40,6 +40,10 @@ struct Couleur {
   friend bool operator==(const Couleur &, const Couleur &) = default;
 };
 
+inline constexpr Couleur noir{0, 0, 0};
+inline constexpr Couleur blanc{255, 255, 255};
+inline constexpr Couleur rouge{255, 0, 0};
+
 /// A colour that the player's desktop decides.
 enum class Couleur_système : std::uint8_t { barre_de_défilement };
 

@@ -17,14 +17,14 @@ namespace {
 constexpr double marge = 8;
 constexpr double gauche_à_défaut = 10;
 
-constexpr std::array places = std::to_array<Place>({
+constexpr std::array places_de_la_fiche = std::to_array<Place>({
     {"LBL_Pays", Genre::étiquette, 8, 8, 369, 25},
     {"IMG_Drapeau", Genre::image, 0, 0, 64.8, 32.8},
     {"BTN_OK", Genre::bouton, 168, 464, 49, 25, 0, "OK"},
 });
 
 // In a table of its own, as a text of several lines is made so.
-constexpr Place place_du_texte = {"TXT_INFOS", Genre::texte, 8, 56, 369, 313, 1};
+constexpr Place place_de_son_texte = {"TXT_INFOS", Genre::texte, 8, 56, 369, 313, 1};
 
 }  // namespace
 
@@ -37,8 +37,8 @@ Pompe::Pompe(Contexte &c)
   largeur = 382;
   hauteur = 493;
   titre = message(g, Message::fiche_de_renseignements);
-  placer_tout(*this, places);
-  Contrôle &texte = placer(*this, place_du_texte);
+  placer_tout(*this, places_de_la_fiche);
+  Contrôle &texte = placer(*this, place_de_son_texte);
   texte.multiligne = true;
   texte.lecture_seule = true;
   texte.hauteur = contrôle(*this, "BTN_OK").haut - marge - texte.haut;

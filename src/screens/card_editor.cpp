@@ -17,8 +17,8 @@
 namespace ardane {
 namespace {
 
-constexpr Place place_du_texte = {"TXT_INFOS", Genre::texte, 32, 56, 337, 233, 0};
-constexpr std::array places = std::to_array<Place>({
+constexpr Place place_de_la_saisie = {"TXT_INFOS", Genre::texte, 32, 56, 337, 233, 0};
+constexpr std::array places_de_l_éditeur = std::to_array<Place>({
     {"LBL_Pays", Genre::texte, 16, 16, 369, 25, 6},
     {"BTN_Up", Genre::bouton, 32, 344, 33, 33, 1},
     {"BTN_Left", Genre::bouton, 168, 344, 33, 33, 2},
@@ -40,7 +40,7 @@ constexpr std::array boutons = std::to_array<Bouton_image>({
 });
 
 Contrôle &placer_texte(Fenêtre &fenêtre) {
-  Contrôle &texte = placer(fenêtre, place_du_texte);
+  Contrôle &texte = placer(fenêtre, place_de_la_saisie);
   texte.multiligne = true;
   return texte;
 }
@@ -62,7 +62,7 @@ void Editer_fiches(Contexte &c) {
 Edition::Edition(Contexte &c)
     : Fenêtre("Edition"),
       c_(c),
-      titre_fiche_(contrôle(placer_tout(*this, places), "LBL_Pays")),
+      titre_fiche_(contrôle(placer_tout(*this, places_de_l_éditeur), "LBL_Pays")),
       texte_(placer_texte(*this)) {
   largeur = 401;
   hauteur = 449;

@@ -4,7 +4,6 @@ namespace ardane {
 namespace {
 
 constexpr Couleur rouge_foncé{64, 0, 0};
-constexpr Couleur blanc{255, 255, 255};
 
 }  // namespace
 

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t longueur_du_nom = 20;
 
-constexpr std::array places = std::to_array<Place>({
+constexpr std::array places_de_la_partie = std::to_array<Place>({
     {"Label1", Genre::étiquette, 31, 29, 226, 21, 1},
     {"boîte_nom_joueur", Genre::texte, 33, 56, 224, 24, 0},
     {"Frame1", Genre::cadre, 31, 109, 140, 129, 2},
@@ -56,7 +56,7 @@ Nouvelle_partie::Nouvelle_partie(Contexte &c) : Fenêtre("nouvelle_partie"), c_(
   fermable = false;
   contexte_aide = 20;
   titre = message(g, Message::nouvelle_partie);
-  placer_tout(*this, places);
+  placer_tout(*this, places_de_la_partie);
   contrôle(*this, "Label1").police = {Famille_police::times, 12, true};
   contrôle(*this, "Label1").alignement = Alignement::centre;
   contrôle(*this, "boîte_nom_joueur").pour_fichier = true;

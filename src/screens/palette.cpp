@@ -16,46 +16,46 @@ constexpr int par_rangée = 8;
 constexpr double pas = 16;
 
 // Row by row from the left.
-constexpr std::array<std::string_view, 40> couleurs = {"Noir",
-                                                       "Marron",
-                                                       "Vert olive",
-                                                       "Vert foncé",
-                                                       "Bleu-vert foncé",
-                                                       "Bleu foncé",
-                                                       "Indigo",
-                                                       "Gris - 80%",
-                                                       "Rouge foncé",
-                                                       "Orange",
-                                                       "Marron clair",
-                                                       "Vert",
-                                                       "Bleu vert",
-                                                       "Bleu",
-                                                       "Bleu gris",
-                                                       "Gris 50%",
-                                                       "Rouge",
-                                                       "Orange clair",
-                                                       "Citron vert",
-                                                       "Vert marin",
-                                                       "Vert d'eau",
-                                                       "Bleu clair",
-                                                       "Violet",
-                                                       "Gris - 40%",
-                                                       "Rose",
-                                                       "Or",
-                                                       "Jaune",
-                                                       "Vert brillant",
-                                                       "Turquoise",
-                                                       "Bleu ciel",
-                                                       "Prune",
-                                                       "Gris - 25%",
-                                                       "Rose saumon",
-                                                       "Brun",
-                                                       "Jaune clair",
-                                                       "Vert clair",
-                                                       "Turquoise clair",
-                                                       "Bleu moyen",
-                                                       "Lavande",
-                                                       "Blanc"};
+constexpr std::array<std::string_view, 40> noms_des_couleurs = {"Noir",
+                                                                "Marron",
+                                                                "Vert olive",
+                                                                "Vert foncé",
+                                                                "Bleu-vert foncé",
+                                                                "Bleu foncé",
+                                                                "Indigo",
+                                                                "Gris - 80%",
+                                                                "Rouge foncé",
+                                                                "Orange",
+                                                                "Marron clair",
+                                                                "Vert",
+                                                                "Bleu vert",
+                                                                "Bleu",
+                                                                "Bleu gris",
+                                                                "Gris 50%",
+                                                                "Rouge",
+                                                                "Orange clair",
+                                                                "Citron vert",
+                                                                "Vert marin",
+                                                                "Vert d'eau",
+                                                                "Bleu clair",
+                                                                "Violet",
+                                                                "Gris - 40%",
+                                                                "Rose",
+                                                                "Or",
+                                                                "Jaune",
+                                                                "Vert brillant",
+                                                                "Turquoise",
+                                                                "Bleu ciel",
+                                                                "Prune",
+                                                                "Gris - 25%",
+                                                                "Rose saumon",
+                                                                "Brun",
+                                                                "Jaune clair",
+                                                                "Vert clair",
+                                                                "Turquoise clair",
+                                                                "Bleu moyen",
+                                                                "Lavande",
+                                                                "Blanc"};
 
 }  // namespace
 
@@ -70,7 +70,7 @@ Palette::Palette(Contexte &c) : Fenêtre("Palette"), c_(c) {
   avec_titre = false;
   fermable = false;
   Centrer_fenêtre(c.état, *this);
-  for (int n = 1; n <= static_cast<int>(couleurs.size()); ++n) {
+  for (int n = 1; n <= static_cast<int>(noms_des_couleurs.size()); ++n) {
     const int colonne = (n - 1) % par_rangée;
     const int rangée = (n - 1) / par_rangée;
     const double x = 8 + pas * colonne;
@@ -78,7 +78,7 @@ Palette::Palette(Contexte &c) : Fenêtre("Palette"), c_(c) {
     const Image image = c.ressources.images.chercher("ChoixCouleur", n);
     Contrôle &pastille = placer(*this, {indexé("ChoixCouleur", n), Genre::image, x, y, 7, 8, n - 1});
     poser_image(pastille, image);
-    pastille.infobulle = couleurs[static_cast<std::size_t>(n - 1)];
+    pastille.infobulle = noms_des_couleurs[static_cast<std::size_t>(n - 1)];
     pastille.clic = [this, image] { peindre(image); };
   }
   Contrôle &fermeture = placer(*this, {"BoutonFermeture", Genre::image, 112, 0, 19, 19, 40});

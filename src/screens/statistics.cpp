@@ -17,7 +17,7 @@ using Colonne = Stats::Colonne;
 constexpr double hauteur_de_ligne = 16.8;
 constexpr double haut_du_tableau = 120;
 
-constexpr std::array places = std::to_array<Place>({
+constexpr std::array places_des_statistiques = std::to_array<Place>({
     {"Baratin", Genre::étiquette, 8, 8, 465, 73},
     {"EntêteColonne1", Genre::étiquette, 8, 90, 149, 30},
     {"EntêteVilles", Genre::étiquette, 160, 90, 77, 30},
@@ -84,7 +84,7 @@ Stats::Stats(Contexte &c) : Fenêtre("Stats"), c_(c) {
   titre = message(g, Message::statistiques);
   contexte_aide = 90;
   Centrer_fenêtre(g, *this);
-  placer_tout(*this, places);
+  placer_tout(*this, places_des_statistiques);
   contrôle(*this, "Baratin").texte = message(g, Message::explication_des_statistiques);
   for (const char *entête :
        {"EntêteColonne1", "EntêteVilles", "EntêteDrapeaux", "EntêteProvinces", "EntêtePerteColonne1"})

@@ -6,7 +6,6 @@ namespace ardane {
 namespace {
 
 constexpr Couleur vert{0, 255, 0};
-constexpr Couleur rouge{255, 0, 0};
 
 /// The objects of 1..dernier that are in play, by falling points.
 template <class EnJeu, class Points>

@@ -11,7 +11,7 @@
 namespace ardane {
 namespace {
 
-constexpr std::array places = std::to_array<Place>({
+constexpr std::array places_du_classement = std::to_array<Place>({
     {"Etiquette", Genre::étiquette, 131, 9, 265, 24},
     {"Command1", Genre::bouton, 528, 144, 39, 40, 0, "OK"},
     {"BoutonStatistiques", Genre::bouton, 528, 248, 40, 37, 1},
@@ -28,7 +28,7 @@ constexpr Table<Message, niveau_facile, niveau_expert> titres({Message::niveau_f
 void habiller(Contrôle &étiquette, Alignement alignement) {
   étiquette.police = {Famille_police::times, 15.75, true};
   étiquette.couleur = Couleur{255, 255, 0};
-  étiquette.fond = Couleur{0, 0, 0};
+  étiquette.fond = noir;
   étiquette.alignement = alignement;
 }
 
@@ -45,7 +45,7 @@ Affichage_scores::Affichage_scores(Contexte &c) : Fenêtre("Affichage_scores") {
   redimensionnable = true;
   titre = message(c.état, Message::meilleurs_scores);
   contexte_aide = 90;
-  placer_tout(*this, places);
+  placer_tout(*this, places_du_classement);
   habiller(contrôle(*this, "Etiquette"), Alignement::centre);
   for (int i = 1; i <= nombre_rangs; ++i) {
     habiller(placer(*this, {indexé("nomjoueur", i), Genre::étiquette, 27, hauts_des_rangs(i), 368, 28}),

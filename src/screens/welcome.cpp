@@ -11,8 +11,6 @@
 namespace ardane {
 namespace {
 
-constexpr Couleur rouge{255, 0, 0};
-constexpr Couleur noir{0, 0, 0};
 constexpr Couleur bleu{0, 0, 255};
 
 constexpr int largeur_confortable = 768;
@@ -20,7 +18,7 @@ constexpr int moins_de_bits = 16;
 constexpr int modes_au_départ = 36;
 constexpr int modes_de_plus = 10;
 
-constexpr std::array places = std::to_array<Place>({
+constexpr std::array places_de_l_accueil = std::to_array<Place>({
     {"Image1", Genre::image, 2, 16, 120, 132},
     {"Commentaire", Genre::étiquette, 136, 8, 337, 81},
     {"Conseil", Genre::étiquette, 128, 96, 345, 57},
@@ -99,7 +97,7 @@ Patience::Patience(Contexte &c) : Fenêtre("Patience") {
   fermable = false;
   titre = message(g, Message::chargement_du_programme) + "...  (" + message(g, Message::version) + ")";
   Centrer_fenêtre(g, *this);
-  placer_tout(*this, places);
+  placer_tout(*this, places_de_l_accueil);
   poser_image(contrôle(*this, "Image1"), c.ressources.images.chercher("Patience.Image1"));
   contrôle(*this, "Adresse").texte = message(g, Message::dernières_versions_sur_le_site);
   contrôle(*this, "Adresse").couleur = bleu;

@@ -10,7 +10,13 @@ on_display() {
   shift
   xvfb-run -a -s "-screen 0 ${size}x24 -nolisten tcp" "$@"
 }
-on_display 1280x1024 "$programs/desktop_start" "$programs/desktop_empty_window" "$programs/ardane"
+start() {
+  size=$1
+  shift
+  on_display $size "$programs/desktop_start" "$programs/desktop_empty_window" "$programs/ardane" "$@" 2>/dev/null
+}
+start 1280x1024 --sans-cadre
+for size in 1280x1024 1920x1080 3840x2160; do start $size; done
 on_display 1280x1024 "$programs/desktop_figures"
 for scale in 1 1.4; do on_display 1920x1080 "$programs/window_figures" $scale; done
 for scale in 1.5 2 3; do on_display 3840x2160 "$programs/window_figures" $scale; done

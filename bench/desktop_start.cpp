@@ -1,7 +1,7 @@
-// Starts the program and an empty Qt window in turn, and prints what each start cost: the rows of the table
-// of speeds that speak of a start.
+// Starts the program and an empty Qt window of its window's size in turn, and prints what each start cost:
+// the rows of the table of speeds that speak of a start.
 //
-//     desktop_start EMPTY_WINDOW ARDANE [TIMES]
+//     desktop_start EMPTY_WINDOW ARDANE [OPTION OF ARDANE...]
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -26,12 +26,20 @@ namespace fs = std::filesystem;
 /// Figures by name: "prêt cpu", "prêt mur", "prêt mémoire" and so on.
 using Figures = std::map<std::string, std::vector<double>>;
 
+constexpr int starts = 21;
+
+/// What one program told of its starts.
+struct Told {
+  Figures figures;
+  std::string width, height;  ///< its window's, in pixels
+};
+
 double milliseconds_since(std::chrono::steady_clock::time_point start) {
   return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// Runs a program and notes each "STATE cpu_ms=N mémoire_kio=N" that it writes.
-bool run(const std::vector<std::string> &words, Figures &figures) {
+/// Runs a program and notes what it writes: "STATE cpu_ms=N mémoire_kio=N" and "fenêtre WIDTH HEIGHT".
+bool run(const std::vector<std::string> &words, Told &told) {
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) return false;
   posix_spawn_file_actions_t actions;
@@ -48,16 +56,20 @@ bool run(const std::vector<std::string> &words, Figures &figures) {
   posix_spawn_file_actions_destroy(&actions);
   close(ends[1]);
   FILE *lines = fdopen(ends[0], "r");
-  std::array<char, 256> line{}, state{};
+  std::array<char, 256> line{}, state{}, width{}, height{};
   double cpu = 0, memory = 0;
   while (started && std::fgets(line.data(), line.size(), lines) != nullptr) {
     const double wall = milliseconds_since(start);
+    if (std::sscanf(line.data(), "fenêtre %63s %63s", width.data(), height.data()) == 2) {
+      told.width = width.data();
+      told.height = height.data();
+    }
     if (std::sscanf(line.data(), "%63s cpu_ms=%lf mémoire_kio=%lf", state.data(), &cpu, &memory) != 3)
       continue;
     const std::string name = state.data();
-    figures[name + " cpu"].push_back(cpu);
-    figures[name + " mur"].push_back(wall);
-    figures[name + " mémoire"].push_back(memory / 1024);
+    told.figures[name + " cpu"].push_back(cpu);
+    told.figures[name + " mur"].push_back(wall);
+    told.figures[name + " mémoire"].push_back(memory / 1024);
   }
   std::fclose(lines);
   int status = 1;
@@ -85,28 +97,30 @@ void print_row(const char *what, double empty, double ardane) {
 }  // namespace
 
 int main(int argc, char **argv) {
-  if (argc < 3) return std::fprintf(stderr, "desktop_start EMPTY_WINDOW ARDANE [TIMES]\n"), 2;
-  const int times = argc > 3 ? std::atoi(argv[3]) : 21;
+  if (argc < 3) return std::fprintf(stderr, "desktop_start EMPTY_WINDOW ARDANE [OPTION OF ARDANE...]\n"), 2;
   const fs::path program = fs::canonical(argv[2]);
   const ardane::ScratchFolder scratch(program.parent_path());
   const ardane::DesktopPlaces places = scratch.places();
   write_settings(places.registre);
   // A start that finds no cards asks before it makes them.
   std::ofstream(scratch.path() / "ARDANE.INF") << ' ';
-  const std::vector<std::string> start{program.string(),         "--programme",
-                                       places.programme,         "--registre",
-                                       places.registre.string(), "--pret-et-quitter"};
-  Figures empty, ardane, ignored;
-  run(start, ignored);  // the first run settles the folders
-  for (int i = 0; i < times; ++i)
-    if (!run({fs::canonical(argv[1]).string()}, empty) || !run(start, ardane)) return 1;
+  std::vector<std::string> start{program.string(),         "--programme",      places.programme, "--registre",
+                                 places.registre.string(), "--pret-et-quitter"};
+  start.insert(start.end(), argv + 3, argv + argc);
+  Told first, empty, ardane;
+  if (!run(start, first)) return 1;  // the first run settles the folders
+  const std::vector<std::string> floor{fs::canonical(argv[1]).string(), first.width, first.height};
+  for (int i = 0; i < starts; ++i)
+    if (!run(floor, empty) || !run(start, ardane)) return 1;
 
-  std::printf("Median of %d starts          | empty | ardane | ratio\n", times);
-  print_row("Ready, CPU ms", median(empty["prêt cpu"]), median(ardane["prêt cpu"]));
-  print_row("Ready, wall ms", median(empty["prêt mur"]), median(ardane["prêt mur"]));
-  print_row("Ready, resident MiB", median(empty["prêt mémoire"]), median(ardane["prêt mémoire"]));
-  print_row("Every picture decoded as well, CPU ms", median(empty["prêt cpu"]), median(ardane["chargé cpu"]));
-  print_row("Every picture decoded as well, resident MiB", median(empty["prêt mémoire"]),
-            median(ardane["chargé mémoire"]));
+  const auto of = [](Told &told, const char *figure) { return median(told.figures[figure]); };
+  std::printf("Median of %d starts, %s x %s    | empty | ardane | ratio\n", starts, first.width.c_str(),
+              first.height.c_str());
+  print_row("Ready, CPU ms", of(empty, "prêt cpu"), of(ardane, "prêt cpu"));
+  print_row("Ready, wall ms", of(empty, "prêt mur"), of(ardane, "prêt mur"));
+  print_row("Ready, resident MiB", of(empty, "prêt mémoire"), of(ardane, "prêt mémoire"));
+  print_row("Every picture decoded as well, CPU ms", of(empty, "prêt cpu"), of(ardane, "chargé cpu"));
+  print_row("Every picture decoded as well, resident MiB", of(empty, "prêt mémoire"),
+            of(ardane, "chargé mémoire"));
   return 0;
 }

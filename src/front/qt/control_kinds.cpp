@@ -148,7 +148,12 @@ void sync_border(QFrame &frame, const Contrôle &control) {
 LabelView::LabelView(Contrôle &control, const ViewContext &context, QWidget *parent)
     : ControlView(control, context, make_child<QLabel>(parent)) {
   label().setTextFormat(Qt::PlainText);
-  if (control.fond && control.alignement != Alignement::centre) label().setMargin(coloured_margin);
+}
+
+/// What leads to another control is told when the views are made.
+bool LabelView::may_show_another(const Contrôle &other) const {
+  return other.genre == Genre::étiquette && other.conteneur == control().conteneur && other.mnémonique == 0 &&
+         other.muet == control().muet;
 }
 
 QRect LabelView::place() const {
@@ -163,6 +168,8 @@ QRect LabelView::place() const {
 void LabelView::sync() {
   ControlView::sync();
   sync_border(label(), control());
+  const bool edged = control().fond && control().alignement != Alignement::centre;
+  if (const int margin = edged ? coloured_margin : 0; label().margin() != margin) label().setMargin(margin);
   // Only a label that leads somewhere takes "&" for a mark.
   const bool marked = label().buddy() != nullptr && control().mnémonique != 0;
   const QString text = marked ? caption(control().texte, control().mnémonique) : to_qt(control().texte);

@@ -28,7 +28,7 @@ QRect place_of(const Contrôle &control) {
 }
 
 ControlView::ControlView(Contrôle &control, const ViewContext &context, QWidget *widget)
-    : context_(context), control_(control), widget_(widget) {
+    : context_(context), control_(&control), widget_(widget) {
   widget_->setObjectName(to_qt(control.nom));
   widget_->installEventFilter(this);
   set_silent(*widget_, est_muet(control));
@@ -37,13 +37,18 @@ ControlView::ControlView(Contrôle &control, const ViewContext &context, QWidget
   if (control.lecture_seule && control.ordre_tabulation < 0) widget_->setFocusPolicy(Qt::ClickFocus);
 }
 
+void ControlView::show_another(Contrôle &control) {
+  control_ = &control;
+  widget_->setObjectName(to_qt(control.nom));
+}
+
 void ControlView::sync() {
-  if (const std::string &spoken = nom_à_dire(control_); spoken != spoken_ && !est_muet(control_)) {
+  if (const std::string &spoken = nom_à_dire(control()); spoken != spoken_ && !est_muet(control())) {
     spoken_ = spoken;
     widget_->setAccessibleName(to_qt(spoken));
   }
-  const Look look{place(),       is_shown(),       control_.actif,  control_.infobulle,
-                  control_.fond, control_.couleur, control_.police, scale()};
+  const Look look{place(),        is_shown(),        control().actif,  control().infobulle,
+                  control().fond, control().couleur, control().police, scale()};
   if (look == shown_) return;
   const bool first = !shown_;
   if (first || look.place != shown_->place) widget_->setGeometry(look.place);
@@ -59,11 +64,11 @@ void ControlView::sync() {
 }
 
 void ControlView::click() {
-  run([this] { cliquer(context_.window, control_); });
+  run([this] { cliquer(context_.window, control()); });
 }
 
 void ControlView::double_click() {
-  run([this] { déclencher(control_.double_clic); });
+  run([this] { déclencher(control().double_clic); });
 }
 
 bool ControlView::eventFilter(QObject *, QEvent *event) {
@@ -71,26 +76,26 @@ bool ControlView::eventFilter(QObject *, QEvent *event) {
     case QEvent::FocusIn:
       // The focus is marked however it came: a key may well be what follows.
       widget_->window()->setAttribute(Qt::WA_KeyboardFocusChange);
-      if (!context_.dispatcher.busy()) context_.window.focus = &control_;
+      if (!context_.dispatcher.busy()) context_.window.focus = control_;
       break;
     case QEvent::FocusOut:
-      if (!control_.perte_du_focus || !is_real_loss(static_cast<QFocusEvent *>(event)->reason())) break;
+      if (!control().perte_du_focus || !is_real_loss(static_cast<QFocusEvent *>(event)->reason())) break;
       // By the time the program is idle the window may be gone.
       context_.dispatcher.run_when_idle([view = QPointer<ControlView>(this)] {
-        if (view) déclencher(view->control_.perte_du_focus);
+        if (view) déclencher(view->control().perte_du_focus);
       });
       break;
     case QEvent::MouseButtonPress:
-      if (!control_.clic || !is_clicked_by_press() || !widget_->isEnabled()) break;
+      if (!control().clic || !is_clicked_by_press() || !widget_->isEnabled()) break;
       click();
       return true;
     case QEvent::MouseButtonDblClick:
-      if (!control_.double_clic || !widget_->isEnabled()) break;
+      if (!control().double_clic || !widget_->isEnabled()) break;
       double_click();
       return true;
     case QEvent::KeyPress:
       if (!is_enter(static_cast<QKeyEvent &>(*event)) || takes_enter()) break;
-      run([this] { entrer(context_.window, control_); });
+      run([this] { entrer(context_.window, control()); });
       return true;
     default: break;
   }

@@ -48,15 +48,19 @@ class ControlView : public QObject {
  public:
   ~ControlView() override = default;
 
-  Contrôle &control() const { return control_; }
+  Contrôle &control() const { return *control_; }
   QWidget &widget() const { return *widget_; }
   virtual void sync();
+  /// True if the widget, whose control is gone, would do for another of its kind as it did for that.
+  virtual bool may_show_another(const Contrôle &) const { return false; }
+  /// Its control is another from now on, and is to be shown by the next `sync`.
+  void show_another(Contrôle &control);
 
  protected:
   /// Whether the widget is to be seen; the data's own visibility unless a kind has more to say.
-  virtual bool is_shown() const { return control_.visible; }
+  virtual bool is_shown() const { return control().visible; }
   /// Where the widget stands; the data's own place unless the desktop's style needs more room.
-  virtual QRect place() const { return scale().rect(place_of(control_)); }
+  virtual QRect place() const { return scale().rect(place_of(control())); }
   const Scale &scale() const { return context_.scale; }
 
   /// Takes the widget, which its Qt parent owns.
@@ -72,7 +76,7 @@ class ControlView : public QObject {
 
  private:
   /// True if the widget does with the Enter key what it will.
-  virtual bool takes_enter() const { return entrée_finit_la_ligne(control_); }
+  virtual bool takes_enter() const { return entrée_finit_la_ligne(control()); }
   /// True if a press of the mouse is a click: the widget makes nothing of it by itself.
   virtual bool is_clicked_by_press() const { return false; }
 
@@ -87,7 +91,7 @@ class ControlView : public QObject {
     friend bool operator==(const Look &, const Look &) = default;
   };
 
-  Contrôle &control_;
+  Contrôle *control_;
   QWidget *const widget_;
   std::optional<Look> shown_;
   std::string spoken_;

@@ -20,6 +20,8 @@ namespace {
 
 /// How far a pixel of the filtered picture looks, in pixels of the data.
 constexpr int reach = 2;
+/// How many rows of the data are filtered at a time: what is made of them stays in the processor's cache.
+constexpr int band_height = 64;
 /// How far the drawing of the keyboard's cursor does, and how near to the view's edge it comes.
 constexpr int cursor_reach = 17;
 /// What the Shift key makes of one pixel.
@@ -132,14 +134,24 @@ QImage MapView::doubled(const QRegion &region) {
   return result;
 }
 
-/// The same in the screen's pixels.
+/// The same in the screen's pixels, band by band.
 void MapView::filter(const QRegion &region) {
-  const QRegion seen = being_resized_.isNull() ? scaled(region, 1, 2 * reach) & viewport() : viewport();
-  const QRect box = seen.boundingRect();
-  const QImage source = being_resized_.isNull() ? doubled(seen) : being_resized_;
+  if (!being_resized_.isNull()) return filter(being_resized_, viewport(), region);
+  QRect band = region.boundingRect();
+  for (const int bottom = band.bottom(); band.top() <= bottom; band.translate(0, band_height)) {
+    band.setBottom(std::min(band.top() + band_height - 1, bottom));
+    const QRegion part = region & band;
+    if (part.isEmpty()) continue;
+    const QRegion seen = scaled(part, 1, 2 * reach) & viewport();
+    filter(doubled(seen), seen.boundingRect(), part);
+  }
+}
+
+/// A part of the picture, from a source that shows the data's pixels of a box.
+void MapView::filter(const QImage &source, const QRect &box, const QRegion &part) {
   QPainter painter(&picture_);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.setClipRegion(scaled(region, ratio(), reach));
+  painter.setClipRegion(scaled(part, ratio(), reach));
   const QRectF target(QPointF(box.topLeft()) * ratio(), QSizeF(box.size()) * ratio());
   painter.drawImage(target, source, QRectF(source.rect()));
 }

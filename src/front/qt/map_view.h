@@ -78,6 +78,7 @@ class MapView : public QWidget {
   void compose(QPainter &painter, const QRegion &region, int detail);
   QImage doubled(const QRegion &region);
   void filter(const QRegion &region);
+  void filter(const QImage &source, const QRect &box, const QRegion &part);
   const QImage &picture();
 
   Contrôle &control_;

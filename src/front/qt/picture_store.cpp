@@ -19,8 +19,8 @@ bool looks_like_picture(const QString &path) {
 }
 
 QPixmap read_picture(const QString &path) {
-  QImageReader reader(path, QFileInfo(path).suffix().toLatin1());
-  QImage image = reader.read();
+  // The reader goes before the conversion, which would copy what they shared.
+  QImage image = QImageReader(path, QFileInfo(path).suffix().toLatin1()).read();
   if (image.isNull()) return {};
   image.setDevicePixelRatio(1);  // the reader takes 2 from the name of a doubled picture
   image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);

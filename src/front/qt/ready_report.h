@@ -38,6 +38,11 @@ inline long resident_kib() {
   return 0;
 }
 
+/// Writes "fenêtre WIDTH HEIGHT" on standard output, in pixels.
+inline void report_size(const QWidget &window) {
+  std::printf("fenêtre %d %d\n", window.width(), window.height());
+}
+
 /// Writes "STATE cpu_ms=N mémoire_kio=N" on standard output.
 inline void report(const char *state) {
   std::printf("%s cpu_ms=%.2f mémoire_kio=%ld\n", state, cpu_milliseconds(), resident_kib());

@@ -13,6 +13,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "front/qt/appearance.h"
 #include "front/qt/child.h"
@@ -268,9 +269,30 @@ void WindowView::forget_buddy(const QWidget &gone) {
       label->setBuddy(nullptr);
 }
 
+/// A table's cells go by the dozen where another's come, and to make and show a widget costs far more than
+/// its text.
+void WindowView::hand_on_views_of_gone() {
+  std::set<const Contrôle *> viewed;
+  for (const auto &view : views_) viewed.insert(&view->control());
+  auto heir = window().contrôles().begin();
+  const auto is_heir = [&](const Contrôle &control, const ControlView &view) {
+    return !control.retiré && est_visible(control) && !viewed.contains(&control) &&
+           view.may_show_another(control);
+  };
+  for (const auto &view : views_) {
+    if (!view->control().retiré) continue;
+    heir =
+        std::find_if(heir, window().contrôles().end(), [&](const Contrôle &c) { return is_heir(c, *view); });
+    if (heir == window().contrôles().end()) return;
+    forget_buddy(view->widget());
+    view->show_another(*heir++);
+  }
+}
+
 void WindowView::drop_views_of_gone() {
   if (revision_ == window().révision()) return;
   revision_ = window().révision();
+  hand_on_views_of_gone();
   for (const auto &view : views_) {
     if (!view->control().retiré) continue;
     // The widget may be at work in the very event that took its control off.
@@ -279,7 +301,7 @@ void WindowView::drop_views_of_gone() {
     view->widget().hide();
     view->widget().deleteLater();
   }
-  stacked_.clear();
+  std::erase_if(stacked_, [](const ControlView *view) { return view->control().retiré; });
   focus_ = nullptr;
   std::erase_if(views_, [](const auto &view) { return view->control().retiré; });
   window().oublier_retirés();
@@ -315,10 +337,13 @@ ControlView *WindowView::make(Contrôle &control) {
 void WindowView::sync_stacking() {
   const auto lower = [](ControlView *a, ControlView *b) { return a->control().plan < b->control().plan; };
   if (stacked_.size() == views_.size() && std::ranges::is_sorted(stacked_, lower)) return;
-  stacked_.clear();
-  for (const auto &view : views_) stacked_.push_back(view.get());
-  std::ranges::sort(stacked_, lower);
-  for (ControlView *view : stacked_) view->widget().raise();
+  std::vector<ControlView *> stack;
+  for (const auto &view : views_) stack.push_back(view.get());
+  std::ranges::sort(stack, lower);
+  // Those that lie as they lay, from the lowest on, stay.
+  const auto first_moved = std::ranges::mismatch(stack, stacked_).in1;
+  std::for_each(first_moved, stack.end(), [](ControlView *view) { view->widget().raise(); });
+  stacked_ = std::move(stack);
 }
 
 void WindowView::sync_tab_order() {

@@ -77,6 +77,7 @@ class WindowView : public QObject {
   void sync_geometry();
   QRect on_desktop(QRect logical);
   void forget_buddy(const QWidget &gone);
+  void hand_on_views_of_gone();
   void drop_views_of_gone();
   void make_missing_views();
   void sync_stacking();

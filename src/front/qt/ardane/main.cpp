@@ -31,8 +31,10 @@ int play(int argc, char **argv, const DesktopOptions &options) {
   instance.listen([&](const std::string &token) { desktop.come_to_front(token); });
   if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why
   if (options.prêt_et_quitter) {
-    await_first_paint(*desktop.renderer().frame(desktop.programme().principale()));
+    const QWidget &window = *desktop.renderer().frame(desktop.programme().principale());
+    await_first_paint(window);
     report("prêt");
+    report_size(window);
     desktop.load_all_pictures();
     report("chargé");
     return 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <optional>
+#include <sstream>
 
 #include "core/current_folder.h"
 #include "core/game_state.h"
@@ -11,6 +12,7 @@
 #include "persistence/folders.h"
 #include "persistence/registry.h"
 #include "persistence/score_format.h"
+#include "platform/durable_file.h"
 #include "platform/log.h"
 
 namespace ardane {
@@ -36,12 +38,14 @@ Contenu_scores contenu_à_écrire(const GameState &g, bool avec_scores) {
 /// Nothing if the file is written whole, otherwise why not.
 std::optional<std::string> écrire_fichier(const std::string &chemin, const Contenu_scores &contenu) {
   if (fichier_existe(chemin) && !Effacer_fichier(chemin)) return "l'ancien ne peut pas être effacé";
-  std::ofstream flux(chemin_natif(chemin), std::ios::binary | std::ios::trunc);
-  if (!flux) return "il ne peut pas être créé";
-  if (const auto défaut = écrire_scores(flux, contenu)) return décrire_défaut(*défaut);
-  flux.close();
-  if (flux.fail()) return "le disque est plein ou en panne";
-  return std::nullopt;
+  std::ostringstream flux;
+  const auto défaut = écrire_scores(flux, contenu);
+  const std::filesystem::path fichier = chemin_natif(chemin);
+  const Ecriture écriture = écrire_durablement(fichier, flux.str(), Nom_de_fichier::quelconque);
+  if (écriture == Ecriture::sans_fichier) return "il ne peut pas être créé";
+  if (écriture == Ecriture::incomplète) return "le disque est plein ou en panne";
+  fixer_dossier(fichier.parent_path());
+  return défaut ? std::optional(décrire_défaut(*défaut)) : std::nullopt;
 }
 
 /// Nothing if the file was written by this version of the program, otherwise what it says instead.

@@ -5,6 +5,8 @@
 #include <string>
 #include <system_error>
 
+#include "platform/durable_file.h"
+
 namespace ardane {
 namespace {
 
@@ -39,18 +41,18 @@ std::optional<std::string_view> remplacer_fichier(const fs::path &fichier, std::
   if (fs::exists(ancien) && est_protégé(cible)) return "il est protégé contre l'écriture";
 
   const fs::path provisoire = nom_provisoire(cible);
-  std::ofstream flux(provisoire, std::ios::binary | std::ios::trunc);
-  if (!flux) return "son dossier refuse un nouveau fichier";
-  flux.write(octets.data(), static_cast<std::streamsize>(octets.size()));
-  flux.close();
-  const bool écrit = !flux.fail();
-  if (écrit) {
+  const Ecriture écriture = écrire_durablement(provisoire, octets, Nom_de_fichier::libre);
+  if (écriture == Ecriture::sans_fichier) return "son dossier refuse un nouveau fichier";
+  if (écriture == Ecriture::faite) {
     if (fs::exists(ancien)) fs::permissions(provisoire, ancien.permissions(), erreur);
     fs::rename(provisoire, cible, erreur);
-    if (!erreur) return std::nullopt;
+    if (!erreur) {
+      fixer_dossier(cible.parent_path());
+      return std::nullopt;
+    }
   }
   fs::remove(provisoire, erreur);
-  return écrit ? "il ne peut pas être remplacé" : "le disque est plein ou en panne";
+  return écriture == Ecriture::faite ? "il ne peut pas être remplacé" : "le disque est plein ou en panne";
 }
 
 }  // namespace ardane

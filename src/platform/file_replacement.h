@@ -9,8 +9,7 @@ namespace ardane {
 
 /// Puts `octets` in the place of a file, or makes it, through a new file beside it that takes its name once
 /// it is complete: what stood there stays until then, and on every failure. A link stays a link, and the file
-/// keeps its permissions. It does not wait for the disk, which a player would
-/// feel.
+/// keeps its permissions. When it returns the disk has both, so that a power cut takes nothing back.
 ///
 /// Nothing if that is done, otherwise why not, as the end of a French sentence. A file that its owner has
 /// write-protected, and whatever is no plain file, is not replaced; the folder must be there.

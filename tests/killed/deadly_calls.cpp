@@ -1,6 +1,7 @@
 #include "deadly_calls.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
@@ -9,6 +10,7 @@
 
 #include <array>
 #include <csignal>
+#include <cstdarg>
 #include <cstdio>
 #include <stdexcept>
 
@@ -86,6 +88,22 @@ extern "C" {
 
 FILE *fopen64(const char *chemin, const char *mode) {
   return ardane::appel<decltype(fopen64)>("fopen64", [&](auto *suivante) { return suivante(chemin, mode); });
+}
+
+int open(const char *chemin, int mode, ...) {
+  va_list suite;
+  va_start(suite, mode);
+  const mode_t droits = (mode & O_CREAT) != 0 ? va_arg(suite, mode_t) : 0;
+  va_end(suite);
+  return ardane::appel<decltype(open)>("open",
+                                       [&](auto *suivante) { return suivante(chemin, mode, droits); });
+}
+
+int fsync(int fichier) {
+  struct stat état {};
+  const bool dossier = fstat(fichier, &état) == 0 && S_ISDIR(état.st_mode);
+  if (ardane::est_fatal(dossier ? "fsync of a folder" : "fsync")) ardane::mourir();
+  return ardane::de_la_bibliothèque<decltype(fsync)>("fsync")(fichier);
 }
 
 int fclose(FILE *fichier) {

@@ -406,8 +406,8 @@ TEST_F(ScoreFile, TheLogSaysWhyAFileIsNotWritten) {
   {
     const DisquePlein plein(4096);  // of which the log takes its part
     EXPECT_THAT(journal_d_écriture(),
-                AllOf(StartsWith("ardane : Le fichier de scores « " + fichier + " » n'est pas écrit : case "),
-                      EndsWith(" : écriture impossible\n")));
+                AllOf(StartsWith("ardane : Le fichier de scores « " + fichier + " » n'est pas écrit : "),
+                      EndsWith("le disque est plein ou en panne\n")));
   }
   g().Version_programme = std::string(127, 'V');
   EXPECT_THAT(journal_d_écriture(), EndsWith("case 1 : texte trop long\n"));

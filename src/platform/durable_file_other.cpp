@@ -1,0 +1,27 @@
+// Systems other than Linux: the file is written whole, and the system takes its time to bring it to the disk.
+#if !defined(__linux__)
+
+#include <fstream>
+
+#include "platform/durable_file.h"
+
+namespace ardane {
+
+Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_view octets,
+                            Nom_de_fichier nom) {
+  std::error_code erreur;
+  if (nom == Nom_de_fichier::libre &&
+      std::filesystem::exists(std::filesystem::symlink_status(fichier, erreur)))
+    return Ecriture::sans_fichier;
+  std::ofstream flux(fichier, std::ios::binary | std::ios::trunc);
+  if (!flux) return Ecriture::sans_fichier;
+  flux.write(octets.data(), static_cast<std::streamsize>(octets.size()));
+  flux.close();
+  return flux.fail() ? Ecriture::incomplète : Ecriture::faite;
+}
+
+void fixer_dossier(const std::filesystem::path &) {}
+
+}  // namespace ardane
+
+#endif

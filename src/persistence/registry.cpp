@@ -45,7 +45,12 @@ int Lire_registre(const Registre &registre, std::string_view clé, std::string_v
                   std::string &résultat) {
   const auto ouverte = Ouvrir_clé(registre, clé);
   if (!ouverte) return registre_sans_clé;
-  const auto texte = registre.lire(*ouverte, sans_blancs(valeur));
+  return Lire_clé_ouverte(registre, *ouverte, valeur, résultat);
+}
+
+int Lire_clé_ouverte(const Registre &registre, std::string_view clé, std::string_view valeur,
+                     std::string &résultat) {
+  const auto texte = registre.lire(clé, sans_blancs(valeur));
   if (!texte) return registre_sans_valeur;
   // A character of the text is a byte of the buffer.
   résultat = premiers_caractères(*texte, taille_du_tampon - 1);

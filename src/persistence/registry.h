@@ -38,6 +38,10 @@ std::optional<std::string> Ouvrir_clé(const Registre &registre, std::string_vie
 int Lire_registre(const Registre &registre, std::string_view clé, std::string_view valeur,
                   std::string &résultat);
 
+/// The same, of a key that `Ouvrir_clé` has opened: for many values of one. 0, -2.
+int Lire_clé_ouverte(const Registre &registre, std::string_view clé, std::string_view valeur,
+                     std::string &résultat);
+
 /// 0, -1 (no key), -2 (the store could not keep the value).
 int Ecrire_registre(Registre &registre, std::string_view clé, std::string_view valeur,
                     std::string_view texte);

@@ -1,10 +1,14 @@
 #include "platform/registry_store.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
+#include <list>
 #include <system_error>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 #include "platform/file_replacement.h"
 #include "platform/log.h"
@@ -28,18 +32,13 @@ bool clé_permise(std::string_view nette) {
   return !nette.empty() && est_utf8(nette) && nette.find_first_of("\r\n") == std::string_view::npos;
 }
 
-bool même_nom(std::string_view a, std::string_view b) {
-  return en_majuscules(a) == en_majuscules(b);
-}
-
 // --- The text of the file
 
 struct Ligne {
   enum class Genre { autre, clé, valeur };
   std::string brute;
   Genre genre = Genre::autre;
-  std::string clé;  ///< of a value: the key it stands under
-  std::string nom;
+  std::string nom;  ///< of a key: its path
   std::string texte;
 };
 
@@ -61,128 +60,160 @@ std::string entre_guillemets(std::string_view texte) {
 std::optional<std::string> lire_guillemets(std::string_view &reste) {
   if (reste.empty() || reste.front() != '"') return std::nullopt;
   std::string texte;
-  for (std::size_t i = 1; i < reste.size(); ++i) {
-    char c = reste[i];
-    if (c == '"') {
-      reste.remove_prefix(i + 1);
+  for (std::size_t i = 1;;) {
+    const std::size_t signe = reste.find_first_of("\"\\", i);
+    if (signe == std::string_view::npos) return std::nullopt;
+    texte.append(reste, i, signe - i);
+    if (reste[signe] == '"') {
+      reste.remove_prefix(signe + 1);
       return texte;
     }
-    if (c == '\\') {
-      if (++i == reste.size()) return std::nullopt;
-      c = reste[i];
-      if (c == 'n')
-        c = '\n';
-      else if (c == 'r')
-        c = '\r';
-      else if (c != '\\' && c != '"')
-        return std::nullopt;
-    }
-    texte.push_back(c);
+    if (signe + 1 == reste.size()) return std::nullopt;
+    const char c = reste[signe + 1];
+    if (c != 'n' && c != 'r' && c != '\\' && c != '"') return std::nullopt;
+    texte.push_back(c == 'n' ? '\n' : c == 'r' ? '\r' : c);
+    i = signe + 2;
   }
-  return std::nullopt;
 }
 
 Ligne ligne_de_clé(std::string_view clé) {
-  return {"[" + std::string(clé) + "]", Ligne::Genre::clé, std::string(clé), {}, {}};
+  return {"[" + std::string(clé) + "]", Ligne::Genre::clé, std::string(clé), {}};
 }
 
-Ligne ligne_de_valeur(std::string_view clé, std::string_view nom, std::string_view texte) {
-  return {entre_guillemets(nom) + "=" + entre_guillemets(texte), Ligne::Genre::valeur, std::string(clé),
-          std::string(nom), std::string(texte)};
+Ligne ligne_de_valeur(std::string_view nom, std::string_view texte) {
+  return {entre_guillemets(nom) + "=" + entre_guillemets(texte), Ligne::Genre::valeur, std::string(nom),
+          std::string(texte)};
 }
 
-/// `clé` is the key that the line stands under, empty before the first.
-Ligne analyser(std::string_view brute, std::string_view clé) {
-  Ligne autre{std::string(brute), Ligne::Genre::autre, {}, {}, {}};
-  if (!brute.empty() && brute.back() == '\r') brute.remove_suffix(1);
-  if (!est_utf8(brute)) return autre;
-  if (brute.size() > 2 && brute.front() == '[' && brute.back() == ']') {
-    const std::string nette = clé_nette(brute.substr(1, brute.size() - 2));
-    return clé_permise(nette) ? ligne_de_clé(nette) : autre;
+/// Calls `clé_lue(key)`, `valeur_lue(name, text)` or `autre_lue(line)` for each line of a file.
+void parcourir(std::string_view contenu, const auto &clé_lue, const auto &valeur_lue, const auto &autre_lue) {
+  if (contenu.substr(0, marque_utf8.size()) == marque_utf8) contenu.remove_prefix(marque_utf8.size());
+  bool sous_une_clé = false;
+  const auto lire_valeur = [&](std::string_view ligne) {
+    if (!sous_une_clé) return false;
+    const auto nom = lire_guillemets(ligne);
+    if (!nom || ligne.empty() || ligne.front() != '=') return false;
+    ligne.remove_prefix(1);
+    const auto texte = lire_guillemets(ligne);
+    if (!texte || !ligne.empty()) return false;
+    valeur_lue(*nom, *texte);
+    return true;
+  };
+  const auto lire_clé = [&](std::string_view ligne) {
+    if (ligne.size() < 3 || ligne.front() != '[' || ligne.back() != ']') return false;
+    const std::string nette = clé_nette(ligne.substr(1, ligne.size() - 2));
+    if (!clé_permise(nette)) return false;
+    clé_lue(nette);
+    return sous_une_clé = true;
+  };
+  while (!contenu.empty()) {
+    const std::string_view brute = couper(contenu, '\n');
+    const std::string_view ligne = brute.ends_with('\r') ? brute.substr(0, brute.size() - 1) : brute;
+    if (!est_utf8(ligne) || !(lire_clé(ligne) || lire_valeur(ligne))) autre_lue(brute);
   }
-  if (clé.empty()) return autre;
-  const auto nom = lire_guillemets(brute);
-  if (!nom || brute.empty() || brute.front() != '=') return autre;
-  brute.remove_prefix(1);
-  const auto texte = lire_guillemets(brute);
-  return texte && brute.empty() ? ligne_de_valeur(clé, *nom, *texte) : autre;
 }
 
+RegistreMémoire registre_de(std::string_view contenu) {
+  RegistreMémoire registre;
+  std::string clé;
+  parcourir(
+      contenu, [&](const std::string &lue) { registre.créer(clé = lue); },
+      [&](const std::string &nom, const std::string &texte) { registre.écrire(clé, nom, texte); },
+      [](std::string_view) {});
+  return registre;
+}
+
+/// The lines of the file, and where each setting stands among them.
 class Document {
  public:
-  Document() = default;
   explicit Document(std::string_view contenu) {
-    if (contenu.substr(0, marque_utf8.size()) == marque_utf8) contenu.remove_prefix(marque_utf8.size());
     std::string clé;
-    while (!contenu.empty()) {
-      lignes_.push_back(analyser(couper(contenu, '\n'), clé));
-      if (lignes_.back().genre == Ligne::Genre::clé) clé = lignes_.back().clé;
-    }
+    const auto fin = lignes_.end();
+    parcourir(
+        contenu, [&](const std::string &lue) { placer(fin, clé = lue, ligne_de_clé(lue)); },
+        [&](const std::string &nom, const std::string &texte) {
+          placer(fin, clé, ligne_de_valeur(nom, texte));
+        },
+        [&](std::string_view brute) {
+          lignes_.push_back({std::string(brute), Ligne::Genre::autre, {}, {}});
+        });
   }
 
+  /// True if something has been made or written that was not there.
+  bool est_changé() const { return changé_; }
   std::string contenu() const {
     std::string texte;
     for (const Ligne &ligne : lignes_) texte.append(ligne.brute).push_back('\n');
     return texte;
   }
 
-  RegistreMémoire registre() const {
-    RegistreMémoire registre;
-    for (const Ligne &ligne : lignes_) {
-      if (ligne.genre == Ligne::Genre::clé) registre.créer(ligne.clé);
-      if (ligne.genre == Ligne::Genre::valeur) registre.écrire(ligne.clé, ligne.nom, ligne.texte);
-    }
-    return registre;
-  }
-
   void créer(std::string_view clé) {
-    if (registre().existe(clé)) return;
-    if (!lignes_.empty()) lignes_.emplace_back();
-    lignes_.push_back(ligne_de_clé(clé));
+    if (!existantes_.contains(en_majuscules(clé))) commencer(clé);
   }
 
   void écrire(std::string_view clé, std::string_view nom, std::string_view texte) {
+    auto section = sections_.find(en_majuscules(clé));
+    if (section == sections_.end()) {
+      commencer(clé);
+      section = sections_.find(en_majuscules(clé));
+    }
     // Of several values of one name the last counts, so that one changes.
-    const auto valeur = std::find_if(lignes_.rbegin(), lignes_.rend(), [&](const Ligne &ligne) {
-      return ligne.genre == Ligne::Genre::valeur && même_nom(ligne.clé, clé) && même_nom(ligne.nom, nom);
-    });
-    if (valeur != lignes_.rend()) {
-      if (valeur->texte != texte) *valeur = ligne_de_valeur(valeur->clé, valeur->nom, texte);
+    const auto valeur = section->second.valeurs.find(en_majuscules(nom));
+    if (valeur == section->second.valeurs.end())
+      placer(std::next(section->second.dernière), clé, ligne_de_valeur(nom, texte));
+    else if (valeur->second->texte != texte)
+      *valeur->second = ligne_de_valeur(valeur->second->nom, texte);
+    else
       return;
-    }
-    auto place = dernière_ligne(clé);
-    if (place == lignes_.rend()) {
-      if (!lignes_.empty()) lignes_.emplace_back();
-      lignes_.push_back(ligne_de_clé(clé));
-      place = lignes_.rbegin();
-    }
-    lignes_.insert(place.base(), ligne_de_valeur(clé, nom, texte));
+    changé_ = true;
   }
 
  private:
-  std::vector<Ligne>::reverse_iterator dernière_ligne(std::string_view clé) {
-    return std::find_if(lignes_.rbegin(), lignes_.rend(), [&](const Ligne &ligne) {
-      return ligne.genre != Ligne::Genre::autre && même_nom(ligne.clé, clé);
-    });
+  using Lignes = std::list<Ligne>;
+  struct Section {
+    Lignes::iterator dernière;                                  ///< of the key's own lines
+    std::unordered_map<std::string, Lignes::iterator> valeurs;  ///< by their names in capitals
+  };
+
+  void commencer(std::string_view clé) {
+    if (!lignes_.empty()) lignes_.emplace_back();
+    placer(lignes_.end(), clé, ligne_de_clé(clé));
+    changé_ = true;
   }
 
-  std::vector<Ligne> lignes_;
+  void placer(Lignes::const_iterator place, std::string_view clé, Ligne nouvelle) {
+    const auto ligne = lignes_.insert(place, std::move(nouvelle));
+    const std::string majuscules = en_majuscules(clé);
+    Section &section = sections_[majuscules];
+    section.dernière = ligne;
+    if (ligne->genre == Ligne::Genre::valeur) {
+      section.valeurs[en_majuscules(ligne->nom)] = ligne;
+      return;
+    }
+    std::string dessus;
+    for (const std::string_view partie : parties_de_clé(majuscules))
+      existantes_.insert(dessus = Joindre_clé(dessus, partie));
+  }
+
+  Lignes lignes_;
+  bool changé_ = false;
+  std::unordered_map<std::string, Section> sections_;  ///< by their keys in capitals
+  std::unordered_set<std::string> existantes_;         ///< those keys and the ones above them
 };
 
-/// The document in the file, an empty one where there is no file; nothing if there is one and it cannot be
+/// What stands in the file, nothing of it where there is no file; no value if there is one and it cannot be
 /// read. Opening a pipe or a device could wait for ever, so only a plain file is opened.
-std::optional<Document> lire_document(const fs::path &fichier) {
+std::optional<std::string> lire_octets(const fs::path &fichier) {
   std::error_code erreur;
   const fs::file_status état = fs::status(fichier, erreur);
-  if (état.type() == fs::file_type::not_found) return Document{};
+  if (état.type() == fs::file_type::not_found) return std::string{};
   if (état.type() != fs::file_type::regular) return std::nullopt;
   std::ifstream flux(fichier, std::ios::binary);
   if (!flux) return std::nullopt;
   std::string contenu;
   for (std::array<char, 4096> morceau{}; flux.read(morceau.data(), morceau.size()), flux.gcount() > 0;)
     contenu.append(morceau.data(), static_cast<std::size_t>(flux.gcount()));
-  if (flux.bad()) return std::nullopt;
-  return Document(contenu);
+  return flux.bad() ? std::nullopt : std::optional(contenu);
 }
 
 /// The file that a chain of links ends at, so that the links stay, whatever the current folder becomes.
@@ -199,15 +230,17 @@ fs::path fichier_réel(const fs::path &fichier) {
 
 // --- In memory
 
-std::size_t RegistreMémoire::rang(std::string_view clé) const {
-  const std::string cherchée = en_majuscules(clé_nette(clé));
-  const auto trouvée = std::find_if(clés_.begin(), clés_.end(),
-                                    [&](const Clé &c) { return en_majuscules(c.chemin) == cherchée; });
-  return static_cast<std::size_t>(trouvée - clés_.begin());
+std::optional<std::size_t> RegistreMémoire::rang(std::string_view clé) const {
+  // Settings are asked for and written many of one key in a row.
+  if (clé == dernière_demandée_) return dernier_rang_;
+  const auto trouvée = rangs_.find(en_majuscules(clé_nette(clé)));
+  if (trouvée == rangs_.end()) return std::nullopt;
+  dernière_demandée_ = clé;
+  return dernier_rang_ = trouvée->second;
 }
 
 bool RegistreMémoire::existe(std::string_view clé) const {
-  return rang(clé) < clés_.size();
+  return rang(clé).has_value();
 }
 
 bool RegistreMémoire::créer(std::string_view clé) {
@@ -215,41 +248,39 @@ bool RegistreMémoire::créer(std::string_view clé) {
   std::string chemin;
   for (const std::string_view partie : parties_de_clé(clé)) {
     chemin = Joindre_clé(chemin, partie);
-    const std::size_t trouvée = rang(chemin);
+    const auto [rang, nouvelle] = rangs_.emplace(en_majuscules(chemin), clés_.size());
+    if (nouvelle) clés_.push_back({chemin, {}, {}});
     // A key below one that exists takes that one's spelling.
-    if (trouvée < clés_.size())
-      chemin = clés_[trouvée].chemin;
-    else
-      clés_.push_back({chemin, {}});
+    chemin = clés_[rang->second].chemin;
   }
   return true;
 }
 
 std::optional<std::string> RegistreMémoire::lire(std::string_view clé, std::string_view nom) const {
-  const std::size_t trouvée = rang(clé);
-  if (trouvée == clés_.size()) return std::nullopt;
-  for (const Valeur &valeur : clés_[trouvée].valeurs)
-    if (même_nom(valeur.nom, nom)) return valeur.texte;
-  return std::nullopt;
+  const auto trouvée = rang(clé);
+  if (!trouvée) return std::nullopt;
+  const Clé &c = clés_[*trouvée];
+  const auto valeur = c.rangs.find(en_majuscules(nom));
+  return valeur == c.rangs.end() ? std::nullopt : std::optional(c.valeurs[valeur->second].texte);
 }
 
 bool RegistreMémoire::écrire(std::string_view clé, std::string_view nom, std::string_view texte) {
-  const std::size_t trouvée = rang(clé);
-  if (trouvée == clés_.size() || !est_utf8(nom) || !est_utf8(texte)) return false;
-  for (Valeur &valeur : clés_[trouvée].valeurs) {
-    if (!même_nom(valeur.nom, nom)) continue;
-    valeur.texte = texte;
-    return true;
-  }
-  clés_[trouvée].valeurs.push_back({std::string(nom), std::string(texte)});
+  const auto trouvée = rang(clé);
+  if (!trouvée || !est_utf8(nom) || !est_utf8(texte)) return false;
+  Clé &c = clés_[*trouvée];
+  const auto [valeur, nouvelle] = c.rangs.emplace(en_majuscules(nom), c.valeurs.size());
+  if (nouvelle)
+    c.valeurs.push_back({std::string(nom), std::string(texte)});
+  else
+    c.valeurs[valeur->second].texte = texte;
   return true;
 }
 
 std::vector<std::string> RegistreMémoire::valeurs(std::string_view clé) const {
   std::vector<std::string> noms;
-  const std::size_t trouvée = rang(clé);
-  if (trouvée == clés_.size()) return noms;
-  for (const Valeur &valeur : clés_[trouvée].valeurs) noms.push_back(valeur.nom);
+  const auto trouvée = rang(clé);
+  if (!trouvée) return noms;
+  for (const Valeur &valeur : clés_[*trouvée].valeurs) noms.push_back(valeur.nom);
   return noms;
 }
 
@@ -268,7 +299,8 @@ std::vector<std::string> RegistreMémoire::sous_clés(std::string_view clé) con
 // --- In a file
 
 RegistreFichier::RegistreFichier(const fs::path &fichier) : fichier_(fichier_réel(fichier)) {
-  if (const auto document = lire_document(fichier_)) mémoire_ = document->registre();
+  lus_ = lire_octets(fichier_);
+  if (lus_) mémoire_ = registre_de(*lus_);
 }
 
 std::optional<std::string> RegistreFichier::lire(std::string_view clé, std::string_view nom) const {
@@ -276,6 +308,7 @@ std::optional<std::string> RegistreFichier::lire(std::string_view clé, std::str
 }
 
 bool RegistreFichier::créer(std::string_view clé) {
+  if (mémoire_.existe(clé) && en_attente_.empty()) return true;
   return mémoire_.créer(clé) && garder({clé_nette(clé), std::nullopt, {}});
 }
 
@@ -283,8 +316,18 @@ bool RegistreFichier::écrire(std::string_view clé, std::string_view nom, std::
   return mémoire_.écrire(clé, nom, texte) && garder({clé_nette(clé), std::string(nom), std::string(texte)});
 }
 
+void RegistreFichier::ensemble(const std::function<void()> &changements) {
+  ++ensembles_;
+  changements();
+  if (--ensembles_ == 0 && !en_attente_.empty()) garder_ce_qui_attend();
+}
+
 bool RegistreFichier::garder(Changement changement) {
   en_attente_.push_back(std::move(changement));
+  return ensembles_ > 0 || garder_ce_qui_attend();
+}
+
+bool RegistreFichier::garder_ce_qui_attend() {
   const auto échec = enregistrer();
   // A start writes a dozen settings; what hinders the first hinders all.
   const bool premier = échec && !échec_;
@@ -305,20 +348,23 @@ std::optional<std::string_view> RegistreFichier::enregistrer() {
   if (erreur) return "son dossier ne peut pas être créé";
   fs::path verrou = fichier_;
   const VerrouRegistre tenu(verrou += ".verrou");
-  auto document = lire_document(fichier_);
-  if (!document) return "il ne peut pas être lu";
-  const std::string avant = document->contenu();
+  auto octets = lire_octets(fichier_);
+  if (!octets) return "il ne peut pas être lu";
+  Document document(*octets);
   for (const Changement &changement : en_attente_) {
     if (changement.nom)
-      document->écrire(changement.clé, *changement.nom, changement.texte);
+      document.écrire(changement.clé, *changement.nom, changement.texte);
     else
-      document->créer(changement.clé);
+      document.créer(changement.clé);
   }
-  const std::string après = document->contenu();
-  if (après != avant)
-    if (const auto échec = remplacer_fichier(fichier_, après)) return échec;
+  const bool des_autres = octets != lus_;
+  if (document.est_changé()) {
+    octets = document.contenu();
+    if (const auto échec = remplacer_fichier(fichier_, *octets)) return échec;
+  }
   en_attente_.clear();
-  mémoire_ = document->registre();
+  if (des_autres) mémoire_ = registre_de(*octets);
+  lus_ = std::move(octets);
   return std::nullopt;
 }
 

@@ -15,6 +15,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/services.h"
@@ -41,11 +42,14 @@ class RegistreMémoire : public Registre {
   struct Clé {
     std::string chemin;
     std::vector<Valeur> valeurs;
+    std::unordered_map<std::string, std::size_t> rangs;  ///< of the values, by their names in capitals
   };
-  /// Place of a key in `clés_`; their number if there is no such key.
-  std::size_t rang(std::string_view clé) const;
+  std::optional<std::size_t> rang(std::string_view clé) const;
 
   std::vector<Clé> clés_;
+  std::unordered_map<std::string, std::size_t> rangs_;  ///< of the keys, by their paths in capitals
+  mutable std::string dernière_demandée_;               ///< as `rang` was asked for it, if it is there
+  mutable std::optional<std::size_t> dernier_rang_;
 };
 
 /// The same, kept in a file that is read once, at the making, and rewritten whole at each change: what stands
@@ -67,6 +71,9 @@ class RegistreFichier : public Registre {
   std::vector<std::string> valeurs(std::string_view clé) const override { return mémoire_.valeurs(clé); }
   std::vector<std::string> sous_clés(std::string_view clé) const override { return mémoire_.sous_clés(clé); }
 
+  /// The file is rewritten once, behind the last change.
+  void ensemble(const std::function<void()> &changements) override;
+
   /// Why the settings are not kept at present, and in which file; nothing if they are.
   const std::optional<std::string> &échec() const { return échec_; }
   /// Called when what was kept until then is kept no more.
@@ -79,12 +86,15 @@ class RegistreFichier : public Registre {
     std::string texte;
   };
   bool garder(Changement changement);
+  bool garder_ce_qui_attend();
   /// Nothing if what waits is kept now, otherwise why not.
   std::optional<std::string_view> enregistrer();
 
   std::filesystem::path fichier_;
+  std::optional<std::string> lus_;  ///< the bytes of the file that `mémoire_` stands for
   RegistreMémoire mémoire_;
   std::vector<Changement> en_attente_;  ///< not kept yet, oldest first
+  int ensembles_ = 0;                   ///< under way, one in the other
   std::optional<std::string> échec_;
 };
 

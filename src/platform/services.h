@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,6 +48,9 @@ class Registre {
   /// Names of a key's values and of the keys right under it, in the order of their making.
   virtual std::vector<std::string> valeurs(std::string_view clé) const = 0;
   virtual std::vector<std::string> sous_clés(std::string_view clé) const = 0;
+  /// Runs `changements`, many at a time, which the store may keep in one go: of what `créer` and `écrire`
+  /// return meanwhile it is not known yet whether it can be kept.
+  virtual void ensemble(const std::function<void()> &changements) { changements(); }
 };
 
 struct Point {

@@ -4,6 +4,15 @@
 #include <array>
 
 namespace ardane {
+namespace {
+
+bool est_ascii(std::string_view texte) {
+  unsigned char ensemble = 0;
+  for (const char c : texte) ensemble |= static_cast<unsigned char>(c);
+  return ensemble < 0x80;
+}
+
+}  // namespace
 
 std::optional<char32_t> prendre_caractère(std::string_view &reste) {
   const std::string_view texte = reste;
@@ -49,6 +58,7 @@ void ajouter_caractère(std::string &utf8, char32_t caractère) {
 }
 
 bool est_utf8(std::string_view texte) {
+  if (est_ascii(texte)) return true;
   while (!texte.empty())
     if (!prendre_caractère(texte)) return false;
   return true;
@@ -67,29 +77,28 @@ std::string premiers_caractères(std::string_view utf8, std::size_t nombre) {
 }
 
 std::string en_majuscules(std::string_view utf8) {
-  std::string majuscules;
-  majuscules.reserve(utf8.size());
-  while (!utf8.empty()) {
-    const char premier_octet = utf8.front();
-    // Nearly all of it is: no character needs to be taken apart then.
-    if (static_cast<unsigned char>(premier_octet) < 0x80) {
-      const bool minuscule = premier_octet >= 'a' && premier_octet <= 'z';
-      majuscules.push_back(minuscule ? static_cast<char>(premier_octet - 0x20) : premier_octet);
-      utf8.remove_prefix(1);
-      continue;
-    }
-    const auto lu = prendre_caractère(utf8);
+  std::string majuscules(utf8);
+  for (char &c : majuscules)
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 0x20);
+  // Nearly all of it is: no character needs to be taken apart then.
+  if (est_ascii(utf8)) return majuscules;
+  std::string_view reste = majuscules;
+  std::string accentuées;
+  accentuées.reserve(utf8.size());
+  while (!reste.empty()) {
+    const char premier_octet = reste.front();
+    const auto lu = prendre_caractère(reste);
     if (!lu) {
-      majuscules.push_back(premier_octet);
+      accentuées.push_back(premier_octet);
       continue;
     }
     char32_t c = *lu;
     if (c >= 0xE0 && c <= 0xFE && c != 0xF7) c -= 0x20;
     if (c == 0x153 || c == 0x161 || c == 0x17E) c -= 1;
     if (c == 0xFF) c = 0x178;
-    ajouter_caractère(majuscules, c);
+    ajouter_caractère(accentuées, c);
   }
-  return majuscules;
+  return accentuées;
 }
 
 std::string_view sans_blancs(std::string_view texte) {

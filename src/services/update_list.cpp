@@ -4,6 +4,7 @@
 #include <chrono>
 #include <limits>
 #include <optional>
+#include <unordered_map>
 
 #include "core/dates.h"
 #include "core/game_state.h"
@@ -62,6 +63,40 @@ void ajouter_ligne(GameState &g, const Ligne_jeu &ligne) {
   }
 }
 
+/// The records by the forms of their keys; of those of one form the first counts.
+template <class Forme>
+class Index_des_jeux {
+ public:
+  Index_des_jeux(GameState &g, Forme forme) : g_(g), forme_(forme) { compléter(); }
+  Fiche_jeu *chercher(std::string_view clé) {
+    compléter();
+    const auto trouvé = rangs_.find(forme_(clé));
+    return trouvé == rangs_.end() ? nullptr : &g_.TableJeux(trouvé->second);
+  }
+
+ private:
+  /// Records come at the end of the list, with their keys.
+  void compléter() {
+    while (connus_ < g_.NombreJeux) {
+      ++connus_;
+      rangs_.emplace(forme_(g_.TableJeux(connus_).clé), connus_);
+    }
+  }
+
+  GameState &g_;
+  Forme forme_;
+  int connus_ = 0;
+  std::unordered_map<std::string, int> rangs_;
+};
+
+std::string telle_quelle(std::string_view clé) {
+  return std::string(clé);
+}
+
+std::string sans_casse_ni_blancs(std::string_view clé) {
+  return en_majuscules(sans_blancs(clé));
+}
+
 template <class Condition>
 Fiche_jeu *chercher_jeu(GameState &g, Condition condition) {
   for (int i = 1; i <= g.NombreJeux; ++i)
@@ -106,10 +141,7 @@ std::optional<Ligne_jeu> ligne_de_la_page(std::string_view commentaire) {
 }
 
 /// Version and date of a page row move each by itself.
-void fusionner_ligne_de_la_page(GameState &g, const Ligne_jeu &ligne) {
-  const std::string cherchée = en_majuscules(sans_blancs(ligne.clé));
-  Fiche_jeu *jeu =
-      chercher_jeu(g, [&](const Fiche_jeu &j) { return en_majuscules(sans_blancs(j.clé)) == cherchée; });
+void fusionner_ligne_de_la_page(GameState &g, Fiche_jeu *jeu, const Ligne_jeu &ligne) {
   if (jeu == nullptr) return ajouter_ligne(g, ligne);
   jeu->libellé = ligne.titre;
   if (plus_récente(ligne.date, jeu->date_site)) jeu->date_site = ligne.date;
@@ -124,6 +156,7 @@ std::string texte_de_la_page(const std::string &octets) {
 void fusionner_page(GameState &g, std::string_view page) {
   constexpr std::string_view ouverture = "<!--";
   constexpr std::string_view fermeture = "-->";
+  Index_des_jeux jeux(g, sans_casse_ni_blancs);
   // The site's list begins behind the page's head: a comment at the very first character is not looked at.
   std::size_t place = 1;
   while (true) {
@@ -135,7 +168,7 @@ void fusionner_page(GameState &g, std::string_view page) {
     // the same rows, change nothing more, and come back here for ever.
     if (fin == std::string_view::npos) return;
     if (const auto ligne = ligne_de_la_page(page.substr(contenu, fin - contenu)))
-      fusionner_ligne_de_la_page(g, *ligne);
+      fusionner_ligne_de_la_page(g, jeux.chercher(ligne->clé), *ligne);
     place = fin + fermeture.size();
   }
 }
@@ -169,6 +202,23 @@ void ajouter_jeu_installé(GameState &g, const std::string &nom, const std::opti
   jeu->date_site = jeu->date_locale;
 }
 
+// --- What is remembered
+
+void accorder_mises_à_jour(GameState &g, Registre &registre) {
+  Créer_clé(registre, clé_des_mises_à_jour);
+  const auto ouverte = Ouvrir_clé(registre, clé_des_mises_à_jour);
+  if (!ouverte) return;
+  for (int i = 1; i <= g.NombreJeux; ++i) {
+    Fiche_jeu &jeu = g.TableJeux(i);
+    std::string connue;
+    const bool lue = Lire_clé_ouverte(registre, *ouverte, jeu.clé, connue) == registre_lu;
+    if (lue && connue >= jeu.version_site)
+      jeu.version_site = connue;
+    else
+      registre.écrire(*ouverte, jeu.clé, jeu.version_site);
+  }
+}
+
 // --- News
 
 bool à_lister(const Fiche_jeu &jeu) {
@@ -193,12 +243,13 @@ void Lire_mises_à_jour(Contexte &c) {
   const Registre &registre = c.plateforme.registre;
   g.NombreJeux = 0;
   g.TableJeux.dimensionner(0);
-  if (!Ouvrir_clé(registre, clé_des_mises_à_jour)) return;
+  const auto ouverte = Ouvrir_clé(registre, clé_des_mises_à_jour);
+  if (!ouverte) return;
   for (const std::string &nom : registre.valeurs(clé_des_mises_à_jour)) {
     if (sans_blancs(nom).empty()) continue;
     Fiche_jeu *jeu = ajouter_jeu(g);
     if (jeu == nullptr) return;
-    if (Lire_registre(registre, clé_des_mises_à_jour, nom, jeu->version_site) == registre_lu) jeu->clé = nom;
+    if (Lire_clé_ouverte(registre, *ouverte, nom, jeu->version_site) == registre_lu) jeu->clé = nom;
   }
 }
 
@@ -215,9 +266,10 @@ void Lire_versions_locales(Contexte &c) {
   const Registre &registre = c.plateforme.registre;
   if (!Ouvrir_clé(registre, clé_de_famille)) return;
   bool changée = false;
+  Index_des_jeux jeux(g, telle_quelle);
   for (const std::string &nom : registre.sous_clés(clé_de_famille)) {
     const auto ligne = ligne_de_version(c, nom);
-    if (Fiche_jeu *jeu = chercher_jeu(g, [&](const Fiche_jeu &j) { return j.clé == nom; })) {
+    if (Fiche_jeu *jeu = jeux.chercher(nom)) {
       if (lire_version_locale(*jeu, ligne)) changée = true;
     } else if (nom != sous_clé_des_mises_à_jour) {
       ajouter_jeu_installé(g, nom, ligne);
@@ -228,18 +280,7 @@ void Lire_versions_locales(Contexte &c) {
 }
 
 void Ecrire_mises_à_jour(Contexte &c) {
-  GameState &g = c.état;
-  Registre &registre = c.plateforme.registre;
-  Créer_clé(registre, clé_des_mises_à_jour);
-  for (int i = 1; i <= g.NombreJeux; ++i) {
-    Fiche_jeu &jeu = g.TableJeux(i);
-    std::string connue;
-    const bool lue = Lire_registre(registre, clé_des_mises_à_jour, jeu.clé, connue) == registre_lu;
-    if (lue && connue >= jeu.version_site)
-      jeu.version_site = connue;
-    else
-      Ecrire_registre(registre, clé_des_mises_à_jour, jeu.clé, jeu.version_site);
-  }
+  c.plateforme.registre.ensemble([&] { accorder_mises_à_jour(c.état, c.plateforme.registre); });
 }
 
 void Annoncer_mises_à_jour(Contexte &c) {

@@ -58,10 +58,12 @@ void revenir_au_dossier_du_programme(Contexte &c) {
 
 void Première_utilisation(Contexte &c) {
   GameState &g = c.état;
-  dater(c);
-  écrire_réglage(c, réglage_version, g.Version_programme);
-  écrire_réglage(c, réglage_joueur, "");
-  écrire_réglage(c, réglage_langue, "1");
+  c.plateforme.registre.ensemble([&] {
+    dater(c);
+    écrire_réglage(c, réglage_version, g.Version_programme);
+    écrire_réglage(c, réglage_joueur, "");
+    écrire_réglage(c, réglage_langue, "1");
+  });
   g.Langue = 1;
   Charger_textes(c);
   revenir_au_dossier_du_programme(c);

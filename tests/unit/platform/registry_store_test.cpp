@@ -293,6 +293,22 @@ TEST_F(FileRegistry, InstancesThatWriteAtOnceLoseNothing) {
   EXPECT_THAT(voisins(), IsEmpty());
 }
 
+TEST_F(FileRegistry, ManyChangesTogetherAreWrittenOnce) {
+  RegistreFichier registre = ouvrir();
+  registre.créer("R");
+  registre.ensemble([&] {
+    EXPECT_TRUE(registre.écrire("R", "a", "1"));
+    registre.ensemble([&] { EXPECT_TRUE(registre.écrire("R", "b", "2")); });
+    EXPECT_TRUE(registre.créer("S"));
+    EXPECT_EQ(registre.lire("R", "b"), "2");
+    EXPECT_EQ(contenu(), "[R]\n");
+  });
+  EXPECT_EQ(contenu(), "[R]\n\"a\"=\"1\"\n\"b\"=\"2\"\n\n[S]\n");
+  registre.ensemble([] {});
+  EXPECT_TRUE(registre.écrire("S", "c", "3"));
+  EXPECT_EQ(ouvrir().lire("S", "c"), "3");
+}
+
 TEST_F(FileRegistry, AReadOnlyFileStaysAndTheRunGoesOn) {
   poser("[R]\n\"a\"=\"1\"\n");
   fs::permissions(chemin_natif(dossier.chemin()), fs::perms::all);

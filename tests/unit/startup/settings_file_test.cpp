@@ -2,9 +2,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <ctime>
+
 #include "persistence/registry.h"
 #include "platform/registry_store.h"
 #include "platform/window_layout.h"
+#include "services/update_list.h"
 #include "support/fake_world.h"
 #include "support/limits.h"
 
@@ -18,7 +22,7 @@ using testing::IsEmpty;
 class StartWithASettingsFile : public testing::Test {
  protected:
   /// One run of the program, from its start to just before the player's first click.
-  bool démarrer() {
+  bool démarrer(const std::function<void(Programme &, MondeScripté &)> &jouer = nullptr) {
     m.boîtes.montrées.clear();
     OptionsMonde options = options_factices();
     options.registre = fichier;
@@ -26,6 +30,7 @@ class StartWithASettingsFile : public testing::Test {
     Programme programme(monde.monde(), ressources_du_programme(), m.dossier.chemin());
     const bool démarré = programme.Démarrage(m.dossier.chemin());
     joueur = programme.état().Nom_joueur;
+    if (jouer) jouer(programme, monde);
     return démarré;
   }
   void poser(std::string_view texte) {
@@ -45,6 +50,43 @@ TEST_F(StartWithASettingsFile, TheSecondStartFindsWhatTheFirstWrote) {
   EXPECT_TRUE(démarrer());
   EXPECT_THAT(m.boîtes.montrées, IsEmpty());
   EXPECT_EQ(joueur, "Ann");
+}
+
+/// Processor time of the least of three runs, in milliseconds.
+double durée(const std::function<void()> &action) {
+  double moindre = 1e9;
+  for (int essai = 0; essai < 3; ++essai) {
+    const std::clock_t début = std::clock();
+    action();
+    moindre = std::min(moindre, 1000.0 * static_cast<double>(std::clock() - début) / CLOCKS_PER_SEC);
+  }
+  return moindre;
+}
+
+TEST_F(StartWithASettingsFile, APageOfTheSiteCostsInProportionToItsRowsNowAndAtEveryLaterStart) {
+  struct Coût {
+    double page, démarrage;
+  };
+  const auto coût = [&](std::size_t lignes) {
+    std::string page = "<html>";
+    for (std::size_t i = 0; i < lignes; ++i)
+      page += "<!--jeu" + std::to_string(i) + "#1.0#01/02/2007#Un jeu-->";
+    Coût mesuré{};
+    mesuré.page = durée([&] {
+      fs::remove(chemin_natif(fichier));
+      démarrer([&](Programme &programme, MondeScripté &monde) {
+        monde.web.prévoir(page);
+        Chercher_mises_à_jour(programme.contexte());
+      });
+    });
+    mesuré.démarrage = durée([&] { démarrer(); });
+    EXPECT_EQ(RegistreFichier(chemin_natif(fichier)).valeurs(clé_des_mises_à_jour).size(), lignes + 12);
+    return mesuré;
+  };
+  const Coût peu = coût(0), assez = coût(1500), beaucoup = coût(6000);
+  // Four times the rows: four times the cost, not sixteen times.
+  EXPECT_LT(beaucoup.page - peu.page, 9 * (assez.page - peu.page));
+  EXPECT_LT(beaucoup.démarrage - peu.démarrage, 9 * (assez.démarrage - peu.démarrage));
 }
 
 TEST_F(StartWithASettingsFile, AFolderThatCannotBeWrittenIsToldAtEachStartUntilAGoodOneIsSet) {

@@ -3,8 +3,11 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -303,6 +306,30 @@ TEST_F(Windows, BoxesHaveFrenchButtonsAndAnswer) {
   EXPECT_EQ(stage.boxes.montrer({Icône::exclamation, "Titre", "Texte <b>", Boutons::oui_non}), Réponse::non);
   then([&] { QTest::keyClick(box(), Qt::Key_Escape); });
   EXPECT_EQ(stage.boxes.montrer({Icône::stop, "Titre", "Texte"}), Réponse::ok);
+}
+
+TEST_F(Windows, ATextTooLongForTheScreenScrollsInItsBox) {
+  stage.renderer.montrer(window);
+  for (const int lines : {60, 20'000}) {
+    std::string text;
+    for (int i = 0; i < lines; ++i) text += "Un jeu : version 1.0\r\n";
+    bool seen = false;
+    then([&] {
+      EXPECT_LT(box()->height(), box()->screen()->availableSize().height());
+      EXPECT_LT(box()->width(), box()->screen()->availableSize().width());
+      auto *scrolling = box()->findChild<QPlainTextEdit *>("texte");
+      seen = scrolling != nullptr && scrolling->document()->blockCount() == lines + 1 &&
+             scrolling->isReadOnly() && scrolling->verticalScrollBar()->maximum() > 0;
+      QTest::keyClick(box(), Qt::Key_Return);
+    });
+    EXPECT_EQ(stage.boxes.montrer({Icône::information, "Titre", text}), Réponse::ok);
+    EXPECT_TRUE(seen) << lines;
+  }
+  then([&] {
+    EXPECT_EQ(box()->findChild<QPlainTextEdit *>("texte"), nullptr);
+    box()->accept();
+  });
+  stage.boxes.montrer({Icône::information, "Titre", "Une ligne\nDeux lignes"});
 }
 
 TEST_F(Windows, WhereYesThrowsSomethingAwayEnterAndEscapeAnswerNo) {

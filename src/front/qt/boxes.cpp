@@ -1,9 +1,14 @@
 #include "front/qt/boxes.h"
 
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 
 #include "front/qt/appearance.h"
+#include "front/qt/child.h"
 
 namespace ardane {
 namespace {
@@ -26,6 +31,27 @@ QPushButton *add_button(QMessageBox &box, const char *name, const char *caption,
   return button;
 }
 
+/// A text that would make the box taller than half the screen scrolls in it: lines are counted, since to lay
+/// out ten thousand of them takes as long as to show them.
+void let_long_text_scroll(QMessageBox &box) {
+  constexpr int characters_of_a_line = 50;
+  const QSize room = box.screen()->availableSize() / 2;
+  const QString text = box.text();
+  if (text.count(u'\n') * box.fontMetrics().lineSpacing() < room.height()) return;
+  auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+  auto *grid = qobject_cast<QGridLayout *>(box.layout());
+  if (label == nullptr || grid == nullptr) return;
+  auto *scrolling = make_child<QPlainTextEdit>(text, &box);
+  scrolling->setObjectName(QStringLiteral("texte"));
+  scrolling->setAccessibleName(box.windowTitle());
+  scrolling->setReadOnly(true);
+  scrolling->setTabChangesFocus(true);
+  scrolling->setMinimumSize(
+      std::min(characters_of_a_line * box.fontMetrics().averageCharWidth(), room.width()), room.height());
+  delete grid->replaceWidget(label, scrolling);
+  label->hide();
+}
+
 }  // namespace
 
 Réponse BoxesQt::montrer(const Boîte &boîte) {
@@ -38,6 +64,7 @@ Réponse BoxesQt::montrer(const Boîte &boîte) {
                   renderer_.top_frame());
   box.setObjectName(QStringLiteral("boîte"));
   box.setTextFormat(Qt::PlainText);
+  let_long_text_scroll(box);
   QPushButton *no = nullptr;
   if (boîte.boutons == Boutons::ok) {
     box.setDefaultButton(add_button(box, "ok", "OK", QMessageBox::AcceptRole));

@@ -8,6 +8,9 @@
 #include <QProcess>
 #include <QScreen>
 #include <QTimer>
+#include <array>
+#include <string_view>
+#include <thread>
 
 #include "front/qt/appearance.h"
 #include "front/qt/on_demand.h"
@@ -40,7 +43,7 @@ TEST(SoundOnDemand, AMissingFileAndAMissingDeviceAreSilent) {
 /// A site on this machine that takes calls and never answers.
 class SilentSite {
  public:
-  SilentSite() : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+  SilentSite() : socket_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     address_.sin_family = AF_INET;
     address_.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address_;
@@ -53,6 +56,7 @@ class SilentSite {
   SilentSite &operator=(const SilentSite &) = delete;
 
   bool ready() const { return ready_; }
+  int socket() const { return socket_; }
   std::string name() const { return "http://127.0.0.1:" + std::to_string(ntohs(address_.sin_port)) + "/"; }
 
  private:
@@ -73,6 +77,31 @@ TEST(WebOnDemand, ASiteThatDoesNotAnswerIsGivenUpAndTheHourglassStandsMeanwhile)
   EXPECT_EQ(web.lire_page("jeux/listejeux.htm"), std::nullopt);
   EXPECT_EQ(shown, Qt::WaitCursor);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(WebOnDemand, APageLongerThanAMillionBytesIsGivenUp) {
+  ScreenQt screen;
+  const auto read = [&](std::size_t length) {
+    const SilentSite site;
+    std::thread talk([&] {
+      const int caller = accept(site.socket(), nullptr, nullptr);
+      std::array<char, 4096> question{};
+      recv(caller, question.data(), question.size(), 0);
+      const std::string answer = "HTTP/1.0 200 OK\r\n\r\n" + std::string(length, 'x');
+      for (std::string_view rest = answer; !rest.empty();) {
+        const ssize_t sent = send(caller, rest.data(), rest.size(), MSG_NOSIGNAL);
+        if (sent <= 0) break;
+        rest.remove_prefix(static_cast<std::size_t>(sent));
+      }
+      close(caller);
+    });
+    const auto page = WebOnDemand(screen, site.name()).lire_page("p");
+    talk.join();
+    return page.has_value() ? std::optional(page->size()) : std::nullopt;
+  };
+  EXPECT_EQ(read(1'000'000), 1'000'000U);
+  EXPECT_EQ(read(1'000'001), std::nullopt);
+  EXPECT_EQ(read(30'000'000), std::nullopt);
 }
 
 TEST(WebOnDemand, APlayerWaitsForFiveSecondsAtMost) {

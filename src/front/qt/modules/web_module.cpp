@@ -24,9 +24,13 @@ class SiteReader : public Web {
     // Of the whole answer: a site that sends a byte now and then would be waited for without an end
     // otherwise.
     QTimer::singleShot(time_limit_ms_, reply.get(), &QNetworkReply::abort);
+    const auto is_too_long = [&reply] { return reply->bytesAvailable() > longest_page; };
+    QObject::connect(reply.get(), &QNetworkReply::readyRead, reply.get(), [&] {
+      if (is_too_long()) reply->abort();
+    });
     // The player waits: a click in between would meet a game in the middle of a procedure.
     if (!reply->isFinished()) loop.exec(QEventLoop::ExcludeUserInputEvents);
-    if (reply->error() != QNetworkReply::NoError) return std::nullopt;
+    if (reply->error() != QNetworkReply::NoError || is_too_long()) return std::nullopt;
     return reply->readAll().toStdString();
   }
 

@@ -9,7 +9,6 @@
 namespace ardane {
 namespace {
 
-constexpr std::size_t parties_au_plus = 32;
 constexpr std::size_t taille_du_tampon = 256;  // of which a byte of Windows-1252 is kept for the closing zero
 constexpr std::string_view racine_de_l_utilisateur = "HKEY_CURRENT_USER";
 

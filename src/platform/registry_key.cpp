@@ -7,6 +7,11 @@ namespace {
 
 constexpr char séparateur_de_clé = '\\';
 
+void ajouter_partie(std::string &clé, std::string_view nom) {
+  if (!clé.empty()) clé.push_back(séparateur_de_clé);
+  clé.append(nom);
+}
+
 }  // namespace
 
 std::vector<std::string_view> parties_de_clé(std::string_view clé) {
@@ -20,14 +25,14 @@ std::vector<std::string_view> parties_de_clé(std::string_view clé) {
 
 std::string clé_de(const std::vector<std::string_view> &parties) {
   std::string clé;
-  for (const std::string_view partie : parties) clé = Joindre_clé(clé, partie);
+  for (const std::string_view partie : parties) ajouter_partie(clé, partie);
   return clé;
 }
 
 std::string Joindre_clé(std::string_view clé, std::string_view nom) {
   std::string jointe(clé);
-  if (!jointe.empty()) jointe.push_back(séparateur_de_clé);
-  return jointe.append(nom);
+  ajouter_partie(jointe, nom);
+  return jointe;
 }
 
 }  // namespace ardane

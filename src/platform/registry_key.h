@@ -1,11 +1,15 @@
 // Paths of keys in the store of settings: parts between backslashes. The empty path is the root of all keys.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace ardane {
+
+/// A path of more parts is no key's.
+constexpr std::size_t parties_au_plus = 32;
 
 /// The parts of a path, the empty ones passed over.
 std::vector<std::string_view> parties_de_clé(std::string_view clé);

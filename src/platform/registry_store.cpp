@@ -29,7 +29,8 @@ std::string clé_nette(std::string_view clé) {
 }
 
 bool clé_permise(std::string_view nette) {
-  return !nette.empty() && est_utf8(nette) && nette.find_first_of("\r\n") == std::string_view::npos;
+  return !nette.empty() && parties_de_clé(nette).size() <= parties_au_plus && est_utf8(nette) &&
+         nette.find_first_of("\r\n") == std::string_view::npos;
 }
 
 // --- The text of the file

@@ -23,8 +23,8 @@
 namespace ardane {
 
 /// Keys and values for one run. The empty key is the root of all keys: its `sous_clés` are the topmost ones.
-/// Empty parts of a key are passed over. A name or text that is not UTF-8, and a key that holds a line end,
-/// are refused.
+/// Empty parts of a key are passed over. A name or text that is not UTF-8, and a key that holds a line end
+/// or more parts than 32, are refused.
 class RegistreMémoire : public Registre {
  public:
   bool existe(std::string_view clé) const override;

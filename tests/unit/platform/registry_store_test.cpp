@@ -105,6 +105,21 @@ TEST(MemoryRegistry, WhatIsNotUtf8IsRefused) {
   EXPECT_TRUE(registre.écrire("R", "a", "é€\xF0\x9F\x97\xBA"));
 }
 
+/// A key of so many parts.
+std::string clé_profonde(int parties) {
+  std::string clé = "HKEY_CURRENT_USER";
+  for (int i = 1; i < parties; ++i) clé += "\\a";
+  return clé;
+}
+
+TEST(MemoryRegistry, AKeyOfMoreThan32PartsIsRefused) {
+  RegistreMémoire registre;
+  EXPECT_TRUE(registre.créer(clé_profonde(32)));
+  EXPECT_FALSE(registre.créer(clé_profonde(33)));
+  EXPECT_FALSE(registre.créer(clé_profonde(20'000)));
+  EXPECT_FALSE(registre.existe(clé_profonde(33)));
+}
+
 class FileRegistry : public testing::Test {
  protected:
   RegistreFichier ouvrir() const { return RegistreFichier(chemin_natif(fichier)); }
@@ -213,6 +228,15 @@ TEST_F(FileRegistry, LinesThatMakeNoSenseArePassedOverAndStay) {
             "\n"
             "\"e\"=\"5\"\n"
             "\"b\"=\"8\"\n");
+}
+
+TEST_F(FileRegistry, AKeyOfMoreThan32PartsIsPassedOverAndStays) {
+  const std::string lignes = "[R]\n\"a\"=\"1\"\n[" + clé_profonde(20'000) + "]\n\"b\"=\"2\"\n";
+  poser(lignes);
+  RegistreFichier registre = ouvrir();
+  EXPECT_THAT(registre.sous_clés(""), ElementsAre("R"));
+  EXPECT_TRUE(registre.écrire("R", "a", "3"));
+  EXPECT_THAT(contenu(), HasSubstr(clé_profonde(20'000)));
 }
 
 TEST_F(FileRegistry, ForeignBytesAreNeverRead) {

@@ -7,10 +7,13 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <thread>
 
 #include "platform/registry_lock.h"
 
 namespace ardane {
+
+constexpr std::chrono::milliseconds entre_deux_essais{1};  // the time that another one's writing takes
 
 struct VerrouRegistre::Prise {
   explicit Prise(int ouvert) : descripteur(ouvert) {}
@@ -21,11 +24,18 @@ struct VerrouRegistre::Prise {
   int descripteur;
 };
 
-VerrouRegistre::VerrouRegistre(const std::filesystem::path &fichier) {
-  const int descripteur = open(fichier.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+VerrouRegistre::VerrouRegistre(const std::filesystem::path &fichier, std::chrono::milliseconds patience) {
+  using Horloge = std::chrono::steady_clock;
+  const int descripteur =
+      open(fichier.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, S_IRUSR | S_IWUSR);
   if (descripteur < 0) return;
   prise_ = std::make_unique<Prise>(descripteur);
-  while (flock(descripteur, LOCK_EX) != 0 && errno == EINTR) {
+  const auto fin = Horloge::now() + patience;
+  while (flock(descripteur, LOCK_EX | LOCK_NB) != 0) {
+    if (errno == EINTR) continue;
+    refusé_ = errno == EWOULDBLOCK && Horloge::now() >= fin;
+    if (refusé_ || errno != EWOULDBLOCK) return;
+    std::this_thread::sleep_for(entre_deux_essais);
   }
 }
 

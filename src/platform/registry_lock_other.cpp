@@ -7,7 +7,7 @@
 namespace ardane {
 
 struct VerrouRegistre::Prise {};
-VerrouRegistre::VerrouRegistre(const std::filesystem::path &) {}
+VerrouRegistre::VerrouRegistre(const std::filesystem::path &, std::chrono::milliseconds) {}
 VerrouRegistre::~VerrouRegistre() = default;
 
 }  // namespace ardane

@@ -299,7 +299,8 @@ std::vector<std::string> RegistreMémoire::sous_clés(std::string_view clé) con
 
 // --- In a file
 
-RegistreFichier::RegistreFichier(const fs::path &fichier) : fichier_(fichier_réel(fichier)) {
+RegistreFichier::RegistreFichier(const fs::path &fichier, std::chrono::milliseconds patience)
+    : fichier_(fichier_réel(fichier)), patience_(patience) {
   lus_ = lire_octets(fichier_);
   if (lus_) mémoire_ = registre_de(*lus_);
 }
@@ -348,7 +349,11 @@ std::optional<std::string_view> RegistreFichier::enregistrer() {
   fs::create_directories(fichier_.parent_path(), erreur);
   if (erreur) return "son dossier ne peut pas être créé";
   fs::path verrou = fichier_;
-  const VerrouRegistre tenu(verrou += ".verrou");
+  const VerrouRegistre tenu(verrou += ".verrou", patience_);
+  if (tenu.refusé() && patience_ > patience_.zero()) {
+    consigner("Les réglages sont tenus par un autre programme, qui n'avance plus : ils sont écrits sans lui");
+    patience_ = patience_.zero();  // a start writes several times and waits once
+  }
   auto octets = lire_octets(fichier_);
   if (!octets) return "il ne peut pas être lu";
   Document document(*octets);

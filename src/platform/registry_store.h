@@ -9,6 +9,7 @@
 // stands as it is. A line of another form is passed over and stays where it is when the file is rewritten.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
 #include <functional>
@@ -62,7 +63,12 @@ class RegistreMémoire : public Registre {
 /// never replaced.
 class RegistreFichier : public Registre {
  public:
-  explicit RegistreFichier(const std::filesystem::path &fichier);
+  static constexpr std::chrono::milliseconds patience_ordinaire = std::chrono::seconds(2);
+
+  /// For `patience` it waits for another instance that is writing; then it goes on without the lock, which
+  /// the log tells, and waits no more.
+  explicit RegistreFichier(const std::filesystem::path &fichier,
+                           std::chrono::milliseconds patience = RegistreFichier::patience_ordinaire);
 
   bool existe(std::string_view clé) const override { return mémoire_.existe(clé); }
   bool créer(std::string_view clé) override;
@@ -91,6 +97,7 @@ class RegistreFichier : public Registre {
   std::optional<std::string_view> enregistrer();
 
   std::filesystem::path fichier_;
+  std::chrono::milliseconds patience_;
   std::optional<std::string> lus_;  ///< the bytes of the file that `mémoire_` stands for
   RegistreMémoire mémoire_;
   std::vector<Changement> en_attente_;  ///< not kept yet, oldest first

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <thread>
 
+#include "platform/registry_lock.h"
 #include "support/fake_world.h"
 #include "support/limits.h"
 
@@ -306,7 +307,7 @@ TEST_F(FileRegistry, InstancesThatWriteAtOnceLoseNothing) {
   std::vector<std::thread> fils;
   for (int i = 0; i < instances; ++i) {
     fils.emplace_back([this, i] {
-      RegistreFichier registre = ouvrir();
+      RegistreFichier registre(chemin_natif(fichier), std::chrono::minutes(1));
       registre.créer("R");
       for (int k = 0; k < réglages; ++k)
         registre.écrire("R", std::to_string(i) + "-" + std::to_string(k), "x");
@@ -331,6 +332,31 @@ TEST_F(FileRegistry, ManyChangesTogetherAreWrittenOnce) {
   registre.ensemble([] {});
   EXPECT_TRUE(registre.écrire("S", "c", "3"));
   EXPECT_EQ(ouvrir().lire("S", "c"), "3");
+}
+
+TEST_F(FileRegistry, AnInstanceThatIsStoppedAndHoldsTheLockIsNotWaitedForForEver) {
+  poser("[R]\n");
+  const VerrouRegistre tenu(chemin_natif(fichier + ".verrou"), RegistreFichier::patience_ordinaire);
+  ASSERT_FALSE(tenu.refusé());
+  RegistreFichier registre(chemin_natif(fichier), std::chrono::milliseconds(20));
+  testing::internal::CaptureStderr();
+  EXPECT_TRUE(registre.écrire("R", "a", "1"));
+  EXPECT_THAT(testing::internal::GetCapturedStderr(),
+              HasSubstr("Les réglages sont tenus par un autre programme"));
+  // It is told once, and waited for once.
+  testing::internal::CaptureStderr();
+  EXPECT_TRUE(registre.écrire("R", "b", "2"));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(ouvrir().lire("R", "b"), "2");
+  EXPECT_EQ(RegistreFichier::patience_ordinaire, std::chrono::seconds(2));
+}
+
+TEST_F(FileRegistry, ALinkInThePlaceOfTheLockIsNotFollowed) {
+  poser("[R]\n");
+  fs::create_symlink(chemin_natif(dossier.fichier("ailleurs")), chemin_natif(fichier + ".verrou"));
+  RegistreFichier registre = ouvrir();
+  EXPECT_TRUE(registre.écrire("R", "a", "1"));
+  EXPECT_FALSE(fs::exists(chemin_natif(dossier.fichier("ailleurs"))));
 }
 
 TEST_F(FileRegistry, AReadOnlyFileStaysAndTheRunGoesOn) {

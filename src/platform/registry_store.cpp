@@ -345,6 +345,8 @@ bool RegistreFichier::garder_ce_qui_attend() {
 
 std::optional<std::string_view> RegistreFichier::enregistrer() {
   if (fichier_.empty()) return "aucun dossier ne leur est connu";
+  // What this run takes for the settings is not what stands there.
+  if (!lus_) return "il n'a pas pu être lu";
   std::error_code erreur;
   fs::create_directories(fichier_.parent_path(), erreur);
   if (erreur) return "son dossier ne peut pas être créé";

@@ -59,8 +59,8 @@ class RegistreMémoire : public Registre {
 ///
 /// A file that cannot be read or written, or whose folder cannot be made, makes `créer` and `écrire` return
 /// false, the first of them in a row with a line in the log; what was to be kept is still there for the rest
-/// of the run, and goes along with the next change that can be kept. A file that exists and cannot be read is
-/// never replaced.
+/// of the run, and goes along with the next change that can be kept. A file that exists and cannot be read,
+/// though it were only at the making, is never replaced.
 class RegistreFichier : public Registre {
  public:
   static constexpr std::chrono::milliseconds patience_ordinaire = std::chrono::seconds(2);

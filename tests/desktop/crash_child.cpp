@@ -38,12 +38,14 @@ void fail(std::string_view way) {
   throw ErreurFatale("Panne", Lieu{"src/play/regle.cpp", 12});
 }
 
-/// The folder of the settings is a file.
-void start_without_settings() {
+/// The folder of the settings is a file; or they cannot be read for a moment.
+void start_without_settings(std::string_view way) {
   const ScratchFolder folder(ARDANE_RESOURCES);
   DesktopPlaces places = folder.places();
-  places.registre = folder.path() / "ardane.pts" / "registre";
+  places.registre = folder.path() / (way == "réglages" ? "ardane.pts" : "moment") / "registre";
+  if (way != "réglages") std::filesystem::create_directories(places.registre);
   Desktop desktop(places, ressources_du_programme());
+  if (way != "réglages") std::filesystem::remove(places.registre);
   QTimer look;
   QObject::connect(&look, &QTimer::timeout, tell_box);
   look.start();
@@ -54,7 +56,7 @@ void start_without_settings() {
 
 int crash(std::string_view way) {
   const Witness witness;
-  if (way == "réglages") start_without_settings();
+  if (way.starts_with("réglages")) start_without_settings(way);
   Stage stage;
   Fenêtre window("fenêtre");
   Contrôle &button = place(window, "bouton", Genre::bouton, {0, 0, 50, 20});

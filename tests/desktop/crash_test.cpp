@@ -57,6 +57,14 @@ TEST(Crash, SettingsThatCannotBeKeptEndTheStartInWordsThatHelp) {
   EXPECT_TRUE(lines[2].contains("--registre")) << "what to do";
 }
 
+TEST(Crash, SettingsThatCannotBeReadAtTheStartAreNotTakenForEmpty) {
+  const Death death = die("réglages illisibles");
+  EXPECT_EQ(death.code, 1);
+  EXPECT_TRUE(death.output.contains("moment/registre » : il n'a pas pu être lu."))
+      << death.output.toStdString();
+  EXPECT_TRUE(death.output.contains("le droit de lire ce fichier"));
+}
+
 TEST(Crash, AnErrorInAModalWindowEndsTheProgramFromThere) {
   const Death death = die("boucle");
   EXPECT_EQ(death.code, 1);

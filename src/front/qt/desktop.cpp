@@ -171,7 +171,7 @@ std::optional<std::string> Desktop::what_hinders_the_start() const {
   if (programme_.en_cours() || !registry_.échec()) return std::nullopt;
   const std::filesystem::path folder = places_.registre.parent_path();
   return "Le jeu ne peut pas démarrer sans garder ses réglages.\n" + *registry_.échec() +
-         ".\nDonnez-vous le droit d'écrire dans le dossier « " + folder.string() +
+         ".\nDonnez-vous le droit de lire ce fichier et d'écrire dans le dossier « " + folder.string() +
          " », faites-y de la place, ou lancez le jeu avec l'option --registre suivie du nom d'un fichier que "
          "vous pouvez écrire.";
 }

@@ -391,6 +391,22 @@ TEST_F(FileRegistry, AFileThatCannotBeReadIsNotReplaced) {
   EXPECT_EQ(contenu(), "[R]\n\"a\"=\"1\"\n");
 }
 
+TEST_F(FileRegistry, AFileThatCouldNotBeReadForAMomentIsNotReplacedLater) {
+  poser("[R]\n\"a\"=\"1\"\n");
+  std::optional<RegistreFichier> registre;
+  {
+    const Protégé illisible(chemin_natif(fichier), Protégé::Contre::lecture);
+    registre.emplace(chemin_natif(fichier));
+  }
+  EXPECT_FALSE(registre->créer("S"));
+  EXPECT_FALSE(registre->écrire("S", "b", "2"));
+  EXPECT_EQ(contenu(), "[R]\n\"a\"=\"1\"\n");
+  EXPECT_EQ(registre->échec(),
+            "Les réglages ne sont pas gardés dans « " + fichier + " » : il n'a pas pu être lu");
+  // It is well again at the next start.
+  EXPECT_TRUE(ouvrir().écrire("R", "a", "2"));
+}
+
 TEST_F(FileRegistry, AFolderThatCannotBeMadeLeavesTheRunItsMemory) {
   écrire_fichier(dossier.fichier("config"), "a file where the folder should be");
   RegistreFichier registre = ouvrir();

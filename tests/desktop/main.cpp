@@ -6,6 +6,7 @@
 
 #include "crash_child.h"
 #include "front/qt/demonstration/offscreen.h"
+#include "sound_child.h"
 
 int main(int argc, char **argv) {
   testing::InitGoogleTest(&argc, argv);
@@ -15,5 +16,6 @@ int main(int argc, char **argv) {
   qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
   const QApplication application(argc, argv);
   if (argc == 3 && std::string_view(argv[1]) == crash_option) return crash(argv[2]);
+  if (argc == 3 && std::string_view(argv[1]) == ardane::sound_option) return ardane::play_and_end(argv[2]);
   return RUN_ALL_TESTS();
 }

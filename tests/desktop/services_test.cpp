@@ -2,12 +2,15 @@
 #include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include <QApplication>
 #include <QProcess>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QTimer>
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <thread>
@@ -16,6 +19,7 @@
 #include "front/qt/on_demand.h"
 #include "front/qt/options.h"
 #include "front/qt/screen.h"
+#include "sound_child.h"
 
 namespace ardane {
 namespace {
@@ -38,6 +42,34 @@ TEST(SoundOnDemand, AMissingFileAndAMissingDeviceAreSilent) {
   sound.jouer("/nulle/part.wav");
   sound.jouer(std::string(ARDANE_RESOURCES) + "/carte_ok.wav");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+/// How a program ends that has just begun to play a sound, with that sound server.
+int code_after_sound(const QString &server, const std::string &file) {
+  QProcess child;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("PULSE_SERVER", server);
+  child.setProcessEnvironment(environment);
+  child.start(QCoreApplication::applicationFilePath(), {to_qt(std::string(sound_option)), to_qt(file)});
+  if (!child.waitForFinished()) child.kill();
+  child.waitForFinished();
+  return child.exitStatus() == QProcess::NormalExit ? child.exitCode() : -1;
+}
+
+TEST(SoundOnDemand, AServerThatIsNotThereOrDoesNotAnswerNeitherHoldsUpNorBreaksTheEnd) {
+  const std::string file = std::string(ARDANE_RESOURCES) + "/carte_ok.wav";
+  EXPECT_EQ(code_after_sound("unix:/nulle/part", file), sound_code);
+  const QTemporaryDir folder;
+  const std::string name = to_utf8(folder.filePath("serveur"));
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  ASSERT_LT(name.size(), sizeof address.sun_path);
+  std::ranges::copy(name, address.sun_path);
+  const int silent = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  ASSERT_EQ(bind(silent, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+  ASSERT_EQ(listen(silent, 1), 0);
+  EXPECT_EQ(code_after_sound(to_qt("unix:" + name), file), sound_code);
+  close(silent);
 }
 
 /// A site on this machine that takes calls and never answers.

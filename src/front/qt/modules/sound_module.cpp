@@ -13,12 +13,14 @@
 #include <map>
 
 #include "front/qt/child.h"
+#include "front/qt/modules/process_end.h"
 #include "platform/services.h"
 
 namespace ardane {
 namespace {
 
-constexpr unsigned long end_delay_ms = 2000;
+/// A sound server may never answer. A thread that waits for it can neither be stopped nor waited for.
+constexpr unsigned long patience_ms = 200;
 
 std::atomic<QThread *> silent_thread = nullptr;
 QtMessageHandler other_handler = nullptr;
@@ -49,17 +51,19 @@ class Effects : public QObject {
 class SoundEffects : public Son {
  public:
   SoundEffects() {
-    silent_thread = &thread_;
+    silent_thread = thread_;
     other_handler = qInstallMessageHandler(drop_complaints);
     effects_ = make_child<Effects>();
-    effects_->moveToThread(&thread_);
-    QObject::connect(&thread_, &QThread::finished, effects_, &QObject::deleteLater);
-    thread_.start();
+    effects_->moveToThread(thread_);
+    QObject::connect(thread_, &QThread::finished, effects_, &QObject::deleteLater);
+    thread_->start();
   }
   ~SoundEffects() override {
-    thread_.quit();
-    if (!thread_.wait(end_delay_ms)) thread_.terminate();
-    thread_.wait();
+    thread_->quit();
+    if (thread_->wait(patience_ms))
+      delete thread_;
+    else
+      abréger_la_fin();
     qInstallMessageHandler(other_handler);
   }
 
@@ -69,8 +73,8 @@ class SoundEffects : public Son {
   }
 
  private:
-  QThread thread_;
-  Effects *effects_;  ///< deletes itself when its thread ends
+  QThread *thread_ = make_child<QThread>();  ///< stays behind if it cannot be ended
+  Effects *effects_;                         ///< deletes itself when its thread ends
 };
 
 }  // namespace

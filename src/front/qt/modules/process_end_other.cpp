@@ -1,0 +1,12 @@
+// Systems other than Linux: their end of a process stops its other threads first.
+#if !defined(__linux__)
+
+#include "front/qt/modules/process_end.h"
+
+namespace ardane {
+
+void abréger_la_fin() {}
+
+}  // namespace ardane
+
+#endif

@@ -2,23 +2,30 @@
 #include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QProcess>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QtEndian>
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <string_view>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "front/qt/appearance.h"
 #include "front/qt/on_demand.h"
 #include "front/qt/options.h"
 #include "front/qt/screen.h"
+#include "front/qt/sound_file.h"
 #include "sound_child.h"
 
 namespace ardane {
@@ -70,6 +77,52 @@ TEST(SoundOnDemand, AServerThatIsNotThereOrDoesNotAnswerNeitherHoldsUpNorBreaksT
   ASSERT_EQ(listen(silent, 1), 0);
   EXPECT_EQ(code_after_sound(to_qt("unix:" + name), file), sound_code);
   close(silent);
+}
+
+/// A WAV of one channel; `place` and `byte` spoil its header.
+QByteArray wav(unsigned rate, qsizetype place = 0, char byte = 'R') {
+  QByteArray bytes(
+      "RIFF\x34\0\0\0WAVELIST\3\0\0\0abc\0fmt \x10\0\0\0\1\0\1\0rate\0\0\0\0\2\0\x10\0data\4\0\0\0\0\0\0\0",
+      64);
+  qToLittleEndian(rate, bytes.data() + bytes.indexOf("rate"));
+  bytes[place] = byte;
+  return bytes;
+}
+
+TEST(SoundOnDemand, AFileThatNoSoundCanHaveIsNotHandedToTheLibrary) {
+  constexpr qsizetype format = 32;  // where its 16 bytes begin
+  const QTemporaryDir folder;
+  const std::string file = to_utf8(folder.filePath("son.wav"));
+  const auto played = [&](const QByteArray &bytes) {
+    QFile out(to_qt(file));
+    EXPECT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write(bytes);
+    out.close();
+    return is_playable(file);
+  };
+  for (const unsigned rate : {8'000U, 44'100U, 192'000U}) EXPECT_TRUE(played(wav(rate))) << rate;
+  for (const unsigned rate : {0U, 1U, 49U, 7'999U, 192'001U, 0xFFFF'FFFFU})
+    EXPECT_FALSE(played(wav(rate))) << rate;
+  const std::vector<std::pair<qsizetype, char>> spoilt = {
+      {0, 'X'},        {8, 'X'},         {format - 8, 'X'}, {format, 2},      {format + 2, 0},
+      {format + 2, 3}, {format + 12, 1}, {format + 14, 12}, {format - 4, 15}, {19, 127}};
+  for (const auto &[place, byte] : spoilt) EXPECT_FALSE(played(wav(44'100, place, byte))) << place;
+  for (qsizetype length = 0; length < format + 24; ++length)
+    EXPECT_FALSE(played(wav(44'100).left(length))) << length;
+  EXPECT_FALSE(played(wav(44'100) + QByteArray(16'000'000, '\0')));
+  EXPECT_FALSE(is_playable(to_utf8(folder.path())));
+  EXPECT_TRUE(std::filesystem::remove(file));
+  ASSERT_EQ(mkfifo(file.c_str(), S_IRUSR | S_IWUSR), 0);
+  EXPECT_FALSE(is_playable(file)) << "and it is not waited for";
+  EXPECT_TRUE(std::filesystem::remove(file));
+  EXPECT_FALSE(is_playable(file));
+
+  EXPECT_FALSE(played(wav(1)));
+  EXPECT_EQ(code_after_sound("unix:/nulle/part", file), no_sound_code);
+  EXPECT_TRUE(played(wav(44'100)));
+  EXPECT_EQ(code_after_sound("unix:/nulle/part", file), sound_code);
+  for (const char *name : {"er", "es", "ga", "hl", "ok", "pe"})
+    EXPECT_TRUE(is_playable(std::string(ARDANE_RESOURCES) + "/carte_" + name + ".wav")) << name;
 }
 
 /// A site on this machine that takes calls and never answers.

@@ -1,6 +1,8 @@
 // The child process that plays a sound and ends.
 #pragma once
 
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -10,12 +12,15 @@ namespace ardane {
 
 inline constexpr std::string_view sound_option = "--son";
 inline constexpr int sound_code = 7;
+inline constexpr int no_sound_code = 8;  ///< the library of sounds has not even been loaded
 
-/// Has a sound played and ends at once, with that code.
+/// Has a sound played and ends at once, with one of those codes.
 inline int play_and_end(const std::string &file) {
   SoundOnDemand sound;
   sound.jouer(file);
-  return sound_code;
+  std::ifstream maps("/proc/self/maps");
+  const std::string loaded{std::istreambuf_iterator<char>(maps), {}};
+  return loaded.find("/ardane-son.so") != std::string::npos ? sound_code : no_sound_code;
 }
 
 }  // namespace ardane

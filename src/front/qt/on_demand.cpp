@@ -3,7 +3,9 @@
 #include <QCoreApplication>
 #include <QLibrary>
 
+#include "core/paths.h"
 #include "front/qt/modules/web_module.h"
+#include "front/qt/sound_file.h"
 
 namespace ardane {
 namespace {
@@ -30,6 +32,7 @@ class Hourglass {
 }  // namespace
 
 void SoundOnDemand::jouer(const std::string &chemin) {
+  if (!is_playable(chemin_natif(chemin))) return;
   if (!asked_)
     if (auto *make = load<Son *()>("ardane-son", "ardane_make_sound")) player_.reset(make());
   asked_ = true;

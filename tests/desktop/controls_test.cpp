@@ -637,6 +637,38 @@ TEST_F(Controls, AMissingPictureShowsNothingAndIsNamed) {
   EXPECT_EQ(pictures.unreadable(), QStringList{"absente"});
 }
 
+TEST_F(Controls, APictureOfAnotherSizeThanTheCataloguesIsNotDecoded) {
+  const QString single = stage.folder.filePath("drapeau.png"),
+                doubled = stage.folder.filePath("drapeau@2x.png");
+  const auto colours = [&](QSize size, QSize size_doubled) {
+    for (const auto &[path, pixels, colour] :
+         {std::tuple(single, size, Qt::red), {doubled, size_doubled, Qt::blue}}) {
+      QImage image(pixels, QImage::Format_RGB32);
+      image.fill(colour);
+      EXPECT_TRUE(image.save(path));
+    }
+    PictureStore pictures(stage.catalogue, stage.folder.path());
+    const Image flag = stage.catalogue.chercher("drapeau");
+    const auto colour_of = [&](Detail detail) {
+      const QImage shown = pictures.pixmap(flag, detail).toImage();
+      return shown.isNull() ? QColor() : shown.pixelColor(0, 0);
+    };
+    return std::pair(colour_of(Detail::single), colour_of(Detail::doubled));
+  };
+  const QColor red(Qt::red), blue(Qt::blue), none;
+  EXPECT_EQ(colours({20, 10}, {40, 20}), std::pair(red, blue));
+  EXPECT_EQ(colours({21, 10}, {40, 20}), std::pair(none, blue));
+  EXPECT_EQ(colours({20, 10}, {40, 21}), std::pair(red, red)) << "the plain one enlarged";
+  EXPECT_EQ(colours({20, 1000}, {4000, 20}), std::pair(none, none));
+}
+
+TEST_F(Controls, ThePicturesThatShipAreOfTheCataloguesSizes) {
+  const CatalogueImages &catalogue = ressources_du_programme().images;
+  PictureStore pictures(catalogue, QStringLiteral(ARDANE_RESOURCES "/images"));
+  for (const Image image : catalogue.toutes())
+    EXPECT_FALSE(pictures.pixmap(image, Detail::single).isNull()) << catalogue.nom(image);
+}
+
 TEST_F(Controls, AFileThatIsNoPictureIsNamedToo) {
   QFile file(stage.folder.filePath("drapeau.png"));
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));

@@ -10,17 +10,29 @@
 namespace ardane {
 namespace {
 
+/// Opening a pipe could wait for ever.
+bool is_plain_file(const QString &path) {
+  return QFileInfo(path).isFile();
+}
+
 /// True for a file that begins like a GIF, a PNG or a JPEG.
 bool looks_like_picture(const QString &path) {
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return false;
+  if (!is_plain_file(path) || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return false;
   const QByteArray head = file.read(4);
   return head == "GIF8" || head == "\x89PNG" || head.startsWith("\xff\xd8\xff");
 }
 
-QPixmap read_picture(const QString &path) {
+/// What says that it has another size is not decoded: to do so could take all the memory there is.
+QImage decode(const QString &path, QSize size) {
+  if (!is_plain_file(path)) return {};
+  QImageReader reader(path, QFileInfo(path).suffix().toLatin1());
+  return reader.size() == size ? reader.read() : QImage();
+}
+
+QPixmap read_picture(const QString &path, QSize size) {
   // The reader goes before the conversion, which would copy what they shared.
-  QImage image = QImageReader(path, QFileInfo(path).suffix().toLatin1()).read();
+  QImage image = decode(path, size);
   if (image.isNull()) return {};
   image.setDevicePixelRatio(1);  // the reader takes 2 from the name of a doubled picture
   image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
@@ -40,15 +52,16 @@ QString PictureStore::file(Image image) const {
 
 QPixmap PictureStore::load(Image image, Detail detail) const {
   const QString path = file(image);
-  if (detail == Detail::single) return read_picture(path);
+  const QSize size(image.largeur, image.hauteur);
+  if (detail == Detail::single) return read_picture(path, size);
   const QFileInfo info(path);
   const QString twice = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1String("@2x.");
   for (const QString &suffix : {QStringLiteral("png"), QStringLiteral("jpg"), info.suffix()}) {
-    QPixmap doubled = QFileInfo::exists(twice + suffix) ? read_picture(twice + suffix) : QPixmap();
+    QPixmap doubled = read_picture(twice + suffix, size * 2);
     if (!doubled.isNull()) return doubled;
   }
-  const QPixmap single = read_picture(path);
-  return single.isNull() ? single : single.scaled(single.size() * 2);
+  const QPixmap single = read_picture(path, size);
+  return single.isNull() ? single : single.scaled(size * 2);
 }
 
 const QPixmap &PictureStore::pixmap(Image image, Detail detail) {

@@ -28,7 +28,7 @@ class PictureStore {
 
   /// The picture from its own file or, doubled, from the one with "@2x.png" or "@2x.jpg" in place of its
   /// suffix or "@2x" before it; where there is none, enlarged from its own. A null pixmap for no picture, or
-  /// for a file that is absent or no picture.
+  /// for a file that is absent, no picture, or one of another size than the catalogue's.
   const QPixmap &pixmap(Image image, Detail detail);
 
   /// The picture filtered to a size in the toolkit's pixels, on a screen of this device pixel ratio.

@@ -1,8 +1,11 @@
 // The commands that play the game itself: menus, the map, the timer, the settings, chance.
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
+#include <utility>
+#include <vector>
 
 #include "core/paths.h"
 #include "pilot_fixture.h"
@@ -252,6 +255,47 @@ TEST_F(Commandes_du_jeu, a_seed_plays_the_same_game_again) {
   EXPECT_EQ(questions(), premières);
   options.hasard = 2;
   EXPECT_NE(questions(), premières);
+}
+
+TEST_F(Commandes_du_jeu, what_no_variable_can_hold_is_refused_and_changes_nothing) {
+  jouer("niveau_facile");
+  const std::string profonde = std::string(50'000, '[') + std::string(50'000, ']');
+  const std::vector<std::pair<std::string, std::string>> cas = {
+      {"SélectionRégion", profonde},
+      {"Score", std::string(50'000, '[')},
+      {"TableVilles(3).province", "111"},
+      {"TableVilles(3).province", "-1"},
+      {"TableVilles(3)", R"({"province":300})"},
+      {"ProvincesRestantes", "-32768"},
+      {"ProvincesEnJeu", "111"},
+      {"VillesEnJeu", "331"},
+      {"VillesRestantes", "-1"},
+      {"RégionsRestantes", "-1"},
+      {"RégionsEnJeu", "32767"},
+      {"Rect_carte.left", "-2147483648"},
+      {"Rect_carte", R"({"top":2147483647})"},
+  };
+  const Json avant = dire("état").valeur("état");
+  for (const auto &[chemin, valeur] : cas) {
+    const Réplique réplique = dire("fixer " + chemin + " " + valeur);
+    EXPECT_NE(réplique.erreur(), "") << chemin;
+    EXPECT_EQ(réplique.attend(), "Ecran_principal") << chemin;
+  }
+  EXPECT_EQ(dire("état").valeur("état"), avant);
+  for (const char *dans_les_bornes :
+       {"TableVilles(3).province 110", "VillesRestantes 330", "Rect_carte.left -32767"})
+    EXPECT_EQ(dire("fixer " + std::string(dans_les_bornes)).erreur(), "") << dans_les_bornes;
+}
+
+TEST_F(Commandes_du_jeu, a_point_of_no_screen_a_special_file_and_endless_ticks_are_refused) {
+  jouer("niveau_facile");
+  ASSERT_EQ(mkfifo(dossier.chemin("tuyau").c_str(), S_IRUSR | S_IWUSR), 0);
+  for (const char *commande : {"curseur 2147483647 0", "curseur 0 -32768", "page /dev/zero", "page tuyau",
+                               "page .", "tic 2000000000", "tic 100001"})
+    EXPECT_NE(dire(commande).erreur(), "") << commande;
+  EXPECT_EQ(dire("curseur 32767 -32767").erreur(), "");
+  EXPECT_EQ(dire("clic image_région(0)").erreur(), "");
+  EXPECT_EQ(dire("tic 100000").erreur(), "");
 }
 
 }  // namespace

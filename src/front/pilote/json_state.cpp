@@ -1,6 +1,9 @@
 #include "front/pilote/json_state.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <utility>
@@ -17,6 +20,27 @@ struct Pas {
   std::string_view champ;
   std::optional<int> indice;
 };
+
+struct Bornes {
+  std::string_view champ;
+  int première, dernière;
+};
+
+constexpr int coordonnée_extrême = std::numeric_limits<std::int16_t>::max();
+
+constexpr std::array bornes_des_champs = std::to_array<Bornes>({
+    {"province", 0, nombre_provinces},
+    {"ProvincesEnJeu", 0, nombre_provinces},
+    {"ProvincesRestantes", 0, nombre_provinces},
+    {"VillesEnJeu", 0, nombre_villes},
+    {"VillesRestantes", 0, nombre_villes},
+    {"RégionsEnJeu", 0, nombre_régions},
+    {"RégionsRestantes", 0, nombre_régions},
+    {"left", -coordonnée_extrême, coordonnée_extrême},
+    {"top", -coordonnée_extrême, coordonnée_extrême},
+    {"right", -coordonnée_extrême, coordonnée_extrême},
+    {"bottom", -coordonnée_extrême, coordonnée_extrême},
+});
 
 [[noreturn]] void refuser(std::string_view chemin) {
   throw Refus("Chemin mal formé : « " + std::string(chemin) + " »");
@@ -95,6 +119,15 @@ void au_bout(G &g, std::string_view chemin, const Action &action) {
 
 }  // namespace
 
+void exiger_dans_les_bornes(std::string_view champ, const Json &json) {
+  const auto bornes = std::ranges::find(bornes_des_champs, champ, &Bornes::champ);
+  if (bornes == bornes_des_champs.end() || !json.is_number()) return;
+  const auto nombre = json.get<double>();
+  if (nombre < bornes->première || nombre > bornes->dernière)
+    throw Refus("Le champ « " + std::string(champ) + " » va de " + std::to_string(bornes->première) + " à " +
+                std::to_string(bornes->dernière));
+}
+
 Json état_json(const GameState &g) {
   return vers_json(g);
 }
@@ -106,6 +139,8 @@ Json variable_json(const GameState &g, std::string_view chemin) {
 }
 
 void fixer_variable(GameState &g, std::string_view chemin, const Json &valeur) {
+  if (const Pas dernier = lire_chemin(chemin).back(); !dernier.indice)
+    exiger_dans_les_bornes(dernier.champ, valeur);
   au_bout(g, chemin, [&](auto &variable) {
     auto copie = variable;
     depuis_json(valeur, copie);

@@ -78,6 +78,10 @@ Json vers_json(const T &valeur) {
   }
 }
 
+/// Throws Refus for a number that a field of that name cannot have, though its kind could: the program trusts
+/// some fields, and would end or reckon nonsense.
+void exiger_dans_les_bornes(std::string_view champ, const Json &json);
+
 /// Takes over `json` into `valeur`, which may be half changed when the value is refused. Fields that an
 /// object does not name stay as they are.
 template <class T>
@@ -105,6 +109,7 @@ void depuis_json(const Json &json, T &valeur) {
       const auto place = json.find(std::string(nom));
       if (place == json.end()) return;
       ++connus;
+      exiger_dans_les_bornes(nom, *place);
       depuis_json(*place, champ);
     });
     if (connus != json.size()) throw Refus("L'objet a un champ inconnu : " + json.dump());

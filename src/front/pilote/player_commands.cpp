@@ -1,5 +1,7 @@
 // What the player's hand does.
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 
 #include "front/pilote/commands.h"
 #include "front/pilote/json_boxes.h"
@@ -13,6 +15,15 @@ int lire_entier(const std::string &texte) {
   const auto nombre = lire_nombre<int>(texte);
   if (!nombre) throw Refus("« " + texte + " » n'est pas un nombre entier");
   return *nombre;
+}
+
+/// Of a point on a screen, which no sum of such points makes overflow.
+int lire_coordonnée(const std::string &texte) {
+  constexpr int extrême = std::numeric_limits<std::int16_t>::max();
+  const int coordonnée = lire_entier(texte);
+  if (coordonnée < -extrême || coordonnée > extrême)
+    throw Refus("« " + texte + " » n'est pas une coordonnée d'écran");
+  return coordonnée;
 }
 
 void exiger_utilisable(const Contrôle &contrôle) {
@@ -108,7 +119,7 @@ void cliquer_carte(Session &s, const Arguments &a) {
 }
 
 void placer_curseur(Session &s, const Arguments &a) {
-  s.monde.écran.placer_curseur({lire_entier(a[0]), lire_entier(a[1])});
+  s.monde.écran.placer_curseur({lire_coordonnée(a[0]), lire_coordonnée(a[1])});
 }
 
 void écrire_texte(Session &s, const Arguments &a) {

@@ -9,10 +9,14 @@
 #include "front/pilote/json_state.h"
 #include "front/pilote/numbers.h"
 #include "front/pilote/refusal.h"
+#include "persistence/folders.h"
 #include "platform/text.h"
 
 namespace ardane {
 namespace {
+
+constexpr int battements_au_plus = 100'000;  // half a day of the game's time
+constexpr int profondeur_au_plus = 20;       // deeper than any variable
 
 /// A draw in [0, 1); one so near to 1 that a float rounds it up becomes the float below.
 float lire_tirage(std::string_view texte) {
@@ -24,9 +28,22 @@ float lire_tirage(std::string_view texte) {
 
 std::string lire_octets(const Session &s, const std::string &nom) {
   const std::string chemin = s.programme.contexte().dossier.complet(nom);
-  std::ifstream fichier(chemin_natif(chemin), std::ios::binary);
-  if (!fichier_existe(chemin) || !fichier) throw Refus("Le fichier « " + nom + " » ne peut pas être lu");
+  // Opening a pipe could wait for ever, and a device has no end.
+  std::ifstream fichier;
+  if (est_fichier_ordinaire(chemin)) fichier.open(chemin_natif(chemin), std::ios::binary);
+  if (!fichier.is_open()) throw Refus("Le fichier « " + nom + " » ne peut pas être lu");
   return {std::istreambuf_iterator<char>(fichier), {}};
+}
+
+/// A value nested deeper than any variable is refused: others who walk it would run out of stack.
+Json lire_json(const std::string &texte) {
+  const auto pas_trop_profond = [](int profondeur, Json::parse_event_t, const Json &) {
+    if (profondeur > profondeur_au_plus) throw Refus("La valeur JSON est trop profonde");
+    return true;
+  };
+  Json valeur = Json::parse(texte, pas_trop_profond, false);
+  if (valeur.is_discarded()) throw Refus("« " + texte + " » n'est pas une valeur JSON");
+  return valeur;
 }
 
 std::string_view sans_blancs_à_gauche(std::string_view texte) {
@@ -42,7 +59,8 @@ std::string_view sans_blancs_à_droite(std::string_view texte) {
 
 void battre(Session &s, const Arguments &a) {
   const auto nombre = lire_nombre<int>(a[0]);
-  if (!nombre || *nombre < 0) throw Refus("« " + a[0] + " » n'est pas un nombre de battements");
+  if (!nombre || *nombre < 0 || *nombre > battements_au_plus)
+    throw Refus("« " + a[0] + " » n'est pas un nombre de battements");
   if (!s.programme.en_cours()) throw Refus("Le programme n'est pas démarré");
   for (int i = 0; i < *nombre; ++i) s.programme.battre();
 }
@@ -78,8 +96,7 @@ void écrire_registre(Session &s, const Arguments &a) {
 }
 
 void fixer_état(Session &s, const Arguments &a) {
-  const Json valeur = Json::parse(a[1], nullptr, false);
-  if (valeur.is_discarded()) throw Refus("« " + a[1] + " » n'est pas une valeur JSON");
+  const Json valeur = lire_json(a[1]);
   GameState &g = s.programme.état();
   fixer_variable(g, a[0], valeur);
   g.VillesParProvince.relever(g.TableVilles);  // a list of the towns, which may have changed their provinces

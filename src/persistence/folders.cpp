@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <system_error>
 
 #include "core/current_folder.h"
@@ -9,6 +10,7 @@
 #include "core/paths.h"
 #include "persistence/registry.h"
 #include "persistence/slot_file.h"
+#include "platform/durable_file.h"
 #include "platform/text.h"
 
 namespace ardane {
@@ -17,10 +19,17 @@ namespace {
 constexpr std::string_view nom_de_la_sonde = "~zut.tmp";
 
 bool écrire_sonde(const std::string &chemin) {
-  std::ofstream flux(chemin_natif(chemin), std::ios::binary | std::ios::trunc);
-  Scripteur_de_cases cases(flux);
+  std::ostringstream octets;
+  Scripteur_de_cases cases(octets);
   cases.texte(chemin);
-  return flux.is_open() && cases.terminer();
+  return cases.terminer() && écrire_neuf(chemin_natif(chemin), octets.str()) == Ecriture::faite;
+}
+
+/// A link is its own file here: what it leads to is not the folder's.
+void effacer_lien(const std::string &chemin) {
+  std::error_code erreur;
+  const std::filesystem::path lien = chemin_natif(chemin);
+  if (std::filesystem::is_symlink(lien, erreur)) std::filesystem::remove(lien, erreur);
 }
 
 std::string pour_comparer(std::string_view dossier) {
@@ -31,6 +40,7 @@ std::string pour_comparer(std::string_view dossier) {
 
 bool Tester_ecriture(std::string_view dossier) {
   const std::string sonde = Joindre_chemin(dossier, nom_de_la_sonde);
+  effacer_lien(sonde);
   const bool écrite = fichier_existe(sonde) || écrire_sonde(sonde);
   // A probe whose writing failed half-way must not stay behind either.
   const bool effacée = Effacer_fichier(sonde);

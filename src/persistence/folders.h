@@ -11,7 +11,7 @@ namespace ardane {
 
 /// True if a file could be written to the folder and deleted again: "~zut.tmp", holding its own path as a
 /// slot file does, so that a path of more than 126 characters fails too. A file of that name that is there
-/// already is deleted and proves the folder as well.
+/// already is deleted and proves the folder as well; a link is deleted and not followed.
 bool Tester_ecriture(std::string_view dossier);
 
 /// Asks whether a folder other than `Répertoire_sauvegarde` shall take its place, and on Oui makes it that,

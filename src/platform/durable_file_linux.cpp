@@ -39,14 +39,24 @@ class Descripteur {
 
 constexpr mode_t droits = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;  // less the umask
 
-}  // namespace
-
-Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_view octets,
-                            Nom_de_fichier nom) {
+Ecriture écrire(const std::filesystem::path &fichier, std::string_view octets, Nom_de_fichier nom,
+                bool durablement) {
   const int selon_le_nom = nom == Nom_de_fichier::libre ? O_EXCL | O_NOFOLLOW : O_TRUNC;
   const Descripteur ouvert(open(fichier.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | selon_le_nom, droits));
   if (!ouvert.est_ouvert()) return Ecriture::sans_fichier;
-  return ouvert.écrire(octets) && ouvert.attendre_le_disque() ? Ecriture::faite : Ecriture::incomplète;
+  const bool écrits = ouvert.écrire(octets) && (!durablement || ouvert.attendre_le_disque());
+  return écrits ? Ecriture::faite : Ecriture::incomplète;
+}
+
+}  // namespace
+
+Ecriture écrire_neuf(const std::filesystem::path &fichier, std::string_view octets) {
+  return écrire(fichier, octets, Nom_de_fichier::libre, false);
+}
+
+Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_view octets,
+                            Nom_de_fichier nom) {
+  return écrire(fichier, octets, nom, true);
 }
 
 void fixer_dossier(const std::filesystem::path &dossier) {

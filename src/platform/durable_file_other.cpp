@@ -7,6 +7,10 @@
 
 namespace ardane {
 
+Ecriture écrire_neuf(const std::filesystem::path &fichier, std::string_view octets) {
+  return écrire_durablement(fichier, octets, Nom_de_fichier::libre);
+}
+
 Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_view octets,
                             Nom_de_fichier nom) {
   std::error_code erreur;

@@ -33,6 +33,18 @@ TEST_F(WriteProbe, AFileOfItsNameIsNotSpared) {
   EXPECT_FALSE(fichier_existe(sonde));
 }
 
+TEST_F(WriteProbe, ALinkOfItsNameIsNeitherFollowedNorSpared) {
+  const std::string cible = dossier.fichier("ailleurs");
+  fs::create_symlink(chemin_natif(cible), chemin_natif(sonde));
+  EXPECT_TRUE(Tester_ecriture(dossier.chemin()));
+  EXPECT_TRUE(fs::is_empty(chemin_natif(dossier.chemin()))) << "nor is a file left where it led to";
+  écrire_fichier(cible, "précieux");
+  fs::create_symlink(chemin_natif(cible), chemin_natif(sonde));
+  EXPECT_TRUE(Tester_ecriture(dossier.chemin()));
+  EXPECT_EQ(lire_fichier(cible), "précieux");
+  EXPECT_FALSE(fs::is_symlink(chemin_natif(sonde)));
+}
+
 TEST_F(WriteProbe, AFolderOfItsNameFailsItAndStays) {
   fs::create_directory(chemin_natif(sonde));
   EXPECT_FALSE(Tester_ecriture(dossier.chemin()));

@@ -16,4 +16,8 @@ namespace ardane {
 std::optional<std::string_view> remplacer_fichier(const std::filesystem::path &fichier,
                                                   std::string_view octets);
 
+/// Deletes what processes that were killed while they replaced a file have left in a folder. A folder that
+/// cannot be read is passed over.
+void balayer_provisoires(const std::filesystem::path &dossier);
+
 }  // namespace ardane

@@ -301,6 +301,7 @@ std::vector<std::string> RegistreMémoire::sous_clés(std::string_view clé) con
 
 RegistreFichier::RegistreFichier(const fs::path &fichier, std::chrono::milliseconds patience)
     : fichier_(fichier_réel(fichier)), patience_(patience) {
+  balayer_provisoires(fichier_.parent_path());
   lus_ = lire_octets(fichier_);
   if (lus_) mémoire_ = registre_de(*lus_);
 }

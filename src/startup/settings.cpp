@@ -13,6 +13,7 @@
 #include "persistence/folders.h"
 #include "persistence/registry.h"
 #include "persistence/score_file.h"
+#include "platform/file_replacement.h"
 #include "services/system_sounds.h"
 #include "services/update_list.h"
 
@@ -134,6 +135,9 @@ void Lire_réglages(Contexte &c) {
     reprendre(c, version);
   }
   Sauver_sons_système(c);
+  for (const std::string &dossier :
+       {c.dossier.complet(g.Répertoire_sauvegarde), c.dossier.complet(g.Répertoire_info)})
+    balayer_provisoires(chemin_natif(dossier));
 }
 
 }  // namespace ardane

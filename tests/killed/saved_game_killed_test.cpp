@@ -6,6 +6,7 @@
 
 #include "deadly_calls.h"
 #include "persistence/score_file.h"
+#include "platform/registry_store.h"
 #include "support/saving_player.h"
 
 namespace ardane {
@@ -100,6 +101,35 @@ TEST_F(KilledRun, TakingUpAGameLeavesItOnTheDiskUntilItStandsOnTheScreen) {
   });
   EXPECT_GE(moments, 5);
   EXPECT_FALSE(fichier_existe(m.dossier.fichier("souper.CAI")));
+}
+
+TEST_F(KilledRun, TheNextStartSweepsWhatWasLeftHalfDone) {
+  const auto provisoires = [&] {
+    int nombre = 0;
+    for (const auto &entrée : fs::directory_iterator(chemin_natif(m.dossier.chemin())))
+      if (entrée.path().extension() == ".tmp") ++nombre;
+    return nombre;
+  };
+  const auto enregistrer = [&] { return enregistrer_la_partie(m, "souper") ? 0 : 1; };
+  ASSERT_EQ(tuer_à_l_appel(0, enregistrer).code, 0);
+  fs::remove(chemin_natif(m.dossier.fichier("souper.CAI")));
+  const auto appels = appels_du_dernier();
+  const auto nommée = std::ranges::find(appels, "rename") - appels.begin() + 1;
+  EXPECT_TRUE(tuer_à_l_appel(static_cast<int>(nommée), enregistrer).tué);
+  EXPECT_EQ(provisoires(), 1);
+  MondeScripté monde(options_factices(), m, m);
+  Programme(monde.monde(), ressources_du_programme(), m.dossier.chemin()).Démarrage(m.dossier.chemin());
+  EXPECT_EQ(provisoires(), 0);
+
+  RegistreFichier registre(chemin_natif(m.dossier.fichier("registre")));
+  const auto régler = [&] { return registre.créer("R") ? 0 : 1; };
+  ASSERT_EQ(tuer_à_l_appel(0, régler).code, 0);
+  fs::remove(chemin_natif(m.dossier.fichier("registre")));
+  const auto derniers = appels_du_dernier();
+  tuer_à_l_appel(static_cast<int>(std::ranges::find(derniers, "rename") - derniers.begin() + 1), régler);
+  EXPECT_EQ(provisoires(), 1);
+  const RegistreFichier suivant(chemin_natif(m.dossier.fichier("registre")));
+  EXPECT_EQ(provisoires(), 0);
 }
 
 }  // namespace

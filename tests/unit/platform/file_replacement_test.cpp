@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "support/fake_world.h"
 #include "support/limits.h"
@@ -123,6 +125,38 @@ TEST_F(FileReplacement, ANameThatIsTooLongOrEmptyIsTold) {
   EXPECT_NE(remplacer_fichier("", "x"), std::nullopt);
   fs::current_path(avant);
   EXPECT_THAT(dans_le_dossier(), IsEmpty());
+}
+
+/// The number of a process that has ended.
+long processus_fini() {
+  const pid_t enfant = fork();
+  if (enfant == 0) _exit(0);
+  waitpid(enfant, nullptr, 0);
+  return enfant;
+}
+
+TEST_F(FileReplacement, WhatAKilledProcessLeftIsSweptAndNothingElse) {
+  const std::string fini = std::to_string(processus_fini()), ici = std::to_string(getpid());
+  const std::vector<std::string> restent = {"liste." + ici + "-1763.tmp",
+                                            "liste." + fini + "-.tmp",
+                                            "liste." + fini + ".tmp",
+                                            "liste.-" + fini + "-1763.tmp",
+                                            "liste.99999999999-1763.tmp",
+                                            "." + fini + "-1763.tmp",
+                                            "liste." + fini + "-1763.txt",
+                                            "liste." + fini + "-1763x.tmp",
+                                            "~zut.tmp",
+                                            "liste.0-1763.tmp"};
+  for (const std::string &nom : restent) écrire_fichier(dossier.fichier(nom), "x");
+  écrire_fichier(dossier.fichier("liste été.txt." + fini + "-1763.tmp"), "x");
+  const std::string lien = "lien." + fini + "-1763.tmp";
+  fs::create_symlink(chemin_natif(dossier.fichier("~zut.tmp")), chemin_natif(dossier.fichier(lien)));
+  fs::create_directory(chemin_natif(dossier.fichier("dossier." + fini + "-1763.tmp")));
+  balayer_provisoires(chemin_natif(dossier.chemin()));
+  EXPECT_EQ(dans_le_dossier().size(), restent.size() + 2);
+  EXPECT_FALSE(fichier_existe(dossier.fichier("liste été.txt." + fini + "-1763.tmp")));
+  balayer_provisoires("/nulle/part");
+  balayer_provisoires("");
 }
 
 }  // namespace

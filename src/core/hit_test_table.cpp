@@ -42,7 +42,7 @@ bool Charger_points(Contexte &c) {
   GameState &g = c.état;
   g.Chemin_points = Joindre_chemin(g.Répertoire_programme, "ardane.pts");
   const std::string chemin = c.dossier.complet(g.Chemin_points);
-  if (!fichier_existe(chemin)) {
+  if (!est_fichier_ordinaire(chemin)) {
     annoncer(c, Message::erreur, Message::fichier_pts_absent);
     return false;
   }

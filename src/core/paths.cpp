@@ -28,4 +28,9 @@ bool fichier_existe(std::string_view chemin) {
   return std::filesystem::exists(état) && !std::filesystem::is_directory(état);
 }
 
+bool est_fichier_ordinaire(std::string_view chemin) {
+  std::error_code erreur;
+  return std::filesystem::is_regular_file(chemin_natif(chemin), erreur);
+}
+
 }  // namespace ardane

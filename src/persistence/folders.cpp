@@ -73,9 +73,4 @@ bool Effacer_fichier(std::string_view chemin) {
   return std::filesystem::remove(fichier, erreur);
 }
 
-bool est_fichier_ordinaire(std::string_view chemin) {
-  std::error_code erreur;
-  return std::filesystem::is_regular_file(chemin_natif(chemin), erreur);
-}
-
 }  // namespace ardane

@@ -25,7 +25,4 @@ void Lancer_aux_prochains_démarrages(Contexte &c, const std::string &fichier, c
 /// it.
 bool Effacer_fichier(std::string_view chemin);
 
-/// True for a plain file, which can be opened without waiting for anyone.
-bool est_fichier_ordinaire(std::string_view chemin);
-
 }  // namespace ardane

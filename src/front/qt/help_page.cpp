@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "front/qt/appearance.h"
+#include "front/qt/plain_file.h"
 
 namespace ardane {
 namespace {
@@ -72,7 +73,7 @@ QString about(const QUrl &url) {
 /// "page#anchor" of a context; empty if the list has none.
 QString page_of(const QString &folder, int context) {
   QFile list(folder + QStringLiteral("/contextes.txt"));
-  if (!list.open(QIODevice::ReadOnly | QIODevice::Text)) return {};
+  if (!is_plain_file(list.fileName()) || !list.open(QIODevice::ReadOnly | QIODevice::Text)) return {};
   while (!list.atEnd()) {
     const QStringList fields = QString::fromUtf8(list.readLine()).trimmed().split(QLatin1Char('\t'));
     if (fields.size() == 2 && fields[0] == QString::number(context)) return fields[1];
@@ -118,6 +119,7 @@ void HelpPage::search(const QString &typed) {
 QVariant HelpPage::loadResource(int type, const QUrl &name) {
   if (name.scheme() == QLatin1String(search_scheme)) return results(about(name));
   if (name.scheme() == QLatin1String(missing_scheme)) return missing(about(name));
+  if (name.isLocalFile() && !is_plain_file(name.toLocalFile())) return {};
   QVariant resource = QTextBrowser::loadResource(type, name);
   if (type != QTextDocument::StyleSheetResource) return resource;
   return QString(QString::fromUtf8(resource.toByteArray()) + colours(palette()));

@@ -84,7 +84,8 @@ struct Address {
 /// One for each player and file of settings.
 Address address_of(const std::filesystem::path &settings) {
   std::error_code error;
-  std::filesystem::path real = std::filesystem::weakly_canonical(std::filesystem::absolute(settings), error);
+  std::filesystem::path real = std::filesystem::absolute(settings, error);
+  if (!error) real = std::filesystem::weakly_canonical(real, error);
   if (error) real = settings;
   const QByteArray path = QByteArray::fromStdString(real.string());
   const std::string name = "mirabonde.ardane." + std::to_string(getuid()) + "." +

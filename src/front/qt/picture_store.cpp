@@ -6,14 +6,10 @@
 #include <array>
 
 #include "front/qt/appearance.h"
+#include "front/qt/plain_file.h"
 
 namespace ardane {
 namespace {
-
-/// Opening a pipe could wait for ever.
-bool is_plain_file(const QString &path) {
-  return QFileInfo(path).isFile();
-}
 
 /// True for a file that begins like a GIF, a PNG or a JPEG.
 bool looks_like_picture(const QString &path) {

@@ -1,11 +1,14 @@
 #include "front/qt/window_memory.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QScreen>
 #include <QSettings>
 #include <algorithm>
+#include <memory>
 
 #include "front/qt/appearance.h"
+#include "front/qt/plain_file.h"
 #include "front/qt/window_fit.h"
 
 namespace ardane {
@@ -21,8 +24,16 @@ constexpr int title_height = 32;
 /// The size of letters that the layouts were drawn for.
 constexpr double designed_points = 9;
 
-QSettings settings_of(const std::filesystem::path &file) {
-  return QSettings(to_qt(file.string()), QSettings::IniFormat);
+/// Null where something else has the file's name.
+std::unique_ptr<QSettings> settings_of(const std::filesystem::path &file) {
+  const QString path = to_qt(file.string());
+  if (QFileInfo::exists(path) && !is_plain_file(path)) return nullptr;
+  return std::make_unique<QSettings>(path, QSettings::IniFormat);
+}
+
+QVariant kept(const std::filesystem::path &file, const QString &key) {
+  const auto settings = settings_of(file);
+  return settings == nullptr ? QVariant() : settings->value(key);
 }
 
 /// The largest scale at which the contents fit the room.
@@ -34,22 +45,23 @@ double largest(QSizeF room, QSize needed, QSize beside) {
 }  // namespace
 
 bool WindowMemory::restore(QWidget &window) const {
-  return window.restoreGeometry(settings_of(file_).value(geometry_key).toByteArray());
+  return window.restoreGeometry(kept(file_, geometry_key).toByteArray());
 }
 
 std::optional<double> WindowMemory::scale() const {
   bool known = false;
-  const double scale = settings_of(file_).value(scale_key).toDouble(&known);
+  const double scale = kept(file_, scale_key).toDouble(&known);
   return known && scale > 0 ? std::optional(scale) : std::nullopt;
 }
 
 void WindowMemory::keep(const QWidget &window, std::optional<double> scale) const {
-  QSettings settings = settings_of(file_);
-  settings.setValue(geometry_key, window.saveGeometry());
+  const auto settings = settings_of(file_);
+  if (settings == nullptr) return;
+  settings->setValue(geometry_key, window.saveGeometry());
   if (scale)
-    settings.setValue(scale_key, *scale);
+    settings->setValue(scale_key, *scale);
   else
-    settings.remove(scale_key);
+    settings->remove(scale_key);
 }
 
 void place_for_the_first_time(QWidget &window, QSize needed, QSize beside) {

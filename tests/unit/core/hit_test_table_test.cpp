@@ -1,6 +1,7 @@
 #include "core/hit_test_table.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "core/gazetteer.h"
 #include "support/fake_world.h"
@@ -52,6 +53,13 @@ TEST_F(HitTestTable, AFolderOfThatNameCountsAsAbsent) {
   std::filesystem::create_directory(chemin_natif(chemin()));
   EXPECT_FALSE(Charger_points(m.c()));
   EXPECT_EQ(m.boîtes.montrées.at(0).texte, message(m.g(), Message::fichier_pts_absent));
+}
+
+TEST_F(HitTestTable, APipeOfThatNameCountsAsAbsentAndIsNotWaitedFor) {
+  std::filesystem::remove(chemin_natif(chemin()));
+  ASSERT_EQ(mkfifo(chemin().c_str(), S_IRUSR | S_IWUSR), 0);
+  EXPECT_FALSE(Charger_points(m.c()));
+  EXPECT_EQ(m.boîtes.montrées.size(), 1U);
 }
 
 TEST_F(HitTestTable, WithoutTheFileTheProgramEndsBeforeItsWindow) {

@@ -1,19 +1,16 @@
-# Writes OUTPUT, a C++ source that holds the text files TEXTES and IMAGES.
-# cmake -DTEXTES=... -DIMAGES=... -DOUTPUT=... -P embed.cmake
-file(READ "${TEXTES}" textes)
-file(READ "${IMAGES}" images)
-file(WRITE "${OUTPUT}"
-"#include \"core/embedded.h\"
-
-namespace ardane {
-
-std::string_view textes_incorporés() {
-  return R\"ardane(${textes})ardane\";
+# Writes OUTPUT, a C++ source that holds text files of the folder RESOURCES.
+# cmake -DRESOURCES=... -DOUTPUT=... -P embed.cmake
+set(source "#include \"core/embedded.h\"\n\nnamespace ardane {\n")
+function(embed name function)
+  file(READ "${RESOURCES}/${name}" text)
+  set(source "${source}
+std::string_view ${function}() {
+  return R\"ardane(${text})ardane\";
 }
-
-std::string_view images_incorporées() {
-  return R\"ardane(${images})ardane\";
-}
-
-}  // namespace ardane
-")
+" PARENT_SCOPE)
+endfunction()
+embed(textes.txt textes_incorporés)
+embed(images.txt images_incorporées)
+embed(blasons.txt blasons_incorporés)
+embed(etendues.txt étendues_incorporées)
+file(WRITE "${OUTPUT}" "${source}\n}  // namespace ardane\n")

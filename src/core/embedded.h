@@ -1,4 +1,4 @@
-// The two text files of resources/ that the build turns into source.
+// The text files of resources/ that the build turns into source.
 #pragma once
 
 #include <string_view>
@@ -7,5 +7,7 @@ namespace ardane {
 
 std::string_view textes_incorporés();
 std::string_view images_incorporées();
+std::string_view blasons_incorporés();
+std::string_view étendues_incorporées();
 
 }  // namespace ardane

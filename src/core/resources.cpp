@@ -55,8 +55,8 @@ std::vector<Image> CatalogueImages::toutes() const {
 }
 
 const Ressources &ressources_du_programme() {
-  static const Ressources ressources{TableChaînes(textes_incorporés()),
-                                     CatalogueImages(images_incorporées())};
+  static const Ressources ressources{TableChaînes(textes_incorporés()), CatalogueImages(images_incorporées()),
+                                     TableChaînes(blasons_incorporés()), Etendues(étendues_incorporées())};
   return ressources;
 }
 

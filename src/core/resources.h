@@ -1,4 +1,5 @@
-// What is compiled into the program: the string table and the catalogue of pictures.
+// What is compiled into the program: the string table, the catalogue of pictures, and what tells of pictures
+// to who does not see them.
 #pragma once
 
 #include <cstdint>
@@ -6,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/expanses.h"
 #include "core/string_table.h"
 #include "core/table.h"
 #include "platform/picture.h"
@@ -46,6 +48,9 @@ class CatalogueImages {
 struct Ressources {
   TableChaînes chaînes;
   CatalogueImages images;
+  /// The blazons of the provinces' arms, by their numbers, and of the regions' flags, by 200 and theirs.
+  TableChaînes blasons = {};
+  Etendues étendues = {};
 };
 
 /// The resources that the program was built with.

@@ -6,11 +6,10 @@
 #include <cstdlib>
 #include <numbers>
 #include <optional>
-#include <set>
-#include <utility>
 
 #include "core/game_state.h"
 #include "core/hit_test_table.h"
+#include "core/resources.h"
 #include "map/main_window.h"
 #include "map/pointing.h"
 
@@ -113,38 +112,37 @@ bool sur_la_carte(const Ecran_principal &e, Point lieu) {
   return lieu.x >= 0 && lieu.y >= 0 && lieu.x < e.image_région.largeur && lieu.y < e.image_région.hauteur;
 }
 
-/// True if the map's edge is seen from there, no province in between.
-bool voit_le_large(const Contexte &c, Point lieu) {
-  return std::ranges::any_of(directions, [&](const Direction &direction) {
-    Point ici = lieu;
-    while (sur_la_carte(c.principale, ici) && code_du_pixel(c.état, 0, ici.x, ici.y) == 0)
-      ici = {ici.x + direction.dx, ici.y + direction.dy};
-    return !sur_la_carte(c.principale, ici);
-  });
+/// A province's pixel is the table's that answers clicks; the picture tells the rest.
+Etendue étendue_en(const Contexte &c, Point lieu) {
+  return code_du_pixel(c.état, 0, lieu.x, lieu.y) != 0 ? Etendue::province
+                                                       : c.ressources.étendues.en(lieu.x, lieu.y);
 }
 
-/// True if no way leads from there to the open without a province in between: the lakes are small.
-bool est_un_lac(const Contexte &c, Point lieu) {
-  if (voit_le_large(c, lieu)) return false;
-  std::set<std::pair<int, int>> vus;
-  std::vector<Point> à_voir{lieu};
-  for (std::size_t i = 0; i < à_voir.size(); ++i) {
-    constexpr std::size_t plus_grand_lac = 3000;
-    if (i > plus_grand_lac) return false;
-    for (const auto &[nom, dx, dy] : directions) {
-      const Point voisin{à_voir[i].x + dx, à_voir[i].y + dy};
-      const bool en_biais = dx != 0 && dy != 0;
-      if (en_biais || code_du_pixel(c.état, 0, voisin.x, voisin.y) != 0) continue;
-      if (vus.insert({voisin.x, voisin.y}).second) à_voir.push_back(voisin);
-    }
+/// What parts two places of which one at least is in no province.
+Ligne ligne_entre(Etendue a, Etendue b) {
+  const auto est_l_une = [a, b](Etendue étendue) { return a == étendue || b == étendue; };
+  if (a == b) return Ligne::aucune;
+  if (est_l_une(Etendue::mer)) return Ligne::côte;
+  if (est_l_une(Etendue::lac)) return Ligne::rive;
+  return est_l_une(Etendue::pays_voisin) ? Ligne::frontière : Ligne::aucune;
+}
+
+std::string mot(Etendue étendue) {
+  switch (étendue) {
+    case Etendue::mer: return "mer";
+    case Etendue::lac: return "lac";
+    case Etendue::pays_voisin: return "pays voisin";
+    case Etendue::îlot: return "îlot";
+    case Etendue::province: break;
   }
-  return true;
+  return "terre";
 }
 
 std::string mot(Ligne ligne) {
   switch (ligne) {
-    case Ligne::côte: return "bord du pays";
+    case Ligne::côte: return "côte";
     case Ligne::rive: return "rive";
+    case Ligne::frontière: return "frontière";
     case Ligne::limite_de_province: return "limite de province";
     case Ligne::limite_de_région: return "limite de région";
     case Ligne::aucune: break;
@@ -187,13 +185,15 @@ std::array<std::optional<Repérage>, 8> repères_autour(Ecran_principal &e, Poin
   return autour;
 }
 
-/// The first line on the way in a direction, or the map's edge.
-Repérage première_ligne(Contexte &c, Point lieu, const Direction &direction) {
+/// What begins first on the way in a direction: other land or water, what lies behind a line, the map's edge.
+Repérage premier_changement(Contexte &c, Point lieu, const Direction &direction) {
   for (int pas = 1;; ++pas) {
     const Point avant{lieu.x + (pas - 1) * direction.dx, lieu.y + (pas - 1) * direction.dy};
     const Point ici{lieu.x + pas * direction.dx, lieu.y + pas * direction.dy};
     const int distance = kilomètres(pas * direction.dx, pas * direction.dy);
     if (!sur_la_carte(c.principale, ici)) return {"bord de la carte", distance};
+    const Etendue étendue = étendue_en(c, ici);
+    if (étendue != étendue_en(c, avant)) return {mot(étendue), distance};
     if (const Ligne ligne = Ligne_franchie(c, avant, ici); ligne != Ligne::aucune)
       return {mot(ligne), distance};
   }
@@ -205,9 +205,8 @@ Vue_du_lieu Voir(Contexte &c, Point lieu) {
   Ecran_principal &e = c.principale;
   Vue_du_lieu vue;
   const int province = code_du_pixel(c.état, 0, lieu.x, lieu.y);
-  vue.terre = province != 0;
-  vue.lac = !vue.terre && est_un_lac(c, lieu);
-  vue.en_jaune = vue.terre && e.Pays(province).visible;
+  vue.étendue = étendue_en(c, lieu);
+  vue.en_jaune = province != 0 && e.Pays(province).visible;
   pour_chaque_repère(e, [&](const Contrôle &point) { vue.repère |= contient(point, e, lieu); });
   const Contrôle *nommé =
       image_avec_infobulle(e, lieu.x + e.image_région.gauche, lieu.y + e.image_région.haut);
@@ -219,8 +218,8 @@ Ligne Ligne_franchie(Contexte &c, Point départ, Point arrivée) {
   const GameState &g = c.état;
   Ecran_principal &e = c.principale;
   const int p = code_du_pixel(g, 0, départ.x, départ.y), q = code_du_pixel(g, 0, arrivée.x, arrivée.y);
+  if (p == 0 || q == 0) return ligne_entre(étendue_en(c, départ), étendue_en(c, arrivée));
   if (p == q) return Ligne::aucune;
-  if (p == 0 || q == 0) return est_un_lac(c, p == 0 ? départ : arrivée) ? Ligne::rive : Ligne::côte;
   const int r = région_de(g, p), s = région_de(g, q);
   if (r != s && (e.Région(r).visible || e.Région(s).visible)) return Ligne::limite_de_région;
   return est_dessinée(e, p) || est_dessinée(e, q) ? Ligne::limite_de_province : Ligne::aucune;
@@ -236,7 +235,7 @@ std::string Décrire_lieu(Contexte &c, Point départ, Point arrivée) {
   if (vue.en_jaune)
     ajouter(phrase, "en jaune");
   else if (!vue.repère)
-    ajouter(phrase, vue.terre ? "terre" : vue.lac ? "lac" : "hors du pays");
+    ajouter(phrase, mot(vue.étendue));
   return phrase;
 }
 
@@ -271,7 +270,7 @@ std::string Balayer(Contexte &c, Point lieu) {
   const auto repères = repères_autour(c.principale, lieu);
   std::string phrase;
   for (std::size_t i = 0; i < directions.size(); ++i) {
-    Repérage proche = première_ligne(c, lieu, directions.at(i));
+    Repérage proche = premier_changement(c, lieu, directions.at(i));
     if (const auto &point = repères.at(i); point && point->distance < proche.distance) proche = *point;
     ajouter(phrase,
             std::string(directions.at(i).nom) + " : " + proche.nom + ", " + std::to_string(proche.distance) +

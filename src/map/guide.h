@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/context.h"
+#include "core/expanses.h"
 #include "platform/services.h"
 
 namespace ardane {
@@ -16,8 +17,7 @@ std::vector<Point> Cibles(Contexte &c);
 
 /// What an eye finds at one place of the map.
 struct Vue_du_lieu {
-  bool terre = false;     ///< a province's
-  bool lac = false;       ///< water with provinces all around; all else is sea or neighbours
+  Etendue étendue = Etendue::mer;
   bool en_jaune = false;  ///< a province whose silhouette is filled
   bool repère = false;    ///< a dot or a marker
   std::string nom;        ///< that of its tool tip; empty if it has none
@@ -25,7 +25,7 @@ struct Vue_du_lieu {
 Vue_du_lieu Voir(Contexte &c, Point lieu);
 
 /// The line that is crossed on the way from one place to another, as far as it is drawn.
-enum class Ligne : std::uint8_t { aucune, côte, rive, limite_de_province, limite_de_région };
+enum class Ligne : std::uint8_t { aucune, côte, rive, frontière, limite_de_province, limite_de_région };
 Ligne Ligne_franchie(Contexte &c, Point départ, Point arrivée);
 
 /// What is told when the cursor has come from one place to another.

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/game_state.h"
+#include "core/resources.h"
 #include "map/main_window.h"
 #include "map/visibility_rules.h"
 
@@ -162,10 +163,13 @@ void Poser_rond(Contexte &c, int i, bool cible, bool retenue) {
 
 void AfficherDrapeau(Contexte &c, int province) {
   afficher_drapeau(c, c.principale.Drapeau(province).image);
+  c.principale.Image_recherchée.nom_parlé = c.ressources.blasons.chaîne(province);
 }
 
 void AfficherDrapeauRégion(Contexte &c, int région) {
   afficher_drapeau(c, c.principale.DrapeauRégion(région).image);
+  constexpr int avant_les_régions = 200;
+  c.principale.Image_recherchée.nom_parlé = c.ressources.blasons.chaîne(avant_les_régions + région);
 }
 
 void Clignotant(Contexte &c) {

@@ -37,6 +37,7 @@ void poser_province(Contexte &c, int choix) {
   if (g.Niveau == niveau_facile) {
     const Image forme = e.Pays(choix).image;
     poser_image(e.Image_recherchée, forme);
+    e.Image_recherchée.nom_parlé = "Forme de la province";
     e.Image_recherchée.largeur = forme.largeur;
     e.Image_recherchée.hauteur = forme.hauteur;
     e.Image_recherchée.gauche = std::trunc((g.Largeur_image_cible - forme.largeur) / 2);

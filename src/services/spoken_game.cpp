@@ -12,12 +12,22 @@ void dire(std::string &annonce, const std::string &phrase) {
   annonce += phrase;
 }
 
+std::string question(const Ecran_principal &e) {
+  return e.Texte_à_chercher.visible ? e.Texte_à_chercher.texte : "drapeau " + e.Image_recherchée.nom_parlé;
+}
+
 std::string consigne(const Contexte &c) {
   const Ecran_principal &e = c.principale;
   if (!est_en_jeu(c.état.Etape) || !e.que_faire.visible) return {};
-  const std::string question =
-      e.Texte_à_chercher.visible ? e.Texte_à_chercher.texte : e.Image_recherchée.nom_parlé;
-  return question.empty() ? e.que_faire.texte : e.que_faire.texte + " " + question;
+  return e.que_faire.texte + " " + question(e);
+}
+
+std::string reste(const Partie_entendue &partie) {
+  return "Reste " + std::to_string(partie.reste) + ".";
+}
+
+std::string score(const Partie_entendue &partie) {
+  return "Score : " + En_milliers(partie.score) + ".";
 }
 
 }  // namespace
@@ -46,14 +56,21 @@ std::string Annoncer_partie(const Partie_entendue &avant, const Partie_entendue 
     dire(annonce, "Faux.");
   else if (même_étape && après.reste < avant.reste)
     dire(annonce, "Juste.");
-  if (après.compté && avant.compté && après.score != avant.score)
-    dire(annonce, "Score : " + En_milliers(après.score) + ".");
+  if (après.compté && avant.compté && après.score != avant.score) dire(annonce, score(après));
   if (même_étape && après.choisies != avant.choisies && après.consigne == avant.consigne)
     dire(annonce, après.choisies > avant.choisies ? "Choisie." : "Retirée.");
   if (après.consigne.empty() || après.consigne == avant.consigne) return annonce;
   dire(annonce, après.consigne + ".");
-  if (après.reste != avant.reste || !même_étape) dire(annonce, "Reste " + std::to_string(après.reste) + ".");
+  if (après.reste != avant.reste || !même_étape) dire(annonce, reste(après));
   return annonce;
+}
+
+std::string Redire_partie(const Partie_entendue &partie) {
+  if (partie.consigne.empty()) return "Aucune question.";
+  std::string phrase = partie.consigne + ".";
+  dire(phrase, reste(partie));
+  if (partie.compté) dire(phrase, score(partie));
+  return phrase;
 }
 
 }  // namespace ardane

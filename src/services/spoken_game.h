@@ -24,5 +24,7 @@ Partie_entendue Ecouter(const Contexte &c);
 
 /// What is said when an event has led from one to the other; empty if nothing has changed.
 std::string Annoncer_partie(const Partie_entendue &avant, const Partie_entendue &après);
+/// What is said to who asks for the question once more.
+std::string Redire_partie(const Partie_entendue &partie);
 
 }  // namespace ardane

@@ -34,11 +34,12 @@ int main(int argc, char **argv) {
     auto textes = données.messages;
     atelier::Catalogue catalogue;
     if (draws("chart")) {
-      atelier::dessiner_carte(données, images, catalogue, sortie / "ardane.pts", textes);
+      atelier::dessiner_carte(données, images, catalogue, sortie, textes);
       atelier::écrire_textes(sortie / "textes.txt", textes);
     }
     if (draws("armorial"))
-      atelier::dessiner_armorial(données, images, catalogue, sortie.parent_path() / "docs");
+      atelier::dessiner_armorial(données, images, catalogue, sortie / "blasons.txt",
+                                 sortie.parent_path() / "docs");
     if (draws("marks")) atelier::dessiner_repères(images, catalogue);
     if (draws("voices")) atelier::écrire_sons(sortie);
     if (chosen.empty()) catalogue.enregistrer(sortie / "images.txt");

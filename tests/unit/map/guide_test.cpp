@@ -83,17 +83,38 @@ Frontière frontière(GameState &g, bool même_région) {
 
 TEST_F(Guide, SeaAndLandAreToldAtEveryLevel) {
   jouer(étape_provinces, niveau_expert);
-  EXPECT_EQ(Décrire_lieu(m.c(), {5, 5}, {6, 5}), "hors du pays");
+  EXPECT_EQ(Décrire_lieu(m.c(), {5, 5}, {6, 5}), "mer");
   const Point ici = dans(m.g(), 40);
   EXPECT_EQ(Décrire_lieu(m.c(), ici, ici), "terre");
 }
 
-TEST_F(Guide, TheCountrysEdgeIsToldWhenItIsCrossed) {
+TEST_F(Guide, TheNeighboursLandIsToldApart) {
+  jouer(étape_provinces, niveau_expert);
+  EXPECT_EQ(Décrire_lieu(m.c(), {595, 300}, {595, 300}), "pays voisin");
+  int x = 595;
+  while (code_du_pixel(m.g(), 0, x - 1, 300) == 0) --x;
+  EXPECT_EQ(Décrire_lieu(m.c(), {x, 300}, {x - 1, 300}), "frontière, terre");
+  EXPECT_EQ(Décrire_lieu(m.c(), {x - 1, 300}, {x, 300}), "frontière, pays voisin");
+}
+
+TEST_F(Guide, TheNeighboursHaveACoastToo) {
+  jouer(étape_provinces, niveau_expert);
+  int y = 300;
+  while (Voir(m.c(), {595, y}).étendue == Etendue::pays_voisin) --y;
+  EXPECT_EQ(Décrire_lieu(m.c(), {595, y + 1}, {595, y}), "côte, mer");
+}
+
+TEST_F(Guide, AnIsletOfNoProvinceIsToldAsOne) {
+  jouer(étape_provinces, niveau_expert);
+  EXPECT_EQ(Décrire_lieu(m.c(), {166, 373}, {166, 373}), "îlot");
+}
+
+TEST_F(Guide, TheCoastIsToldWhenItIsCrossed) {
   jouer(étape_provinces, niveau_expert);
   int x = 0;
   while (code_du_pixel(m.g(), 0, x + 1, 300) == 0) ++x;
-  EXPECT_EQ(Décrire_lieu(m.c(), {x, 300}, {x + 1, 300}), "bord du pays, terre");
-  EXPECT_EQ(Décrire_lieu(m.c(), {x + 1, 300}, {x, 300}), "bord du pays, hors du pays");
+  EXPECT_EQ(Décrire_lieu(m.c(), {x, 300}, {x + 1, 300}), "côte, terre");
+  EXPECT_EQ(Décrire_lieu(m.c(), {x + 1, 300}, {x, 300}), "côte, mer");
 }
 
 TEST_F(Guide, WhoLeapsAcrossTheMapIsToldNoLineOnTheWay) {
@@ -182,9 +203,16 @@ TEST_F(Guide, WhatLiesAroundIsToldInEightDirectionsFromTheNorthOn) {
   EXPECT_THAT(Balayer(m.c(), {3, 4}), testing::HasSubstr("est : Saulonde, 10 km"));
 }
 
-TEST_F(Guide, TheCountrysEdgeIsMetOnTheWay) {
+TEST_F(Guide, WhatLiesBehindTheCountrysEdgeIsMetOnTheWay) {
   jouer(étape_provinces, niveau_expert);
-  EXPECT_THAT(Balayer(m.c(), dans(m.g(), 40)), testing::HasSubstr("bord du pays"));
+  const std::string autour = Balayer(m.c(), {360, 280});
+  EXPECT_THAT(autour, testing::ContainsRegex("^nord : mer, [0-9]+ km"));
+  EXPECT_THAT(autour, testing::ContainsRegex("; est : pays voisin, [0-9]+ km"));
+}
+
+TEST_F(Guide, FromTheSeaTheLandIsMet) {
+  jouer(étape_provinces, niveau_expert);
+  EXPECT_THAT(Balayer(m.c(), {20, 300}), testing::ContainsRegex("; est : terre, [0-9]+ km"));
 }
 
 /// Every stage at every level, with some things found.

@@ -11,7 +11,7 @@
 namespace ardane {
 namespace {
 
-constexpr int p = 40;
+constexpr int province_d_essai = 40;
 
 class Layers : public testing::Test {
  protected:
@@ -138,11 +138,11 @@ TEST_F(Layers, ARedrawLeavesEveryPictureAsItsOwnRuleDoes) {
 TEST_F(Layers, InTheTownStageARedrawLeavesTownsOfAnotherMapPictureHidden) {
   g().Etape = étape_villes;
   g().Niveau = 2;
-  g().TableProvinces(p).encart = 1;
+  g().TableProvinces(province_d_essai).encart = 1;
   MasquerCarte(m.c());
   RedessinerCarte(m.c());
-  EXPECT_FALSE(e().RondPref(p).visible);
-  EXPECT_TRUE(e().RondPref(p + 1).visible);
+  EXPECT_FALSE(e().RondPref(province_d_essai).visible);
+  EXPECT_TRUE(e().RondPref(province_d_essai + 1).visible);
 }
 
 // Markers.
@@ -180,36 +180,38 @@ TEST_F(Layers, AMarkerTakesThePictureOfItsStageAndStaysAsVisibleAsItWas) {
     for (const int étape : cas.étapes)
       for (const bool visible : {false, true}) {
         g().Etape = static_cast<std::int16_t>(étape);
-        g().TableProvinces(p).trouvée = cas.écartée;
+        g().TableProvinces(province_d_essai).trouvée = cas.écartée;
         g().AssistanceActive = cas.aidée;
-        g().ProvinceCourante = p;
-        e().rond(p).visible = visible;
-        Poser_rond(m.c(), p, cas.cible, cas.retenue);
-        EXPECT_EQ(e().rond(p).image, e().chercher(cas.image)->image) << cas.image << " at " << étape;
-        EXPECT_EQ(e().rond(p).visible, visible && !cas.reste_caché) << cas.image << " at " << étape;
+        g().ProvinceCourante = province_d_essai;
+        e().rond(province_d_essai).visible = visible;
+        Poser_rond(m.c(), province_d_essai, cas.cible, cas.retenue);
+        EXPECT_EQ(e().rond(province_d_essai).image, e().chercher(cas.image)->image)
+            << cas.image << " at " << étape;
+        EXPECT_EQ(e().rond(province_d_essai).visible, visible && !cas.reste_caché)
+            << cas.image << " at " << étape;
       }
 }
 
 TEST_F(Layers, TheBlackMarkerIsForTheProvinceAskedAlone) {
   g().Etape = étape_provinces;
   g().AssistanceActive = true;
-  g().ProvinceCourante = p;
-  Poser_rond(m.c(), p + 1, false, false);
-  EXPECT_EQ(e().rond(p + 1).image, e().RondPref(0).image);
+  g().ProvinceCourante = province_d_essai;
+  Poser_rond(m.c(), province_d_essai + 1, false, false);
+  EXPECT_EQ(e().rond(province_d_essai + 1).image, e().RondPref(0).image);
 }
 
 TEST_F(Layers, AHiddenMarkerStaysHidden) {
   for (int étape = 0; étape <= 7; ++étape)
     for (const bool cible : {false, true}) {
       g().Etape = static_cast<std::int16_t>(étape);
-      e().rond(p).visible = false;
-      Poser_rond(m.c(), p, cible, false);
-      EXPECT_FALSE(e().rond(p).visible) << étape;
+      e().rond(province_d_essai).visible = false;
+      Poser_rond(m.c(), province_d_essai, cible, false);
+      EXPECT_FALSE(e().rond(province_d_essai).visible) << étape;
     }
 }
 
 TEST_F(Layers, AMarkerOfAnySizeIsCentredOnItsDot) {
-  const Fiche_ville &ville = g().TableVilles(p);
+  const Fiche_ville &ville = g().TableVilles(province_d_essai);
   const struct {
     int étape;
     bool cible, écartée;
@@ -221,11 +223,11 @@ TEST_F(Layers, AMarkerOfAnySizeIsCentredOnItsDot) {
   };
   for (const auto &c : cas) {
     g().Etape = static_cast<std::int16_t>(c.étape);
-    g().TableProvinces(p).trouvée = c.écartée;
-    Poser_rond(m.c(), p, c.cible, false);
-    EXPECT_EQ(e().rond(p).largeur, c.taille);
-    EXPECT_EQ(e().rond(p).gauche, ville.x - c.à_gauche) << c.taille;
-    EXPECT_EQ(e().rond(p).haut, ville.y - c.au_dessus) << c.taille;
+    g().TableProvinces(province_d_essai).trouvée = c.écartée;
+    Poser_rond(m.c(), province_d_essai, c.cible, false);
+    EXPECT_EQ(e().rond(province_d_essai).largeur, c.taille);
+    EXPECT_EQ(e().rond(province_d_essai).gauche, ville.x - c.à_gauche) << c.taille;
+    EXPECT_EQ(e().rond(province_d_essai).haut, ville.y - c.au_dessus) << c.taille;
   }
 }
 
@@ -233,9 +235,9 @@ TEST_F(Layers, AMarkerFollowsTheScroll) {
   g().Etape = étape_régions;
   e().image_région.gauche = -37;
   e().image_région.haut = -101;
-  Poser_rond(m.c(), p, false, false);
-  EXPECT_EQ(e().rond(p).gauche, g().TableVilles(p).x - 37 - 6);
-  EXPECT_EQ(e().rond(p).haut, g().TableVilles(p).y - 101 - 6);
+  Poser_rond(m.c(), province_d_essai, false, false);
+  EXPECT_EQ(e().rond(province_d_essai).gauche, g().TableVilles(province_d_essai).x - 37 - 6);
+  EXPECT_EQ(e().rond(province_d_essai).haut, g().TableVilles(province_d_essai).y - 101 - 6);
 }
 
 // Blinking.
@@ -245,15 +247,15 @@ TEST_F(Layers, ATickTurnsThePhaseAndTheLayersThatBlink) {
   g().Niveau = 1;
   RedessinerCarte(m.c());
   g().PhaseClignotement = true;
-  g().TableClignotement(p) = true;
-  e().Pays(p).visible = true;
+  g().TableClignotement(province_d_essai) = true;
+  e().Pays(province_d_essai).visible = true;
   Clignotant(m.c());
   EXPECT_FALSE(g().PhaseClignotement);
-  EXPECT_FALSE(e().Pays(p).visible);
+  EXPECT_FALSE(e().Pays(province_d_essai).visible);
   Clignotant(m.c());
   EXPECT_TRUE(g().PhaseClignotement);
-  EXPECT_TRUE(e().Pays(p).visible);
-  for (int i = 1; i <= nombre_provinces; ++i) EXPECT_EQ(e().Pays(i).visible, i == p) << i;
+  EXPECT_TRUE(e().Pays(province_d_essai).visible);
+  for (int i = 1; i <= nombre_provinces; ++i) EXPECT_EQ(e().Pays(i).visible, i == province_d_essai) << i;
 }
 
 TEST_F(Layers, TheTimerOfTheWindowTicks) {
@@ -293,8 +295,8 @@ TEST_F(Layers, AFlagIsFittedIntoItsBox) {
         e().DrapeauRégion(5).image = drapeau;
         AfficherDrapeauRégion(m.c(), 5);
       } else {
-        e().Drapeau(p).image = drapeau;
-        AfficherDrapeau(m.c(), p);
+        e().Drapeau(province_d_essai).image = drapeau;
+        AfficherDrapeau(m.c(), province_d_essai);
       }
       const Contrôle &image = e().Image_recherchée;
       EXPECT_EQ(image.gauche, c.gauche) << c.cas;
@@ -303,6 +305,14 @@ TEST_F(Layers, AFlagIsFittedIntoItsBox) {
       EXPECT_EQ(image.hauteur, c.montré_hauteur) << c.cas;
       EXPECT_EQ(image.image, drapeau) << c.cas;
     }
+}
+
+TEST_F(Layers, AFlagIsToldByItsBlazon) {
+  AfficherDrapeau(m.c(), 46);
+  EXPECT_EQ(e().Image_recherchée.nom_parlé,
+            "d'argent à l'ancre d'azur, à la bordure crénelée de sinople, timbré d'une couronne navale");
+  AfficherDrapeauRégion(m.c(), 19);
+  EXPECT_EQ(e().Image_recherchée.nom_parlé, "d'azur à la croix d'or cantonnée de quatre besants d'argent");
 }
 
 TEST_F(Layers, TheBoxIsThatOfTheSidePanel) {

@@ -71,6 +71,14 @@ TEST(SpokenGame, AnotherStageIsNeitherRightNorWrong) {
   EXPECT_EQ(Annoncer_partie(question(), après), "Trouvez moi... Valcrête. Reste 330.");
 }
 
+TEST(SpokenGame, TheQuestionIsToldOnceMoreWithWhatIsLeftAndTheScore) {
+  Partie_entendue partie = question();
+  EXPECT_EQ(Redire_partie(partie), "Trouvez moi... Saulonde. Reste 40. Score : 999 998.");
+  partie.compté = false;
+  EXPECT_EQ(Redire_partie(partie), "Trouvez moi... Saulonde. Reste 40.");
+  EXPECT_EQ(Redire_partie({}), "Aucune question.");
+}
+
 TEST(SpokenGame, TheEndOfAGameIsSilent) {
   EXPECT_EQ(Annoncer_partie(question(), {}), "");
 }

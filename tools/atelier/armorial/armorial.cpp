@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <map>
 #include <stdexcept>
 
 #include "armorial/blazon_drawing.h"
@@ -123,6 +124,17 @@ void écrire_document(const Données &données, const Armorial &armorial, const 
   if (!flux.flush()) throw std::runtime_error("cannot write " + (docs / "armorial.md").string());
 }
 
+void écrire_blasons(const Armorial &armorial, const std::filesystem::path &fichier) {
+  constexpr int avant_les_régions = 200;
+  std::map<int, std::string> blasons;
+  for (std::size_t p = 1; p < armorial.provinces.size(); ++p)
+    blasons[static_cast<int>(p)] =
+        armorial.provinces[p].texte + ", timbré d'une couronne " + armorial.provinces[p].couronne;
+  for (std::size_t r = 1; r < armorial.régions.size(); ++r)
+    blasons[avant_les_régions + static_cast<int>(r)] = armorial.régions[r].texte;
+  écrire_textes(fichier, blasons);
+}
+
 }  // namespace
 
 Armorial lire_armorial(const std::filesystem::path &fichier, const Meubles &meubles) {
@@ -172,7 +184,7 @@ Image dessiner_drapeau(const Armoiries &armoiries, const Meubles &meubles) {
 }
 
 void dessiner_armorial(const Données &données, const std::filesystem::path &images, Catalogue &catalogue,
-                       const std::filesystem::path &docs) {
+                       const std::filesystem::path &blasons, const std::filesystem::path &docs) {
   const Meubles meubles = Meubles::lire(données.dossier / "charges.txt");
   const Armorial armorial = lire_armorial(données.dossier / "armorial.txt", meubles);
 
@@ -191,6 +203,7 @@ void dessiner_armorial(const Données &données, const std::filesystem::path &im
                 "Graphismes.DrapeauRégion(" + std::to_string(r) + ")",
                 fichier_numéroté("drapeau_region", r, 2), catalogue);
   écrire_document(données, armorial, images, docs);
+  écrire_blasons(armorial, blasons);
 }
 
 }  // namespace atelier

@@ -44,9 +44,10 @@ Image dessiner_armes(const Armoiries &armoiries, const Meubles &meubles);
 /// A flag that fills the picture, as 2x drawing.
 Image dessiner_drapeau(const Armoiries &armoiries, const Meubles &meubles);
 
-/// Draws everything into `images` (folders drapeau and drapeau_region) and writes docs/armorial.md, which
-/// shows these pictures.
+/// Draws everything into `images` (folders drapeau and drapeau_region), writes docs/armorial.md, which shows
+/// these pictures, and the table of texts `blasons`, which tells them: the provinces' under their numbers, the
+/// regions' under 200 and theirs.
 void dessiner_armorial(const Données &données, const std::filesystem::path &images, Catalogue &catalogue,
-                       const std::filesystem::path &docs);
+                       const std::filesystem::path &blasons, const std::filesystem::path &docs);
 
 }  // namespace atelier

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <string>
 
+#include "chart/expanses_file.h"
 #include "chart/layers.h"
 #include "chart/ornaments.h"
 #include "chart/points_file.h"
@@ -109,7 +110,7 @@ void add_rows(const Données &données, const Raster &raster, const Sites &sites
 }  // namespace
 
 void dessiner_carte(const Données &données, const std::filesystem::path &images, Catalogue &catalogue,
-                    const std::filesystem::path &points, std::map<int, std::string> &textes) {
+                    const std::filesystem::path &dossier, std::map<int, std::string> &textes) {
   const Plan plan = lire_plan(données.dossier / "terrain.txt");
   const Shores shores = draw_shores(plan);
   const Terrain terrain = raise_terrain(plan, shores);
@@ -120,7 +121,8 @@ void dessiner_carte(const Données &données, const std::filesystem::path &image
 
   const Raster raster = raster_of(données, provinces, shores);
   draw_layers(raster, images, catalogue);
-  écrire_points(points, provinces);
+  écrire_points(dossier / "ardane.pts", provinces);
+  écrire_étendues(dossier / "etendues.txt", provinces, shores);
   add_rows(données, raster, sites, textes);
 
   const Scene scene{plan, shores, terrain, rivers};

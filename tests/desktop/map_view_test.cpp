@@ -1,6 +1,8 @@
 // The map's viewport: stacking order, damage, fine pictures, presses and tool tips.
 #include "front/qt/map_view.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -205,6 +207,10 @@ class MapByKeys : public MapViews {
     shown().setFocus();
   }
   void press(Qt::Key key, Qt::KeyboardModifiers held = {}) { QTest::keyClick(&shown(), key, held); }
+  void give_focus(bool given, Qt::FocusReason reason) {
+    QFocusEvent event(given ? QEvent::FocusIn : QEvent::FocusOut, reason);
+    QApplication::sendEvent(&shown(), &event);
+  }
   /// Where Enter clicks.
   QPoint place() {
     press(Qt::Key_Return);
@@ -217,6 +223,33 @@ TEST_F(MapByKeys, TheFirstEnterShowsTheCursorAndClicksNothing) {
   press(Qt::Key_Return);
   EXPECT_EQ(pressed, QPoint(-1, -1));
   EXPECT_EQ(place(), QPoint(0, 0));
+}
+
+TEST_F(MapByKeys, WhoComesBackFromAnotherWindowClicksWhereTheCursorWas) {
+  press(Qt::Key_Right, Qt::ShiftModifier);
+  const QImage with_cursor = shown().grab().toImage();
+  give_focus(false, Qt::ActiveWindowFocusReason);
+  EXPECT_NE(shown().grab().toImage(), with_cursor);
+  give_focus(true, Qt::ActiveWindowFocusReason);
+  EXPECT_EQ(shown().grab().toImage(), with_cursor);
+  EXPECT_EQ(place(), QPoint(10, 0));
+}
+
+TEST_F(MapByKeys, AnEnterMeantForAButtonThatHasGoneOnlyShowsTheCursor) {
+  press(Qt::Key_Right, Qt::ShiftModifier);
+  give_focus(false, Qt::TabFocusReason);
+  give_focus(true, Qt::OtherFocusReason);
+  pressed = {-1, -1};
+  EXPECT_EQ(place(), QPoint(-1, -1));
+  EXPECT_EQ(place(), QPoint(10, 0));
+}
+
+TEST_F(MapByKeys, AnEnterHeldDownClicksOnce) {
+  press(Qt::Key_Right, Qt::ShiftModifier);
+  pressed = {-1, -1};
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+  QApplication::sendEvent(&shown(), &held);
+  EXPECT_EQ(pressed, QPoint(-1, -1));
 }
 
 TEST_F(MapByKeys, AnArrowMovesByOnePixelOfTheDataAndByTenWithShift) {

@@ -23,6 +23,8 @@ struct MapGuide {
   std::function<std::string(Point from, Point to)> tell;
   /// Where a place lies, and what lies around it.
   std::function<std::string(Point)> locate, sweep;
+  /// The question under way.
+  std::function<std::string()> repeat;
 };
 
 /// What the widgets of one window share.

@@ -44,7 +44,8 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
   renderer_.guide = {[this] { return Cibles(programme_.contexte()); },
                      [this](Point from, Point to) { return Décrire_lieu(programme_.contexte(), from, to); },
                      [this](Point place) { return Situer(programme_.contexte(), place); },
-                     [this](Point place) { return Balayer(programme_.contexte(), place); }};
+                     [this](Point place) { return Balayer(programme_.contexte(), place); },
+                     [this] { return Redire_partie(Ecouter(programme_.contexte())); }};
   renderer_.synced = [this] { speak(); };
   install_accessibility();
   renderer_.fitted = [this] { rest_.start(resting_delay); };

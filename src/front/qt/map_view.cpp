@@ -184,7 +184,7 @@ void MapView::paintEvent(QPaintEvent *event) {
   for (const QRect &part : event->region())
     painter.drawImage(QRectF(part), shown,
                       QRectF(QPointF(part.topLeft()) * device, QSizeF(part.size()) * device));
-  if (!cursor_shown_) return;
+  if (!cursor_shown_ || focus_away_) return;
   cursor_drawn_ = cursor_area();
   draw_cursor(painter, QRectF(cursor_drawn_).center(), context_.scale.value());
 }
@@ -270,19 +270,24 @@ void MapView::follow_cursor() {
 void MapView::show_cursor() {
   follow_cursor();
   cursor_shown_ = true;
+  focus_away_ = false;
   update(cursor_drawn_);
   update(cursor_area());
   show_tip(cursor_pixel().center(), mapToGlobal(cursor_area().bottomRight()));
   tell_place();
 }
 
-/// True for a key that asks about the place under the cursor.
-bool MapView::ask(const QKeyEvent &event) {
-  const auto &question = event.key() == Qt::Key_O ? context_.guide.locate : context_.guide.sweep;
-  if ((event.key() != Qt::Key_O && event.key() != Qt::Key_T) || event.modifiers() != Qt::NoModifier)
-    return false;
-  if (question && QAccessible::isActive()) say(question({cursor_.place().x(), cursor_.place().y()}));
-  return true;
+/// What a listener asks by a key; nothing for another key.
+std::optional<std::string> MapView::answer(const QKeyEvent &event) const {
+  const MapGuide &guide = context_.guide;
+  if (!guide.tell || !QAccessible::isActive() || event.modifiers() != Qt::NoModifier) return std::nullopt;
+  const Point here{cursor_.place().x(), cursor_.place().y()};
+  switch (event.key()) {
+    case Qt::Key_O: return guide.locate(here);
+    case Qt::Key_T: return guide.sweep(here);
+    case Qt::Key_R: return guide.repeat();
+    default: return std::nullopt;
+  }
 }
 
 void MapView::tell_place() {
@@ -303,8 +308,18 @@ void MapView::hide_cursor() {
   update(cursor_drawn_);
 }
 
+/// Whoever comes back from a window or a menu goes on where the cursor was. An Enter meant for a button that
+/// has gone is another matter.
+void MapView::focusInEvent(QFocusEvent *event) {
+  QWidget::focusInEvent(event);
+  if (event->reason() == Qt::OtherFocusReason) hide_cursor();
+  focus_away_ = false;
+  if (cursor_shown_) update(cursor_area());
+}
+
 void MapView::focusOutEvent(QFocusEvent *event) {
-  hide_cursor();
+  focus_away_ = true;
+  update(cursor_drawn_);
   QWidget::focusOutEvent(event);
 }
 
@@ -348,8 +363,10 @@ bool MapView::move_cursor(const QKeyEvent &event) {
 
 void MapView::keyPressEvent(QKeyEvent *event) {
   if (move_cursor(*event)) return show_cursor();
-  if (ask(*event)) return;
+  if (const auto told = answer(*event)) return say(*told);
   if (!is_enter(*event)) return QWidget::keyPressEvent(event);
+  // A key held down to agree with a box would go on to press the map.
+  if (event->isAutoRepeat()) return;
   if (!cursor_shown_) return show_cursor();
   const QPoint pixel = cursor_pixel().topLeft();
   const QPointF middle(pixel.x() + 0.5, pixel.y() + 0.5);

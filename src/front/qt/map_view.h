@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "front/qt/control_view.h"
@@ -43,6 +45,7 @@ class MapView : public QWidget {
   void mouseReleaseEvent(QMouseEvent *event) override;
   void wheelEvent(QWheelEvent *event) override;
   void keyPressEvent(QKeyEvent *event) override;
+  void focusInEvent(QFocusEvent *event) override;
   void focusOutEvent(QFocusEvent *event) override;
   bool event(QEvent *event) override;
 
@@ -66,7 +69,7 @@ class MapView : public QWidget {
   void show_cursor();
   void tell_place();
   void say(const std::string &text);
-  bool ask(const QKeyEvent &event);
+  std::optional<std::string> answer(const QKeyEvent &event) const;
   void hide_cursor();
   std::vector<QPoint> targets() const;
   void follow_cursor();
@@ -91,6 +94,7 @@ class MapView : public QWidget {
   MapCursor cursor_;
   QPoint told_;                ///< where it stood when its place was last told
   bool cursor_shown_ = false;  ///< the player moves by keys
+  bool focus_away_ = false;    ///< in another window, or on a menu
   QRect cursor_drawn_;         ///< where it was painted last, in the toolkit's pixels
   struct Drag {
     QPointF press;  ///< in the toolkit's pixels

@@ -39,7 +39,7 @@ class Listener:
         self.front = None  # the window that is in front
         self.focus = None
         self._new = []  # said since the last key
-        self._arrivals = 0  # of the focus since then
+        self._arrivals = []  # what was said of what has got the focus since then
         self._deadline = deadline
         self._stopped = False
         # Whoever runs out of patience still gets the transcript.
@@ -71,8 +71,9 @@ class Listener:
         elif event.type == "object:state-changed:focused":
             if event.detail1:
                 self.focus = source
-                self._say(spoken(source))
-                self._arrivals += 1
+                said = spoken(source)
+                self._say(said)
+                self._arrivals.append(said)
         elif event.type == "object:property-change:accessible-name":
             if source == self.focus:
                 self._say(source.get_name())
@@ -120,15 +121,15 @@ class Listener:
     def ask(self, *keys):
         """Presses keys each of which gives the focus to something, and returns what is said of the last."""
         self.press(*keys)
-        self._wait(lambda: self._arrivals >= len(keys) or None, keys[-1])
-        return self._new[-1]
+        self._wait(lambda: len(self._arrivals) >= len(keys) or None, keys[-1])
+        return self._arrivals[-1]
 
     # What is pressed.
 
     def press(self, *keys):
         """Presses keys, such as "Ctrl+Droite", one after the other. What was said before is forgotten."""
         self._new.clear()
-        self._arrivals = 0
+        self._arrivals.clear()
         for key in keys:
             self.transcript.append(f"{time.monotonic() - self._started:7.2f}  [{key}]")
             names = key.split("+")

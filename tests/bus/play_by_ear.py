@@ -8,6 +8,7 @@ from listener import Listener, Silence
 # One thing takes no longer, even where everything is checked as it runs.
 DEADLINE = 30
 MAP = "Carte"
+LONGEST_MENU = 20
 
 
 class Player(Listener):
@@ -24,19 +25,17 @@ class Player(Listener):
         self.hear(lambda said: said == MAP, "the map")
 
     def choose(self, menu, entry):
-        """A window that comes back takes the focus from the menus again: then they are opened anew."""
-        said = ""
-        while not said.startswith(entry + ","):
-            self.pause()
-            said = self.seek("Droite", menu, self.ask("Alt"))
-            if said.startswith(menu + ","):
-                said = self.seek("Bas", entry, self.ask("Bas"))
+        self.pause()
+        self.seek("Droite", menu, self.ask("Alt"))
+        self.seek("Bas", entry, self.ask("Bas"))
         self.press("Entrée")
 
     def seek(self, key, entry, said):
-        while said.endswith("menu item") and not said.startswith(entry + ","):
+        for _ in range(LONGEST_MENU):
+            if said.startswith(entry + ","):
+                return
             said = self.ask(key)
-        return said
+        raise Silence(f"no {entry} in the menus")
 
     def stand(self, *keys):
         """Presses keys and asks where that has led: the name that is said, and the place."""
@@ -104,12 +103,8 @@ def is_judged(said):
 def answer(player, place):
     """Clicks there, and returns what is judged."""
     player.go(place)
-    said = ""
-    while not is_judged(said):
-        # Where the focus has been away meanwhile, the first Enter only brings the cursor back.
-        player.press("Entrée")
-        said = player.hear(lambda said: is_judged(said) or said.startswith("point"), "a judgement")
-    return said
+    player.press("Entrée")
+    return player.hear(is_judged, "a judgement")
 
 
 def start_game(player):
@@ -142,7 +137,9 @@ def give_up(player):
     while not said.startswith("Je passe !,"):
         said = player.ask("Tab")
     player.press("Espace")
-    return player.hear(lambda said: "Trouvez moi" in said, "another question")
+    said = player.hear(lambda said: "Trouvez moi" in said, "another question")
+    player.ask("Entrée")  # meant for the button, which has gone: it only tells where the cursor stands
+    return said
 
 
 def play(player, places):

@@ -103,6 +103,14 @@ TEST_F(MenuKeys, AltAndALetterOpenAMenuAndTheLetterChooses) {
   EXPECT_EQ(state().Niveau_affiché, niveau_facile);
 }
 
+TEST_F(MenuKeys, AnAltThatIsSentOnceMoreForAScreenReaderLeavesTheBarAsItIs) {
+  for (const char *tap : {"pressed", "sent once more"}) {
+    QTest::keyPress(frame(), Qt::Key_Alt);  // keys of a test bear no time, either
+    QTest::keyRelease(frame(), Qt::Key_Alt);
+    EXPECT_NE(bar().activeAction(), nullptr) << tap;
+  }
+}
+
 TEST_F(MenuKeys, F10OpensTheFirstMenuAndEscapeLeavesIt) {
   QTest::keyClick(frame(), Qt::Key_F10);
   ASSERT_EQ(open_menu(), "menu:menu_fichier");

@@ -1,5 +1,6 @@
 #include "front/qt/menu_view.h"
 
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
 #include <QShortcut>
@@ -10,6 +11,21 @@
 
 namespace ardane {
 namespace {
+
+/// Where a screen reader hears the keys, the toolkit sends each of them once more, without its time. A bar
+/// would take an Alt that has been let go by then for another one, and close the menus that the first has
+/// opened.
+class MenuBar : public QMenuBar {
+ public:
+  using QMenuBar::QMenuBar;
+
+ protected:
+  bool eventFilter(QObject *window, QEvent *event) override {
+    const bool sent_again = hasFocus() && event->type() == QEvent::ShortcutOverride &&
+                            static_cast<const QKeyEvent *>(event)->timestamp() == 0;
+    return !sent_again && QMenuBar::eventFilter(window, event);
+  }
+};
 
 bool is_menu(const Contrôle &control) {
   return control.genre == Genre::menu;
@@ -38,7 +54,7 @@ bool has_menu(const Fenêtre &window) {
 }
 
 MenuView::MenuView(const ViewContext &context, QWidget *parent)
-    : context_(context), bar_(*make_child<QMenuBar>(parent)) {
+    : context_(context), bar_(*make_child<MenuBar>(parent)) {
   bar_.setNativeMenuBar(false);
   bar_.setObjectName(QStringLiteral("barre_de_menus"));
   for (Contrôle &control : context_.window.contrôles())

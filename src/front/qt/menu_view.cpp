@@ -84,8 +84,11 @@ QAction *MenuView::make_action(Contrôle &control) {
   } else {
     action = make_child<QAction>(holder);
     holder->addAction(action);
-    connect(action, &QAction::triggered, this,
-            [this, &control] { context_.dispatcher.run([&] { cliquer(context_.window, control); }); });
+    // The bar lets go of the keyboard behind its own entry only, and after a box it could not give it back.
+    const auto when = control.conteneur == nullptr ? Qt::QueuedConnection : Qt::AutoConnection;
+    connect(
+        action, &QAction::triggered, this,
+        [this, &control] { context_.dispatcher.run([&] { cliquer(context_.window, control); }); }, when);
     if (control.conteneur != nullptr) action->setShortcut(keys_of(control));
     action->setAutoRepeat(false);
   }

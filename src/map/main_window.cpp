@@ -256,6 +256,7 @@ void Ecran_principal::créer_panneau() {
   barre_h.visible = barre_v.visible = false;
   Bouton_gruge.visible = BoutonPasse.visible = false;
   Bouton_gruge.nom_parlé = "Aide : montrer la réponse";
+  Elément_recherché.nom_parlé = "Image de la question";
   Image_recherchée.nom_parlé = "Ce qu'il faut trouver";
   Carte.nom_parlé = "Carte";
   barre_h.nom_parlé = "Carte, d'ouest en est";

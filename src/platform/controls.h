@@ -119,6 +119,7 @@ class Fenêtre {
 
   std::string nom;
   std::string titre;
+  std::string nom_parlé;  ///< what a screen reader says of a window without a title
   double gauche = 0, haut = 0, largeur = 0, hauteur = 0;  ///< client area, pixels of the screen
   int contexte_aide = 0;
   bool fermable = true;                 ///< has a close control of the window manager's

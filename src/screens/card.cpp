@@ -47,7 +47,7 @@ Pompe::Pompe(Contexte &c)
   marqueur_.visible = true;
   placer_près_du_marqueur();
   nom_pays.texte = g.TableProvinces(g.ProvinceFiche).nom;
-  texte.nom_parlé = nom_pays.texte;
+  texte.étiquette = &nom_pays;
   montrer_drapeau();
   if (const auto fiche = Lire_fiche_information(c, g.ProvinceFiche)) texte.texte = fiche->texte;
   contrôle(*this, "BTN_OK").clic = [this] { fermer(); };

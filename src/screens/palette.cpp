@@ -69,6 +69,8 @@ Palette::Palette(Contexte &c) : Fenêtre("Palette"), c_(c) {
   hauteur = 99;
   avec_titre = false;
   fermable = false;
+  nom_parlé = c.état.Palette_cible == repères_des_capitales ? "Couleur du repère des capitales"
+                                                            : "Couleur du repère des autres villes";
   Centrer_fenêtre(c.état, *this);
   for (int n = 1; n <= static_cast<int>(noms_des_couleurs.size()); ++n) {
     const int colonne = (n - 1) % par_rangée;

@@ -58,6 +58,7 @@ Affichage_scores::Affichage_scores(Contexte &c) : Fenêtre("Affichage_scores") {
   contrôle(*this, "Command1").clic = [this] { fermer(); };
   Contrôle &statistiques = contrôle(*this, "BoutonStatistiques");
   statistiques.image = c.ressources.images.chercher("Affichage_scores.BoutonStatistiques");
+  statistiques.nom_parlé = "Statistiques";
   statistiques.visible = c.état.AprèsPartie;
   statistiques.clic = [&c] { c.plateforme.fenêtres.ouvrir_modale("Stats"); };
   écrire_titre(c);

@@ -99,6 +99,8 @@ class HelpQt::Window : public QWidget {
 
   void lay_out() {
     back_.setEnabled(false);
+    search_.setAccessibleName(QStringLiteral("Rechercher dans l’aide"));
+    page_.setAccessibleName(QStringLiteral("Page d’aide"));
     auto *top = make_child<QHBoxLayout>();
     top->addWidget(&back_);
     top->addWidget(&contents_);

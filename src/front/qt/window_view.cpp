@@ -220,6 +220,7 @@ void WindowView::sync() {
 void WindowView::sync_window() {
   const QString title = to_qt(window().titre).trimmed();
   if (frame_.windowTitle() != title) frame_.setWindowTitle(title);
+  if (title.isEmpty()) frame_.setAccessibleName(to_qt(window().nom_parlé));
   if (menu_ != nullptr) menu_->sync();
   sync_geometry();
 }

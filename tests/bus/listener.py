@@ -159,13 +159,16 @@ def children(node):
     return [child for i in range(node.get_child_count()) if (child := node.get_child_at_index(i)) is not None]
 
 
+def leads_to_field(label):
+    return any(r.get_relation_type() == Atspi.RelationType.LABEL_FOR for r in label.get_relation_set())
+
+
 def texts_of(window):
     """What a dialog tells by itself: its labels that name no other control."""
     if window.get_role() == Atspi.Role.FRAME:
         return
     for node in children(window):
-        names = any(r.get_relation_type() == Atspi.RelationType.LABEL_FOR for r in node.get_relation_set())
-        if node.get_role() == Atspi.Role.LABEL and not names:
+        if node.get_role() == Atspi.Role.LABEL and not leads_to_field(node):
             yield node.get_name()
         yield from texts_of(node)
 

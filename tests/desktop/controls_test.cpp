@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTest>
 #include <QTextCursor>
 #include <QToolTip>
@@ -407,6 +408,17 @@ TEST_F(Controls, APictureButtonShowsItsPictureAndSpeaksItsToolTip) {
   EXPECT_FALSE(shown->icon().isNull());
   EXPECT_EQ(shown->toolTip(), "Je passe !");
   EXPECT_EQ(shown->accessibleName(), "Je passe !");
+}
+
+TEST_F(Controls, TheMarkOfAnOptionIsAsHighAsItsLetters) {
+  add("petite", Genre::option).police = {Famille_police::sans_serif, 8};
+  add("grande", Genre::option).police = {Famille_police::sans_serif, 24};
+  show();
+  for (const char *name : {"petite", "grande"}) {
+    const auto *button = stage.widget<QRadioButton>(window, name);
+    EXPECT_EQ(button->style()->pixelMetric(QStyle::PM_ExclusiveIndicatorHeight, nullptr, button),
+              button->fontMetrics().height());
+  }
 }
 
 TEST_F(Controls, OptionsOfOneFrameExcludeEachOther) {

@@ -213,6 +213,7 @@ void Stats::écrire_coût(Colonne colonne, int ligne, const Coût &coût, int é
   Contrôle &boîte = cellule(colonne, ligne);
   boîte.texte = std::to_string(coût.points);
   boîte.fond = couleur_de_cellule(c_.état, coût, étape);
+  boîte.nom_parlé = boîte.texte + ", " + mots_de_cellule(c_.état, coût, étape);
 }
 
 Contrôle &Stats::ajouter_cellule(Colonne colonne, int ligne) {

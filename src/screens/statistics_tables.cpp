@@ -79,4 +79,9 @@ Teinte couleur_de_cellule(const GameState &g, const Coût &coût, int étape) {
   return Couleur_étape(g, étape);
 }
 
+std::string mots_de_cellule(const GameState &g, const Coût &coût, int étape) {
+  if (coût.trouvée) return coût.points == 0 ? "trouvé du premier coup" : "trouvé";
+  return coût.hors_jeu || !Jeu_utilisé(g, étape) ? "pas joué" : "pas trouvé";
+}
+
 }  // namespace ardane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "core/game_state.h"
@@ -39,5 +40,7 @@ Coût coût_de_ville(const GameState &g, int ville);
 Teinte Couleur_étape(const GameState &g, int étape);
 /// The ground of a cell: green for right at the first try, red for not found though the stage was played.
 Teinte couleur_de_cellule(const GameState &g, const Coût &coût, int étape);
+/// What a listener is told in place of that colour.
+std::string mots_de_cellule(const GameState &g, const Coût &coût, int étape);
 
 }  // namespace ardane

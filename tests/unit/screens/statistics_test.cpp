@@ -92,17 +92,25 @@ TEST_F(Statistics, WhatIsLeftOutOfPlayHasNoRow) {
   EXPECT_THAT(premiers(nombre_de_lignes(g(), Tableau::villes)), testing::Not(testing::Contains(2)));
 }
 
-TEST_F(Statistics, ACellIsColouredByWhatTheObjectCost) {
+TEST_F(Statistics, ACellIsColouredByWhatTheObjectCostAndToldInWords) {
   const struct {
     Coût coût;
     int étape;
     Teinte fond;
-  } cas[] = {{{0, true, false}, étape_villes, vert},   {{0, true, true}, étape_villes, vert},
-             {{5, true, false}, étape_villes, neutre}, {{0, false, true}, étape_villes, neutre},
-             {{5, false, true}, étape_villes, neutre}, {{0, false, false}, étape_villes, rouge},
-             {{5, false, false}, étape_villes, rouge}, {{5, false, false}, étape_drapeaux, neutre}};
+    const char *mots;
+  } cas[] = {{{0, true, false}, étape_villes, vert, "trouvé du premier coup"},
+             {{0, true, true}, étape_villes, vert, "trouvé du premier coup"},
+             {{5, true, false}, étape_villes, neutre, "trouvé"},
+             {{0, false, true}, étape_villes, neutre, "pas joué"},
+             {{5, false, true}, étape_villes, neutre, "pas joué"},
+             {{0, false, false}, étape_villes, rouge, "pas trouvé"},
+             {{5, false, false}, étape_villes, rouge, "pas trouvé"},
+             {{5, false, false}, étape_drapeaux, neutre, "pas joué"}};
   g().Ordre_jeux(4) = aucun_jeu;
-  for (const auto &c : cas) EXPECT_EQ(couleur_de_cellule(g(), c.coût, c.étape), c.fond);
+  for (const auto &c : cas) {
+    EXPECT_EQ(couleur_de_cellule(g(), c.coût, c.étape), c.fond);
+    EXPECT_EQ(mots_de_cellule(g(), c.coût, c.étape), c.mots);
+  }
 }
 
 TEST_F(Statistics, ARegionIsOutOfPlayWhenAllItsProvincesAre) {

@@ -41,7 +41,7 @@ void vérifier_partie(const Contenu_partie &partie) {
   exiger(est_niveau(partie.niveau), "a game has a level");
   exiger(!partie.apprentissage || partie.niveau == niveau_facile, "learning mode is of the level Facile");
   exiger(partie.score > 0 && partie.score <= score_de_départ, "a game goes on with points only");
-  exiger(partie.trouvées.size() == static_cast<std::size_t>(nombre_de_paires(partie.étape)),
+  exiger(partie.trouvées.size() == static_cast<std::size_t>(nombre_de_paires(partie.étape, false)),
          "every object of the stage has its pair");
   const int dernier = partie.étape == étape_villes ? nombre_villes : nombre_provinces;
   for (const Paire &paire : partie.trouvées)

@@ -109,7 +109,7 @@ bool prendre_sans_sauvegarder(Contexte &c) {
   if (réponse != Réponse::oui) return false;
   const bool modifié = provinces_modifiées(g);
   g.Fichier_lancement = nom_fichier_temporaire;
-  Effacer_fichier(c.dossier.complet(g.Fichier_lancement));
+  Effacer_scores(c);
   if (modifié) {
     Retenir_exclusions(g);
     Vider_scores(c);

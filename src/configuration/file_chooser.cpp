@@ -13,11 +13,13 @@
 #include "map/layout.h"
 #include "map/map_reset.h"
 #include "persistence/folders.h"
+#include "persistence/lifeline.h"
 #include "persistence/saved_game_format.h"
 #include "persistence/score_file.h"
 #include "platform/log.h"
 #include "platform/text.h"
 #include "platform/window_layout.h"
+#include "play/interrupted_game.h"
 #include "play/saved_game.h"
 #include "play/stage_sequencer.h"
 
@@ -206,6 +208,8 @@ void Sélection_partie::reprendre_partie(const std::string &chemin) {
   if (!Charger_partie(c_, chemin)) return listes_.actualiser();
   Proposer_répertoire(c_, listes_.dossier());
   Reprendre_partie(c_);
+  Tenir_partie(c_);
+  c_.secours.attendre();
   // Last of all: until the game stands on the screen it stands on the disk.
   if (!Effacer_fichier(chemin)) consigner("La partie « " + chemin + " » ne peut pas être effacée");
   fermer();

@@ -8,6 +8,7 @@ struct Ressources;
 struct Plateforme;
 class Dossier_courant;
 class Ecran_principal;
+class Secours;
 
 struct Contexte {
   GameState &état;
@@ -15,6 +16,7 @@ struct Contexte {
   Plateforme &plateforme;
   const Ressources &ressources;
   Dossier_courant &dossier;  ///< that bare names are resolved against
+  Secours &secours;          ///< what is kept of the run beside the player's files
 };
 
 }  // namespace ardane

@@ -168,6 +168,16 @@ constexpr bool est_niveau(int niveau) {
   return niveau >= niveau_facile && niveau <= niveau_expert;
 }
 
+/// True for a stage of the game.
+constexpr bool est_un_jeu(int étape) {
+  return étape >= étape_provinces && étape <= étape_régions;
+}
+
+/// There is a game to lose: it has begun, and its score has not been dealt with.
+inline bool partie_en_cours(const GameState &g) {
+  return !g.PartieVierge && !g.PartieClose && g.Etape != étape_paramétrage_affiché;
+}
+
 /// The levels that show on the map what has been found.
 inline bool bas_niveau(const GameState &g) {
   return g.Niveau == niveau_facile || g.Niveau == niveau_moyen;

@@ -32,6 +32,7 @@ class Table {
   auto end() { return éléments_.end(); }
   auto begin() const { return éléments_.begin(); }
   auto end() const { return éléments_.end(); }
+  friend bool operator==(const Table &, const Table &) = default;
 
  private:
   static std::size_t place(long indice, Lieu lieu) {
@@ -55,6 +56,7 @@ class Table2 {
   const T &operator()(long i, long j, Lieu lieu = Lieu::ici()) const { return lignes_(i, lieu)(j, lieu); }
   Ligne &ligne(long i, Lieu lieu = Lieu::ici()) { return lignes_(i, lieu); }
   const Ligne &ligne(long i, Lieu lieu = Lieu::ici()) const { return lignes_(i, lieu); }
+  friend bool operator==(const Table2 &, const Table2 &) = default;
 
  private:
   Table<Ligne, Premier1, Dernier1> lignes_;

@@ -18,6 +18,20 @@
 //     1100 slots   each province's total and its four stages: 32-bit points lost, 16-bit boolean found
 //     40 slots     each region: the same two
 //     660 slots    each town: the same two
+//
+// A game that was interrupted is kept in the same slots, as one whose configuration no score file keeps, and
+// with pairs in the stage Drapeaux too; in front of them and behind them stands what lets it go on at the
+// very question:
+//
+//     1 slot       text, "Partie interrompue, forme 1"
+//     ...
+//     110 slots    16-bit boolean a province: left out of the game
+//     1 slot       32-bit, when it was kept, in seconds since midnight
+//     1 slot       16-bit, the province, town or region asked
+//     2 slots      16-bit, wrong clicks on the question; boolean, its target blinks
+//     1 slot       16-bit boolean, the tip about the cards has been given
+//     1 slot       16-bit, number of the provinces selected in the stage Régions; then so many slots
+//     bytes        the score file in use, UTF-8
 #pragma once
 
 #include <cstdint>
@@ -47,6 +61,19 @@ struct Bilan {
 struct Paramétrage_en_ligne {
   Ordre_de_jeu ordre;
   std::vector<Enregistrement_score> scores;
+  friend bool operator==(const Paramétrage_en_ligne &, const Paramétrage_en_ligne &) = default;
+};
+
+/// What a game has that was not saved but interrupted.
+struct Interruption {
+  std::int32_t heure = 0;  ///< when it was kept, in seconds since midnight
+  Table<bool, 1, nombre_provinces> inhibée;
+  std::int16_t question = 0;  ///< the province, town or region asked
+  std::int16_t erreurs = 0;
+  bool assistance = false;
+  bool conseil_vu = false;
+  std::vector<std::int16_t> sélection;  ///< in the order of the clicks
+  friend bool operator==(const Interruption &, const Interruption &) = default;
 };
 
 struct Contenu_partie {
@@ -63,6 +90,8 @@ struct Contenu_partie {
   Table2<Bilan, 1, nombre_provinces, 0, nombre_jeux> provinces;
   Table<Bilan, 1, nombre_régions> régions;
   Table<Bilan, 1, nombre_villes> villes;
+  std::optional<Interruption> interruption;
+  friend bool operator==(const Contenu_partie &, const Contenu_partie &) = default;
 };
 
 struct Lecture_partie {
@@ -70,8 +99,8 @@ struct Lecture_partie {
   std::optional<Défaut_de_case> défaut;
 };
 
-/// How many pairs a game saved in that stage has.
-int nombre_de_paires(int étape);
+/// How many pairs a game left in that stage has.
+int nombre_de_paires(int étape, bool interrompue);
 
 /// Reads a saved game whatever its version.
 ///
@@ -82,7 +111,14 @@ int nombre_de_paires(int étape);
 /// points lost below 0 or beyond a thousand million.
 Lecture_partie lire_partie(std::istream &flux);
 
-/// Writes a saved game. Nothing if it is whole, otherwise what failed; what was written then stays.
+/// Reads an interrupted game whatever its version. A fault is what is one in a saved game; another first
+/// slot; a pair that is not its place's; a question that the stage cannot ask; more errors than a question
+/// allows, errors or a blinking target where there can be none; a selection of the same province twice, of
+/// more than a region holds, or in another stage; a time that is none.
+Lecture_partie lire_partie_interrompue(std::istream &flux);
+
+/// Writes a saved game, or an interrupted one. Nothing if it is whole, otherwise what failed; what was
+/// written then stays.
 std::optional<Défaut_de_case> écrire_partie(std::ostream &flux, const Contenu_partie &contenu);
 
 }  // namespace ardane

@@ -10,6 +10,7 @@
 #include "core/paths.h"
 #include "core/text_encoding.h"
 #include "persistence/folders.h"
+#include "persistence/lifeline.h"
 #include "persistence/registry.h"
 #include "persistence/score_format.h"
 #include "platform/durable_file.h"
@@ -59,6 +60,19 @@ std::optional<std::string> défaut_de_version(const Contexte &c) {
   return std::nullopt;
 }
 
+/// The file's bytes; none if they cannot be written.
+std::optional<std::string> octets_à_écrire(const Contenu_scores &contenu) {
+  std::ostringstream flux;
+  if (écrire_scores(flux, contenu)) return std::nullopt;
+  return flux.str();
+}
+
+void annoncer(Contexte &c, const Contenu_scores &contenu, bool fin_de_partie) {
+  if (!c.secours.en_service()) return;
+  if (const auto octets = octets_à_écrire(contenu))
+    c.secours.annoncer_écriture(fichier_en_usage(c), *octets, fin_de_partie);
+}
+
 void consigner_refus(const GameState &g, const std::string &raison) {
   consigner("Le fichier de scores « " + g.Fichier_lancement + " » est refusé : " + raison);
 }
@@ -66,7 +80,7 @@ void consigner_refus(const GameState &g, const std::string &raison) {
 /// Takes the default file and configuration, the file in use deleted. Failures change nothing more.
 void réparer(Contexte &c) {
   GameState &g = c.état;
-  Effacer_fichier(fichier_en_usage(c));
+  Effacer_scores(c);
   g.Fichier_lancement = Joindre_chemin(g.Répertoire_sauvegarde, nom_fichier_scores);
   Ecrire_registre(c.plateforme.registre, clé_du_jeu, réglage_fichier_lancement, g.Fichier_lancement);
   g.Ordre_jeux = ordre_par_défaut;
@@ -133,7 +147,10 @@ void Ajouter_scores(GameState &g, const std::vector<Enregistrement_score> &score
 
 bool Ecrire_scores(Contexte &c, bool avec_scores) {
   GameState &g = c.état;
-  const auto échec = écrire_fichier(fichier_en_usage(c), contenu_à_écrire(g, avec_scores));
+  const Contenu_scores contenu = contenu_à_écrire(g, avec_scores);
+  c.secours.garder_scores(fichier_en_usage(c), c.plateforme.horloge);
+  annoncer(c, contenu, false);
+  const auto échec = écrire_fichier(fichier_en_usage(c), contenu);
   if (échec) {
     consigner("Le fichier de scores « " + g.Fichier_lancement + " » n'est pas écrit : " + *échec);
     c.plateforme.boîtes.montrer({Icône::information, message(g, Message::erreur),
@@ -141,8 +158,19 @@ bool Ecrire_scores(Contexte &c, bool avec_scores) {
                                      " ! " + g.Fin_de_ligne +
                                      message(g, Message::fichier_peut_être_protégé)});
   }
+  // One that has failed is tried again at the next start.
+  if (!échec) c.secours.écriture_faite();
   g.Scores_non_sauvés = échec.has_value();
   return !échec;
+}
+
+void Annoncer_scores(Contexte &c) {
+  annoncer(c, contenu_à_écrire(c.état, true), true);
+}
+
+bool Effacer_scores(Contexte &c) {
+  c.secours.garder_scores(fichier_en_usage(c), c.plateforme.horloge);
+  return Effacer_fichier(fichier_en_usage(c));
 }
 
 bool Lire_fichier_scores(Contexte &c) {

@@ -26,6 +26,13 @@ void Ajouter_scores(GameState &g, const std::vector<Enregistrement_score> &score
 /// failure a box tells the player, the log says why, `Scores_non_sauvés` is set and the result is false.
 bool Ecrire_scores(Contexte &c, bool avec_scores);
 
+/// The lists, as they are to be when the game under way has ended, will be written whatever happens to this
+/// run.
+void Annoncer_scores(Contexte &c);
+
+/// Deletes the file in use. What it holds is kept beside.
+bool Effacer_scores(Contexte &c);
+
 /// Reads the file's configuration, and its scores into the emptied lists. False on any fault: the scores
 /// above it are then there, and the configuration is as it was.
 bool Lire_fichier_scores(Contexte &c);

@@ -1,5 +1,6 @@
 #include "persistence/slot_file.h"
 
+#include <algorithm>
 #include <istream>
 #include <ostream>
 
@@ -118,6 +119,22 @@ std::optional<Enregistrement_score> Lecteur_de_cases::score() {
   return Enregistrement_score{depuis_windows_1252(*nom), entier32_à(place), entier16_à(place + 4)};
 }
 
+std::optional<std::string> Lecteur_de_cases::octets(std::size_t au_plus) {
+  const auto nombre = entier32();
+  if (!nombre) return std::nullopt;
+  if (*nombre < 0 || static_cast<std::size_t>(*nombre) > au_plus) {
+    échouer(Cause::trop_long);
+    return std::nullopt;
+  }
+  std::string octets;
+  while (octets.size() < static_cast<std::size_t>(*nombre)) {
+    const std::size_t morceau = std::min(taille_de_case, static_cast<std::size_t>(*nombre) - octets.size());
+    if (!avancer() || !présents(morceau)) return std::nullopt;
+    octets.append(case_.data(), morceau);
+  }
+  return octets;
+}
+
 // --- Writer
 
 void Scripteur_de_cases::échouer(Cause cause) {
@@ -172,6 +189,14 @@ void Scripteur_de_cases::score(const Enregistrement_score &valeur) {
   ++numéro_;
   const std::string nom = octets_du_texte(valeur.nom, longueur_de_nom);
   if (!défaut_) case_suivante(nom + petit_boutiste(valeur.score) + petit_boutiste(valeur.niveau));
+}
+
+void Scripteur_de_cases::octets(std::string_view valeur) {
+  entier32(static_cast<std::int32_t>(valeur.size()));
+  for (; !défaut_ && !valeur.empty(); valeur.remove_prefix(std::min(taille_de_case, valeur.size()))) {
+    ++numéro_;
+    case_suivante(valeur.substr(0, taille_de_case));
+  }
 }
 
 bool Scripteur_de_cases::terminer() {

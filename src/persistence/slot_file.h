@@ -6,6 +6,7 @@
 //     text             16-bit length, then that many bytes of Windows-1252, 126 at most
 //     pair             two 16-bit integers
 //     score            text of 120 bytes at most, 32-bit score, 16-bit level, with no gap
+//     bytes            their number, 32-bit, in a slot; then themselves, in as many slots as they fill
 //
 // The bytes behind an item are padding: written as zeros, never looked at. The last slot may be cut short, as
 // long as its item is there.
@@ -24,6 +25,8 @@ namespace ardane {
 constexpr std::size_t taille_de_case = 128;
 constexpr std::size_t longueur_de_texte = 126;
 constexpr std::size_t longueur_de_nom = 120;
+/// Of a path that is kept as bytes.
+constexpr std::size_t longueur_de_chemin = 4096;
 
 struct Paire {
   std::int16_t indice = 0;
@@ -70,6 +73,8 @@ class Lecteur_de_cases {
   std::optional<std::string> texte(std::size_t plus_long = longueur_de_texte);
   std::optional<Paire> paire();
   std::optional<Enregistrement_score> score();
+  /// At most `au_plus` of them.
+  std::optional<std::string> octets(std::size_t au_plus);
 
   /// Refuses the item just read.
   void refuser();
@@ -106,6 +111,7 @@ class Scripteur_de_cases {
   void texte(std::string_view valeur);
   void paire(const Paire &valeur);
   void score(const Enregistrement_score &valeur);
+  void octets(std::string_view valeur);
 
   /// Hands everything to the device; true if every item has been written.
   bool terminer();

@@ -1,6 +1,7 @@
 #include "play/end_of_game.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/announcement.h"
 #include "core/game_state.h"
@@ -8,6 +9,7 @@
 #include "map/layers.h"
 #include "map/map_reset.h"
 #include "map/panel.h"
+#include "persistence/lifeline.h"
 #include "persistence/score_file.h"
 
 namespace ardane {
@@ -46,10 +48,22 @@ bool faire_place(GameState &g, int rang) {
   return rang <= nombre;
 }
 
+/// Whatever happens before the file is written, the player will not have been praised for nothing. The list
+/// takes the score only when he has read so.
+void mettre_le_score_de_côté(Contexte &c, int rang) {
+  Meilleur_score &place = c.état.Meilleurs_scores(c.état.Niveau, rang);
+  const Meilleur_score avant = std::exchange(place, {c.état.Nom_joueur, c.état.Score});
+  Annoncer_scores(c);
+  place = avant;
+}
+
 void inscrire(Contexte &c) {
   GameState &g = c.état;
   const int rang = rang_du_score(g, g.Score);
-  if (!faire_place(g, rang)) {
+  const bool classé = faire_place(g, rang);
+  if (classé) mettre_le_score_de_côté(c, rang);
+  c.secours.oublier();
+  if (!classé) {
     Jouer_son(c, g.SonPerdu);
     annoncer(c, Message::tour_gratuit, Message::hors_du_top_ten);
     return;
@@ -84,6 +98,7 @@ void ScoreDeProgression(Contexte &c) {
 void EntréeTopTen(Contexte &c) {
   GameState &g = c.état;
   if (g.ScoreNonRetenu) {
+    c.secours.oublier();
     Jouer_son(c, g.SonPerdu);
     annoncer(c, Message::tour_gratuit, Message::score_d_apprentissage_non_enregistré);
   } else {

@@ -66,13 +66,6 @@ bool conseil_à_donner(const GameState &g) {
   return g.ModeApprentissage && !g.ConseilFicheVu && (première_province || province_complète);
 }
 
-void offrir_aide(Contexte &c) {
-  if (c.état.ModeApprentissage)
-    c.principale.Bouton_gruge.visible = true;
-  else if (c.état.Niveau == niveau_facile)
-    c.principale.BoutonPasse.visible = true;
-}
-
 void retirer_aide(Contexte &c) {
   c.principale.BoutonPasse.visible = false;
   c.principale.Bouton_gruge.visible = false;
@@ -93,6 +86,13 @@ void abandonner_question(Contexte &c) {
 }
 
 }  // namespace
+
+void Offrir_aide(Contexte &c) {
+  if (c.état.ModeApprentissage)
+    c.principale.Bouton_gruge.visible = true;
+  else if (c.état.Niveau == niveau_facile)
+    c.principale.BoutonPasse.visible = true;
+}
 
 void BonneRéponse(Contexte &c) {
   GameState &g = c.état;
@@ -136,7 +136,7 @@ void MauvaiseRéponse(Contexte &c) {
   }
   if (g.NbErreurs < erreurs_permises) {
     Jouer_son(c, g.SonErreur);
-    if (g.NbErreurs == 1) offrir_aide(c);
+    if (g.NbErreurs == 1) Offrir_aide(c);
     return;
   }
   abandonner_question(c);

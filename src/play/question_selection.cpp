@@ -76,15 +76,25 @@ void poser_région(Contexte &c, int choix) {
 }  // namespace
 
 void QuestionSuivante(Contexte &c) {
-  GameState &g = c.état;
+  const GameState &g = c.état;
   const int n = reste_de_l_étape(g);
   if (n < 1) return;
   const float tirage = c.plateforme.hasard.tirer();
   switch (g.Etape) {
-    case étape_provinces: poser_province(c, tirer(g.TableProvinces, n, tirage, g.ProvinceCourante)); break;
-    case étape_villes: poser_ville(c, tirer(g.TableVilles, n, tirage, g.VilleCourante)); break;
-    case étape_drapeaux: poser_drapeau(c, tirer(g.TableProvinces, n, tirage, g.ProvinceCourante)); break;
-    case étape_régions: poser_région(c, tirer(g.TableRégions, n, tirage, g.RégionCourante)); break;
+    case étape_provinces:
+    case étape_drapeaux: Poser_question(c, tirer(g.TableProvinces, n, tirage, g.ProvinceCourante)); break;
+    case étape_villes: Poser_question(c, tirer(g.TableVilles, n, tirage, g.VilleCourante)); break;
+    case étape_régions: Poser_question(c, tirer(g.TableRégions, n, tirage, g.RégionCourante)); break;
+    default: break;
+  }
+}
+
+void Poser_question(Contexte &c, int choix) {
+  switch (c.état.Etape) {
+    case étape_provinces: poser_province(c, choix); break;
+    case étape_villes: poser_ville(c, choix); break;
+    case étape_drapeaux: poser_drapeau(c, choix); break;
+    case étape_régions: poser_région(c, choix); break;
     default: break;
   }
 }

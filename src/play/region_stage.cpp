@@ -38,12 +38,17 @@ bool peut_être_choisie(const GameState &g, const Fiche_province &province) {
   return g.Niveau == niveau_expert;
 }
 
-void choisir_province(Contexte &c, int province) {
+void inscrire_dans_la_sélection(Contexte &c, int province) {
   GameState &g = c.état;
-  Jouer_son(c, g.SonSélection);
   g.SélectionRégion(g.ResteRégion) = static_cast<std::int16_t>(province);
   --g.ResteRégion;
   afficher_nombre(c);
+}
+
+void choisir_province(Contexte &c, int province) {
+  const GameState &g = c.état;
+  Jouer_son(c, g.SonSélection);
+  inscrire_dans_la_sélection(c, province);
   if (g.ResteRégion != 0)
     Montrer_province(c, province, false);
   else
@@ -112,6 +117,11 @@ void ClicRégion(Contexte &c, int p) {
     choisir_province(c, p);
   else if (g.ModeApprentissage && province.région != g.RégionCourante)
     Ouvrir_fiche(c, p, true);
+}
+
+void Sélectionner_province(Contexte &c, int province) {
+  inscrire_dans_la_sélection(c, province);
+  Montrer_province(c, province, false);
 }
 
 void ValiderSélectionRégion(Contexte &c) {

@@ -7,6 +7,8 @@ namespace ardane {
 
 /// A click on a province in stage Régions: it enters the selection or leaves it.
 void ClicRégion(Contexte &c, int province);
+/// Adds a province to the selection, which is not complete with it. Nothing is heard.
+void Sélectionner_province(Contexte &c, int province);
 /// Judges the whole selection.
 void ValiderSélectionRégion(Contexte &c);
 

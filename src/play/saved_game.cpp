@@ -15,7 +15,7 @@
 #include "map/panel.h"
 #include "map/visibility_rules.h"
 #include "persistence/folders.h"
-#include "persistence/saved_game_format.h"
+#include "persistence/lifeline.h"
 #include "persistence/score_file.h"
 #include "platform/file_replacement.h"
 #include "platform/log.h"
@@ -42,7 +42,9 @@ Bilan bilan_de(const Fiche &fiche) {
   return {fiche.points_perdus, fiche.trouvée_étape};
 }
 
-Contenu_partie contenu_à_enregistrer(const GameState &g) {
+}  // namespace
+
+Contenu_partie Relever_partie(const GameState &g, bool interrompue) {
   Contenu_partie contenu;
   contenu.version = g.Version_programme;
   contenu.langue = g.Langue;
@@ -53,7 +55,7 @@ Contenu_partie contenu_à_enregistrer(const GameState &g) {
   contenu.niveau = g.Niveau;
   contenu.apprentissage = g.ModeApprentissage;
   contenu.score = g.Score;
-  const int paires = nombre_de_paires(g.Etape);
+  const int paires = nombre_de_paires(g.Etape, interrompue);
   contenu.trouvées = g.Etape == étape_villes ? relever_trouvées(g.TableVilles, paires)
                                              : relever_trouvées(g.TableProvinces, paires);
   for (int p = 1; p <= nombre_provinces; ++p) {
@@ -66,11 +68,13 @@ Contenu_partie contenu_à_enregistrer(const GameState &g) {
   return contenu;
 }
 
+namespace {
+
 /// Nothing if the game is on the disk, otherwise why not.
 std::optional<std::string> écrire_fichier(const GameState &g, const std::string &chemin) {
   if (!Tester_ecriture(Dossier_de(chemin))) return "son dossier refuse l'écriture";
   std::ostringstream flux;
-  if (const auto défaut = écrire_partie(flux, contenu_à_enregistrer(g))) return décrire_défaut(*défaut);
+  if (const auto défaut = écrire_partie(flux, Relever_partie(g, false))) return décrire_défaut(*défaut);
   const auto échec = remplacer_fichier(chemin_natif(chemin), flux.str());
   return échec ? std::optional(std::string(*échec)) : std::nullopt;
 }
@@ -84,19 +88,25 @@ Lecture_partie lire_fichier(const std::string &chemin) {
   return lire_partie(flux);
 }
 
-/// Configuration and scores: those of the file itself, or of the score file that it names.
+/// Configuration and scores of a game that has them in itself.
+void prendre_en_ligne(GameState &g, const Contenu_partie &contenu) {
+  g.Ordre_jeux = contenu.en_ligne.ordre;
+  Ajouter_scores(g, contenu.en_ligne.scores);
+  if (!contenu.interruption) return;
+  for (int p = 1; p <= nombre_provinces; ++p) g.TableProvinces(p).inhibée = contenu.interruption->inhibée(p);
+}
+
+/// Those of the file itself, or of the score file that it names. A game that was interrupted goes on as it
+/// was, with the scores of its file and those that may not have come so far.
 void prendre_paramétrage(Contexte &c, const Contenu_partie &contenu) {
   GameState &g = c.état;
   Vider_scores(c);
   const bool connue = contenu.langue >= 1 && contenu.langue <= g.Nombre_langues;
   g.Langue = connue ? contenu.langue : std::int16_t{1};
   g.Fichier_lancement = contenu.fichier_lancement;
-  if (paramétrage_temporaire(g)) {
-    g.Ordre_jeux = contenu.en_ligne.ordre;
-    Ajouter_scores(g, contenu.en_ligne.scores);
-  } else {
-    Charger_scores(c);
-  }
+  if (!contenu.interruption && !paramétrage_temporaire(g)) return Charger_scores(c);
+  prendre_en_ligne(g, contenu);
+  if (!paramétrage_temporaire(g)) Reprendre_scores_des_autres(c);
 }
 
 bool hors_jeu(const GameState &, const Fiche_province &province) {
@@ -153,8 +163,8 @@ void reprendre_régions(GameState &g) {
 
 void reprendre_étape(GameState &g, const std::vector<Paire> &paires) {
   g.VillesRestantes = nombre_villes;
-  // A stage of flags begins anew; the reset has counted what it has to find.
-  if (g.Etape == étape_drapeaux) return;
+  // A stage of flags that was saved begins anew; the reset has counted what it has to find.
+  if (paires.empty()) return;
   g.ProvincesRestantes = nombre_provinces;
   if (g.Etape == étape_villes) return reprendre_villes(g, paires);
   reprendre_provinces(g, paires);
@@ -189,7 +199,7 @@ void refuser_version(Contexte &c) {
 
 void Demander_enregistrement(Contexte &c) {
   const GameState &g = c.état;
-  if (g.PartieVierge || g.PartieClose || g.Etape == étape_paramétrage_affiché) return;
+  if (!partie_en_cours(g)) return;
   if (SoldeQuestion(c) > 0)
     Faire_choisir_fichier(c, choix_nouveau_nom, fichier_partie);
   else
@@ -208,7 +218,10 @@ void Demander_reprise(Contexte &c) {
 
 bool Enregistrer_partie(Contexte &c, const std::string &chemin) {
   const auto échec = écrire_fichier(c.état, chemin);
-  if (!échec) return true;
+  if (!échec) {
+    c.secours.oublier();
+    return true;
+  }
   consigner("La partie « " + chemin + " » n'est pas écrite : " + *échec);
   annoncer(c, Message::erreur, Message::répertoire_non_inscriptible);
   return false;
@@ -229,6 +242,12 @@ bool Charger_partie(Contexte &c, const std::string &chemin) {
                                  chemin + " : " + message(g, Message::fichier_non_interprétable)});
     return false;
   }
+  Placer_partie(c, contenu);
+  return true;
+}
+
+void Placer_partie(Contexte &c, const Contenu_partie &contenu) {
+  GameState &g = c.état;
   prendre_paramétrage(c, contenu);
   g.Etape = contenu.étape;
   g.Nom_joueur = contenu.nom_joueur;
@@ -240,10 +259,9 @@ bool Charger_partie(Contexte &c, const std::string &chemin) {
   reprendre_étape(g, contenu.trouvées);
   prendre_statistiques(g, contenu);
   for (int p = 1; p <= nombre_provinces; ++p) Montrer_province(c, p, false);
-  return true;
 }
 
-void Reprendre_partie(Contexte &c) {
+void Montrer_partie(Contexte &c) {
   GameState &g = c.état;
   g.Carte_pleine_largeur = false;
   MasquerParamétrage(c);
@@ -254,8 +272,12 @@ void Reprendre_partie(Contexte &c) {
   Légender_reste(c);
   if (g.Etape != étape_drapeaux) AfficherReste(c, reste_de_l_étape(g));
   g.PartieVierge = g.PartieClose = false;
+}
+
+void Reprendre_partie(Contexte &c) {
+  Montrer_partie(c);
   // The configuration found today may have left out all that was still to be placed.
-  if (reste_de_l_étape(g) > 0)
+  if (reste_de_l_étape(c.état) > 0)
     QuestionSuivante(c);
   else
     EtapeSuivante(c);

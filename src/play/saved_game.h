@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/context.h"
+#include "persistence/saved_game_format.h"
 
 namespace ardane {
 
@@ -27,5 +28,14 @@ bool Charger_partie(Contexte &c, const std::string &chemin);
 
 /// Brings panel and map to the game just loaded and asks its next question.
 void Reprendre_partie(Contexte &c);
+
+// --- What an interrupted game has in common with a saved one
+
+/// The game under way as a value; without what an interruption adds.
+Contenu_partie Relever_partie(const GameState &g, bool interrompue);
+/// Puts a game in the place of the one in memory. Nothing is shown yet, and no question asked.
+void Placer_partie(Contexte &c, const Contenu_partie &contenu);
+/// Brings panel and map to it.
+void Montrer_partie(Contexte &c);
 
 }  // namespace ardane

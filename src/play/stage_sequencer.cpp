@@ -52,10 +52,6 @@ void effacer_statistiques(GameState &g) {
   }
 }
 
-bool partie_en_cours(const GameState &g) {
-  return !g.PartieVierge && !g.PartieClose && g.Etape != étape_paramétrage_affiché;
-}
-
 }  // namespace
 
 void NouvellePartie(Contexte &c) {

@@ -15,6 +15,7 @@
 #include "persistence/revision_lists.h"
 #include "persistence/score_file.h"
 #include "play/assistance.h"
+#include "play/interrupted_game.h"
 #include "play/map_clicks.h"
 #include "play/saved_game.h"
 #include "play/stage_sequencer.h"
@@ -53,12 +54,14 @@ class DevantLesAutres {
 
 }  // namespace
 
-Programme::Programme(const Monde &monde, const Ressources &ressources, std::string dossier)
+Programme::Programme(const Monde &monde, const Ressources &ressources, std::string dossier,
+                     Lieu_de_secours secours)
     : ressources_(ressources),
       principale_(ressources.images),
       plateforme_{monde, *this},
       dossier_(std::move(dossier)),
-      contexte_{état_, principale_, plateforme_, ressources_, dossier_},
+      secours_(std::move(secours)),
+      contexte_{état_, principale_, plateforme_, ressources_, dossier_, secours_},
       fabriques_{{"nouvelle_partie", fabriquer<Nouvelle_partie>},
                  {"Affichage_scores", fabriquer<Affichage_scores>},
                  {"Paramétrage_répertoires", fabriquer<Paramétrage_répertoires>},
@@ -74,6 +77,7 @@ bool Programme::Démarrage(const std::string &répertoire) {
   état_.Répertoire_programme = répertoire;
   if (répertoire.size() > 1 && répertoire.back() == séparateur_de_chemin)
     état_.Répertoire_programme.pop_back();
+  secours_.achever(plateforme_.horloge);
   Lire_mises_à_jour(contexte_);
   Lire_réglages(contexte_);
   état_.SonActif = true;
@@ -88,7 +92,12 @@ bool Programme::Démarrage(const std::string &répertoire) {
   plateforme_.façade.retirer(*accueil_);
   accueil_.reset();
   plateforme_.écran.sablier(false);
+  Proposer_reprise(contexte_);
   return true;
+}
+
+void Programme::tenir_la_partie() {
+  if (en_cours()) Tenir_partie(contexte_);
 }
 
 std::vector<std::string_view> Programme::fenêtres() const {
@@ -123,6 +132,7 @@ void Programme::aide(const Fenêtre &fenêtre) {
 /// Unload event of the main window: a refusal leaves the game as it was.
 void Programme::décharger() {
   if (!ConfirmerAbandon(contexte_)) return;
+  secours_.oublier();
   Rendre_sons_système(contexte_);
   principale_.fermer();
   plateforme_.façade.retirer(principale_);

@@ -13,6 +13,7 @@
 #include "core/current_folder.h"
 #include "core/game_state.h"
 #include "map/main_window.h"
+#include "persistence/lifeline.h"
 #include "platform/services.h"
 
 namespace ardane {
@@ -20,8 +21,9 @@ namespace ardane {
 class Programme : private Ouvreur {
  public:
   /// `monde` and `ressources` must outlive the run. `dossier` is the current folder at the start: an absolute
-  /// path, empty for none.
-  Programme(const Monde &monde, const Ressources &ressources, std::string dossier);
+  /// path, empty for none. `secours` is where the run is kept; no other run may be using it.
+  Programme(const Monde &monde, const Ressources &ressources, std::string dossier,
+            Lieu_de_secours secours = {});
 
   /// Starts: settings, hit-test table, main window. `répertoire` is the program's folder. False if the
   /// program ended at once, after a box that told the player why. Throws ErreurFatale.
@@ -30,6 +32,10 @@ class Programme : private Ouvreur {
   /// True while the main window is there. Its own events end it: the close control
   /// (`principale().demande_de_fermeture`) and the menu entry `fichier_quitter`.
   bool en_cours() const { return principale_.ouverte; }
+
+  /// Keeps the game under way as it stands now, or drops what was kept where there is none. To be called when
+  /// an event of the player's is over, and no other is under way.
+  void tenir_la_partie();
 
   /// The 500 ms timer: for the main window, and for the modal one in front.
   void battre();
@@ -59,6 +65,7 @@ class Programme : private Ouvreur {
   Ecran_principal principale_;
   Plateforme plateforme_;
   Dossier_courant dossier_;
+  Secours secours_;
   Contexte contexte_;
   std::map<std::string_view, Fabrique> fabriques_;
   std::vector<Fenêtre *> modales_;    ///< that are open, the one in front last

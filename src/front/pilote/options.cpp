@@ -89,6 +89,7 @@ constexpr std::array lectures = std::to_array<Lecture>({
     {"--modes", lire_modes},
     {"--date", lire_date},
     {"--hasard", lire_hasard},
+    {"--secours", [](OptionsPilote &o, const std::string &v) { o.secours = v; }},
 });
 
 }  // namespace
@@ -110,6 +111,7 @@ void établir_dossiers(OptionsPilote &options, const std::string &argument_zéro
   options.programme =
       options.programme.empty() ? dossier_de_l_exécutable(argument_zéro) : chemin_absolu(options.programme);
   if (!options.registre.empty()) options.registre = chemin_absolu(options.registre);
+  if (!options.secours.empty()) options.secours = chemin_absolu(options.secours);
   Dossier_courant courant(dossier_du_processus());
   if (!options.dossier.empty() && !courant.changer(options.dossier))
     throw OptionRefusée("Le dossier « " + options.dossier + " » ne peut pas être le dossier courant.");

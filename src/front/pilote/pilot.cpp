@@ -3,6 +3,7 @@
 #include <exception>
 #include <string>
 
+#include "core/paths.h"
 #include "core/resources.h"
 #include "front/pilote/refusal.h"
 
@@ -13,13 +14,14 @@ Pilote::Pilote(std::istream &entrée, std::ostream &sortie, const OptionsPilote 
       journal_(sortie),
       récit_(journal_),
       monde_(options, récit_, *this),
-      programme_(monde_.monde(), ressources_du_programme(), options.dossier),
+      programme_(monde_.monde(), ressources_du_programme(), options.dossier, {chemin_natif(options.secours)}),
       session_{journal_, monde_, programme_, ressources_du_programme().images, options.programme} {}
 
 int Pilote::exécuter() {
   try {
     for (;;) {
       pas();
+      programme_.tenir_la_partie();
       if (session_.démarrée && !programme_.en_cours()) return finir(0);
       écrire_attente();
     }

@@ -30,7 +30,7 @@ class Lecteur {
  private:
   MondeFactice m_;
   Ressources ressources_;
-  Contexte contexte_{m_.g(), m_.e(), m_.c().plateforme, ressources_, m_.c().dossier};
+  Contexte contexte_{m_.g(), m_.e(), m_.c().plateforme, ressources_, m_.c().dossier, m_.c().secours};
 };
 
 // Texts.

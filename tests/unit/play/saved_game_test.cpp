@@ -901,7 +901,8 @@ TEST_F(SavedGameWithAConfiguration, ThatPutsProvincesBackInPlayLeavesThemFoundAs
 TEST_F(SavedGameWithAConfiguration, ThatLeavesOutWhatTheFileHasStillToFindAsksForTheRestAlone) {
   for (const int étape : {étape_provinces, étape_villes}) {
     OctetsPartie octets(étape, {étape, 0, 0, 0}, {});
-    for (int i = 1; i <= nombre_de_paires(étape); ++i) octets.changer_paire(octets.case_paires + i - 1, i, 0);
+    for (int i = 1; i <= nombre_de_paires(étape, false); ++i)
+      octets.changer_paire(octets.case_paires + i - 1, i, 0);
     écarter(3);
     ASSERT_TRUE(reprendre(octets));
     const bool villes = étape == étape_villes;

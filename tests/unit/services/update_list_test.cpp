@@ -165,7 +165,7 @@ class OwnCatalogue : public UpdateList {
  protected:
   void fusionner(std::string_view lignes) {
     const Ressources propres{TableChaînes(lignes), {}};
-    Contexte c{m.c().état, m.c().principale, m.c().plateforme, propres, m.c().dossier};
+    Contexte c{m.c().état, m.c().principale, m.c().plateforme, propres, m.c().dossier, m.c().secours};
     Fusionner_catalogue(c);
   }
 };

@@ -1,4 +1,5 @@
-// Figures of the running desktop program, on whatever display it is given: clicks, scrolling, painting, rest.
+// Figures of the running desktop program, on whatever display it is given: clicks, scrolling, painting, rest. With
+// --secours the game under way is kept on the disk meanwhile, as it is for a player.
 #include <QAbstractSlider>
 #include <QAction>
 #include <QApplication>
@@ -239,7 +240,9 @@ class Figures {
 int main(int argc, char **argv) {
   QApplication application(argc, argv);
   const ScratchFolder scratch(QCoreApplication::applicationDirPath().toStdString());
-  Desktop desktop(scratch.places(), ressources_du_programme());
+  DesktopPlaces places = scratch.places();
+  if (argc > 1 && std::string_view(argv[1]) == "--secours") places.secours = scratch.path() / "secours";
+  Desktop desktop(places, ressources_du_programme());
   Script script(desktop);
   if (!script.player.start()) return 1;
   Figures figures(desktop, script, scratch.path());

@@ -34,7 +34,7 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
       renderer_(dispatcher_, pictures_, screen_),
       boxes_(dispatcher_, screen_, renderer_),
       programme_({boxes_, registry_, screen_, sound_, clock_, random_, web_, help_, renderer_}, ressources,
-                 places.dossier),
+                 places.dossier, {places.secours, true}),
       heartbeat_(dispatcher_, boxes_) {
   renderer_.help = [this](const Fenêtre &window) { programme_.aide(window); };
   renderer_.moved = [this](const Fenêtre &window) {
@@ -52,6 +52,8 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
   rest_.setSingleShot(true);
   connect(&rest_, &QTimer::timeout, this, [this] { window_rests(); });
   dispatcher_.explain = [this] { return what_hinders_the_start(); };
+  dispatcher_.at_rest = [this] { programme_.tenir_la_partie(); };
+  dispatcher_.is_game_kept = [this] { return programme_.contexte().secours.tient_la_partie(); };
   registry_.à_l_échec = [this] {
     if (programme_.en_cours()) dispatcher_.run_when_idle([this] { tell_unkept_settings(); });
   };

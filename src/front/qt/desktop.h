@@ -34,6 +34,7 @@ struct DesktopPlaces {
   std::string dossier;             ///< the current folder at the start
   bool sans_cadre = false;         ///< a window without a frame at the top of the primary monitor, at scale 1
   bool partagé = false;            ///< another run may be writing the same score file
+  std::filesystem::path secours{};  ///< what is kept of a run beside the player's files; empty for nothing
 };
 
 /// One run of the program in the desktop's windows. Needs a QApplication.

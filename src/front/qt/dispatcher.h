@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <functional>
 #include <optional>
 #include <string>
@@ -19,12 +20,21 @@ class Dispatcher {
   Event before_event;
   /// Called after each event, to bring the windows in step with the data.
   Event after_event;
+  /// Called some milliseconds after an event, once it is painted and no other is under way, and at the latest
+  /// before the next.
+  Event at_rest;
 
   /// Better words for the player than an unforeseen error's own, where its cause is known.
   std::function<std::optional<std::string>()> explain;
+  /// True if the player will find his game again after an error that ends the program.
+  std::function<bool()> is_game_kept;
+
+  Dispatcher();
 
   /// Runs an event, then `after_event`. An empty event does nothing.
   void run(const Event &event);
+  /// The same for the timer, whose ticks change nothing of what is done at rest.
+  void run_tick(const Event &event);
   /// Runs it now, or from the event loop if a procedure of the program is at work.
   void run_when_idle(const Event &event);
 
@@ -47,11 +57,15 @@ class Dispatcher {
   };
 
  private:
+  void carry_out(const Event &event);
+  void rest();
+  void guard(const Event &event);
   [[noreturn]] void end_with(const char *what);
 
   bool busy_ = false;
   int depth_ = 0;  ///< events under way, those that wait for the player included
   bool ended_ = false;
+  QTimer rest_;
   QObject put_off_;  ///< what waits for an idle program ends with it
 };
 

@@ -22,7 +22,7 @@ class Heartbeat : public QObject {
 
  protected:
   void timerEvent(QTimerEvent *) override {
-    if (!dispatcher_.busy() && !boxes_.up()) dispatcher_.run(beat);
+    if (!dispatcher_.busy() && !boxes_.up()) dispatcher_.run_tick(beat);
   }
 
  private:

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string_view>
 
 #include "core/gazetteer.h"
 
 namespace ardane {
 namespace {
+
+using namespace std::literals;
 
 struct Folder_option {
   std::string_view name;
@@ -29,6 +32,7 @@ constexpr std::array switches = std::to_array<Switch>({
     {"--help", &DesktopOptions::aide},
     {"--pret-et-quitter", &DesktopOptions::prêt_et_quitter},
     {"--sans-cadre", &DesktopOptions::sans_cadre},
+    {"--secours", &DesktopOptions::secours},
     {"--version", &DesktopOptions::version},
 });
 
@@ -71,6 +75,14 @@ int taken_by_toolkit(std::string_view word, bool is_last) {
   return is_known && !is_last ? 2 : 0;
 }
 
+/// Nothing for a word that is no whole number above 0.
+std::optional<int> read_number(std::string_view word) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+  const bool whole = error == std::errc() && end == word.data() + word.size() && number > 0;
+  return whole ? std::optional(number) : std::nullopt;
+}
+
 }  // namespace
 
 DesktopOptions read_options(int argc, const char *const *argv) {
@@ -83,6 +95,8 @@ DesktopOptions read_options(int argc, const char *const *argv) {
       options.*with_value->value = argv[++i];
     else if (alone != switches.end())
       options.*alone->value = true;
+    else if (const auto number = read_number(word); number && i > 1 && argv[i - 1] == "--secours"sv)
+      options.numéro = number;
     else if (const int taken = taken_by_toolkit(word, i + 1 == argc); taken > 0)
       i += taken - 1;
     else
@@ -98,6 +112,9 @@ std::string help_text() {
          "  --programme DOSSIER      le dossier du jeu, au lieu de celui de l'exécutable\n"
          "  --registre FICHIER       le fichier des réglages, au lieu de celui du joueur\n"
          "  --sans-cadre             une fenêtre sans cadre en haut de l'écran, à l'échelle 1\n"
+         "  --secours [NUMÉRO]       montre ce que les fichiers de scores contenaient avant d'être récrits "
+         "ou "
+         "effacés, ou rend à son fichier le contenu de ce numéro\n"
          "  --version                la version du programme et l'édition du jeu\n"
          "  --help                   ce texte\n"
          "Les options habituelles de Qt (-style, -platform, ...) sont admises.\n";

@@ -16,6 +16,8 @@ struct DesktopOptions {
   std::optional<std::string> programme;      ///< the program's folder, in place of the executable's
   std::optional<std::string> registre;       ///< the file of settings, in place of the player's own
   bool sans_cadre = false;                   ///< the borderless window at the top of the screen
+  bool secours = false;                      ///< list what score files held before, or give one back
+  std::optional<int> numéro;                 ///< which of them to give back
   std::string erreur;                        ///< why the command line was not understood; empty if it was
 };
 

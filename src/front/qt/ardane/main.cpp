@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "core/current_folder.h"
+#include "core/paths.h"
 #include "core/resources.h"
 #include "front/qt/appearance.h"
 #include "front/qt/demonstration/demonstration.h"
@@ -10,24 +11,47 @@
 #include "front/qt/one_instance.h"
 #include "front/qt/options.h"
 #include "front/qt/ready_report.h"
+#include "front/qt/rescue.h"
 
 namespace ardane {
 namespace {
 
+std::filesystem::path settings_of(const DesktopOptions &options) {
+  return options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut();
+}
+
+/// For the runs over a player's own settings, or over those of the file that he names.
+std::filesystem::path lifeline_of(const DesktopOptions &options) {
+  return dossier_de_secours(options.registre ? chemin_natif(chemin_absolu(*options.registre))
+                                             : std::filesystem::path());
+}
+
+int rescue(const DesktopOptions &options) {
+  // A game that is open would write its scores over those given back.
+  if (options.numéro && OneInstance(settings_of(options)).place() == OneInstance::Place::second) {
+    std::puts("Le jeu est ouvert : fermez-le d'abord.");
+    return 1;
+  }
+  const Rescue done = options.numéro ? give_scores_back(lifeline_of(options), *options.numéro)
+                                     : list_earlier_scores(lifeline_of(options));
+  std::printf("%s", done.text.c_str());
+  return done.code;
+}
+
 int play(int argc, char **argv, const DesktopOptions &options) {
-  const std::filesystem::path settings =
-      options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut();
+  const std::filesystem::path settings = settings_of(options);
   OneInstance instance(settings);
   if (instance.place() == OneInstance::Place::second) {
     std::puts("Le jeu est déjà ouvert : sa fenêtre passe devant les autres.");
     return 0;
   }
+  const bool alone = instance.place() == OneInstance::Place::first;
   QApplication application(argc, argv);
-  Desktop desktop(
-      {options.programme ? chemin_absolu(*options.programme)
-                         : to_utf8(QCoreApplication::applicationDirPath()),
-       settings, dossier_du_processus(), options.sans_cadre, instance.place() == OneInstance::Place::unknown},
-      ressources_du_programme());
+  Desktop desktop({options.programme ? chemin_absolu(*options.programme)
+                                     : to_utf8(QCoreApplication::applicationDirPath()),
+                   settings, dossier_du_processus(), options.sans_cadre, !alone,
+                   alone ? lifeline_of(options) : std::filesystem::path()},
+                  ressources_du_programme());
   instance.listen([&](const std::string &token) { desktop.come_to_front(token); });
   if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why
   if (options.prêt_et_quitter) {
@@ -58,6 +82,7 @@ int main(int argc, char **argv) {
     std::printf("%s", text.c_str());
     return 0;
   }
+  if (options.secours) return ardane::rescue(options);
   if (options.démonstration) return ardane::demonstrate(argc, argv, *options.démonstration);
   return ardane::play(argc, argv, options);
 }

@@ -1,5 +1,9 @@
-// Figures of the running desktop program, on whatever display it is given: clicks, scrolling, painting, rest. With
-// --secours the game under way is kept on the disk meanwhile, as it is for a player.
+// Figures of the running desktop program, on whatever display it is given: clicks, scrolling, painting, rest.
+//
+//     desktop_figures [--secours|- [MILLISECONDS]]
+//
+// With --secours the game under way is kept on the disk meanwhile, as it is for a player. The number is the
+// pause between the clicks of a game; there is none otherwise.
 #include <QAbstractSlider>
 #include <QAction>
 #include <QApplication>
@@ -10,6 +14,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -26,6 +31,7 @@
 namespace {
 
 using namespace ardane;
+using namespace std::chrono_literals;
 
 long voluntary_switches() {
   std::ifstream status("/proc/self/status");
@@ -36,8 +42,9 @@ long voluntary_switches() {
 
 class Figures {
  public:
-  Figures(Desktop &desktop, Script &script, std::filesystem::path folder)
+  Figures(Desktop &desktop, Script &script, std::filesystem::path folder, std::chrono::milliseconds pace)
       : folder_(std::move(folder)),
+        pace_(pace),
         desktop_(desktop),
         script_(script),
         g_(desktop.programme().état()),
@@ -84,6 +91,7 @@ class Figures {
     for (int i = 0; i < 90; ++i) {
       const QPoint pixel =
           free_place(desktop_.programme(), province(next_answer())).value_or(QPoint());  // out of sight
+      let_pass(pace_);
       right.push_back(timed([&] { click(view_, pixel); }));
     }
     print_row(what, right, "ms");
@@ -208,16 +216,17 @@ class Figures {
   }
 
   void rest(const char *what) {
-    constexpr int seconds = 6;
-    let_pass(1);  // what the program puts off until the map is up
+    constexpr std::chrono::seconds time = 6s;
+    let_pass(1s);  // what the program puts off until the map is up
     const long before = voluntary_switches();
-    let_pass(seconds);
-    print_row(what, {static_cast<double>(voluntary_switches() - before) / seconds}, "a second");
+    let_pass(time);
+    print_row(what, {static_cast<double>(voluntary_switches() - before) / static_cast<double>(time.count())},
+              "a second");
   }
 
-  static void let_pass(int seconds) {
+  static void let_pass(std::chrono::milliseconds time) {
     QEventLoop loop;
-    QTimer::singleShot(seconds * 1000, &loop, &QEventLoop::quit);
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
     loop.exec();
   }
 
@@ -228,6 +237,7 @@ class Figures {
   static constexpr int files = 10'000;
 
   const std::filesystem::path folder_;
+  const std::chrono::milliseconds pace_;
   Desktop &desktop_;
   Script &script_;
   GameState &g_;
@@ -241,11 +251,12 @@ int main(int argc, char **argv) {
   QApplication application(argc, argv);
   const ScratchFolder scratch(QCoreApplication::applicationDirPath().toStdString());
   DesktopPlaces places = scratch.places();
-  if (argc > 1 && std::string_view(argv[1]) == "--secours") places.secours = scratch.path() / "secours";
+  const bool kept = argc > 1 && std::string_view(argv[1]) == "--secours";
+  if (kept) places.secours = scratch.path() / "secours";
   Desktop desktop(places, ressources_du_programme());
   Script script(desktop);
   if (!script.player.start()) return 1;
-  Figures figures(desktop, script, scratch.path());
+  Figures figures(desktop, script, scratch.path(), argc > 2 ? std::stoi(argv[2]) * 1ms : 0ms);
   std::printf("| %-52s | %8s | %8s |\n", "What", "median", "p95");
   figures.measure();
   return 0;

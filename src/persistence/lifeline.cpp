@@ -100,7 +100,7 @@ void Secours::oublier() {
   if (erreur) consigner("La partie mise de côté ne peut pas être effacée : " + erreur.message());
 }
 
-std::optional<Contenu_partie> Secours::partie_interrompue() {
+std::optional<Contenu_partie> Secours::partie_interrompue() const {
   std::error_code erreur;
   if (!en_service() || !fs::exists(fichier_partie(), erreur)) return std::nullopt;
   std::ifstream flux = ouvrir(fichier_partie());
@@ -110,10 +110,13 @@ std::optional<Contenu_partie> Secours::partie_interrompue() {
               " » est refusée : " + décrire_défaut(*lecture.défaut));
     return std::nullopt;
   }
-  gardée_ = lecture.contenu;
-  gardée_->interruption->heure = 0;
-  sur_le_disque_ = true;
   return lecture.contenu;
+}
+
+void Secours::prendre_en_charge(Contenu_partie partie) {
+  partie.interruption->heure = 0;
+  gardée_ = std::move(partie);
+  sur_le_disque_ = true;
 }
 
 bool Secours::tient_la_partie() {

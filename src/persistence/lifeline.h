@@ -49,7 +49,9 @@ class Secours {
   void oublier();
   /// The game that an earlier run has left. Nothing if there is none or its file is damaged, which then
   /// stays.
-  std::optional<Contenu_partie> partie_interrompue();
+  std::optional<Contenu_partie> partie_interrompue() const;
+  /// That game is this run's from now on: kept, until it is forgotten.
+  void prendre_en_charge(Contenu_partie partie);
   /// Returns when what was to be kept is on the disk, or cannot be.
   void attendre() { fond_.attendre(); }
   /// True if the next start will find the game; waits as above.

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "core/game_state.h"
+#include "map/panel.h"
 #include "persistence/lifeline.h"
 #include "platform/log.h"
 #include "play/assistance.h"
@@ -130,9 +131,11 @@ void Proposer_reprise(Contexte &c) {
   if (!partie) return;
   if (const auto raison = obstacle(c.état, *partie))
     return consigner("La partie mise de côté ne peut pas être reprise : " + *raison);
+  c.secours.prendre_en_charge(*partie);
   if (!reprise_voulue(c, *partie)) return c.secours.oublier();
   Placer_partie(c, *partie);
   Montrer_partie(c);
+  AfficherReste(c, reste_de_l_étape(c.état));
   reprendre_la_question(c, *partie->interruption);
 }
 

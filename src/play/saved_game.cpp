@@ -161,11 +161,12 @@ void reprendre_régions(GameState &g) {
   }
 }
 
-void reprendre_étape(GameState &g, const std::vector<Paire> &paires) {
-  g.VillesRestantes = nombre_villes;
+void reprendre_étape(GameState &g, const Contenu_partie &contenu) {
+  const std::vector<Paire> &paires = contenu.trouvées;
+  if (!contenu.interruption) g.VillesRestantes = nombre_villes;
   // A stage of flags that was saved begins anew; the reset has counted what it has to find.
   if (paires.empty()) return;
-  g.ProvincesRestantes = nombre_provinces;
+  if (!contenu.interruption) g.ProvincesRestantes = nombre_provinces;
   if (g.Etape == étape_villes) return reprendre_villes(g, paires);
   reprendre_provinces(g, paires);
   if (g.Etape == étape_régions) reprendre_régions(g);
@@ -256,7 +257,7 @@ void Placer_partie(Contexte &c, const Contenu_partie &contenu) {
   RemiseAZéroCarte(c);
   g.PartieVierge = true;
   g.Score = contenu.score;
-  reprendre_étape(g, contenu.trouvées);
+  reprendre_étape(g, contenu);
   prendre_statistiques(g, contenu);
   for (int p = 1; p <= nombre_provinces; ++p) Montrer_province(c, p, false);
 }

@@ -23,8 +23,9 @@ struct Witness {
 void tell_box() {
   auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
   if (box == nullptr) return;
-  std::printf("%d|%s|%s|%d\n", box->icon(), box->windowTitle().toUtf8().constData(),
-              box->text().toUtf8().constData(), static_cast<int>(box->buttons().size()));
+  std::printf("%d|%s|%s|%s|%d\n", box->icon(), box->windowTitle().toUtf8().constData(),
+              box->text().toUtf8().constData(), box->informativeText().toUtf8().constData(),
+              static_cast<int>(box->buttons().size()));
   std::fflush(stdout);
   box->buttons().front()->click();
 }

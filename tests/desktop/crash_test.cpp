@@ -21,8 +21,10 @@ Death die(const char *way) {
   return {child.exitCode(), QString::fromUtf8(child.readAllStandardOutput())};
 }
 
+/// Words first; what only programmers understand comes last, and small.
 QString box(const char *cause) {
-  return QStringLiteral("%1|L'Ardane et ses provinces|Une erreur imprévue arrête le programme : %2|1\n")
+  return QStringLiteral(
+             "%1|L'Ardane et ses provinces|Une erreur imprévue arrête le programme.|<small>%2</small>|1\n")
       .arg(QMessageBox::Critical)
       .arg(QString::fromUtf8(cause));
 }

@@ -222,6 +222,30 @@ TEST(SlotReader, NamesOf0And120BytesAreRead) {
             (Enregistrement_score{nom, 1, 1}));
 }
 
+Lu<std::string> lire_les_octets(const std::string &octets) {
+  return lire<std::string>(octets, [](Lecteur_de_cases &cases) { return cases.octets(1000); });
+}
+
+TEST(SlotReader, BytesTakeASlotForTheirNumberAndThoseThatTheyFill) {
+  for (const auto &[nombre, pleines] :
+       {std::pair<std::size_t, std::size_t>{0, 0}, {1, 1}, {128, 1}, {129, 2}, {1000, 8}}) {
+    std::string valeur(nombre, '\xE9');
+    const std::string octets = écrire([&](Scripteur_de_cases &cases) { cases.octets(valeur); });
+    EXPECT_EQ(octets.size(), (1 + pleines) * taille_de_case) << nombre;
+    EXPECT_EQ(lire_les_octets(octets).valeur, valeur) << nombre;
+  }
+}
+
+TEST(SlotReader, BytesThatAreNotAllThereOrTooManyAreAFault) {
+  const std::string octets = écrire([](Scripteur_de_cases &cases) { cases.octets(std::string(200, 'x')); });
+  for (const std::size_t taille : {0U, 3U, 4U, 128U, 255U, 256U, 256U + 71U})
+    EXPECT_EQ(lire_les_octets(octets.substr(0, taille)).défaut->cause, Cause::fin_du_fichier) << taille;
+  EXPECT_EQ(lire_les_octets(octets.substr(0, 256 + 72)).valeur, std::string(200, 'x'));
+  for (const std::string &nombre :
+       {std::string("\xE9\x03\0\0", 4), std::string("\xFF\xFF\xFF\xFF"), std::string("\xFF\xFF\xFF\x7F")})
+    EXPECT_EQ(lire_les_octets(case_de(nombre)).défaut, (Défaut_de_case{1, Cause::trop_long}));
+}
+
 TEST(SlotReader, AfterAFaultNothingMoreIsReadAndTheFirstFaultStays) {
   std::istringstream flux(case_de("\1") + case_de("\xFF\xFF") + case_de("\1"));
   Lecteur_de_cases cases(flux);

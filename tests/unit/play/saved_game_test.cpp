@@ -42,7 +42,7 @@ std::vector<std::string> noms_du_dossier(const std::string &dossier) {
 void ordonner(GameState &g, const std::vector<int> &jeux) {
   g.Ordre_jeux.remplir(0);
   int rang = 0;
-  for (const int jeu : jeux) g.Ordre_jeux(++rang) = static_cast<std::int16_t>(jeu);
+  for (const int code : jeux) g.Ordre_jeux(++rang) = static_cast<std::int16_t>(code);
 }
 
 /// Selects what is left of the region asked, which places it.

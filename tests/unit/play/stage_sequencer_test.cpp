@@ -23,7 +23,7 @@ class Stages : public testing::Test {
   void ordonner(std::initializer_list<int> jeux) {
     m.g().Ordre_jeux.remplir(0);
     int rang = 0;
-    for (const int jeu : jeux) m.g().Ordre_jeux(++rang) = static_cast<std::int16_t>(jeu);
+    for (const int code : jeux) m.g().Ordre_jeux(++rang) = static_cast<std::int16_t>(code);
   }
   /// Plays stages 1 to 3 to their end without an error.
   void finir_étape() {

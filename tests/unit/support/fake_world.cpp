@@ -53,9 +53,9 @@ OptionsMonde options_factices() {
   return options;
 }
 
-MondeFactice::MondeFactice()
+MondeFactice::MondeFactice(Lieu_de_secours secours)
     : monde(options_factices(), *this, *this),
-      programme(monde.monde(), ressources_du_programme(), dossier.chemin()) {
+      programme(monde.monde(), ressources_du_programme(), dossier.chemin(), std::move(secours)) {
   std::filesystem::copy_file(std::filesystem::path(ARDANE_RESOURCES) / "ardane.pts",
                              chemin_natif(dossier.fichier("ardane.pts")));
 }

@@ -71,7 +71,7 @@ struct Relevé : Témoin, Attente {
 /// One run of the program, not yet started, in a world of 21 November 2026 whose every draw is 0 unless the
 /// test foresees it. Its current folder is a temporary one.
 struct MondeFactice : Relevé {
-  MondeFactice();
+  explicit MondeFactice(Lieu_de_secours secours = {});
 
   /// `Démarrage` over a program folder that holds "ardane.pts" alone; the boxes of a first start are
   /// forgotten afterwards.

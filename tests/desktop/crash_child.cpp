@@ -4,11 +4,15 @@
 #include <QPushButton>
 #include <QTimer>
 #include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
 
-#include "core/table.h"
+#include "core/game_state.h"
+#include "core/paths.h"
 #include "front/qt/demonstration/scratch_folder.h"
 #include "platform/fatal_error.h"
+#include "play/question_selection.h"
+#include "script.h"
 #include "stage.h"
 
 namespace {
@@ -53,11 +57,52 @@ void start_without_settings(std::string_view way) {
   desktop.start();
 }
 
+/// The same of the error's box alone, text and small print.
+void tell_words() {
+  auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+  if (box == nullptr || box->objectName() != "erreur_fatale") return;
+  std::printf("%s|%s\n", box->text().toUtf8().constData(), box->informativeText().toUtf8().constData());
+  std::fflush(stdout);
+  box->buttons().front()->click();
+}
+
+int region_of_more_than_ten(const GameState &g) {
+  int r = 1;
+  while (g.TableRégions(r).nombre_provinces < 11) ++r;
+  return r;
+}
+
+/// Selects ten provinces of a region and takes one out again.
+void play_to_the_error() {
+  const std::filesystem::path folder = std::getenv(std::string(crash_folder).c_str());
+  const std::string programme = texte_du_chemin(folder);
+  Desktop desktop({programme, folder / "registre", programme, true, false, folder / "secours"},
+                  ressources_du_programme());
+  Script script(desktop);
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, tell_words);
+  look.start();
+  if (!script.player.start()) return;
+  GameState &g = desktop.programme().état();
+  g.Ordre_jeux = Ordre_de_jeu({étape_régions, 0, 0, 0});
+  script.player.choose("menu_fichier", "fichier_nouveau");
+  script.player.fill_in("boîte_nom_joueur", "Zoé");
+  script.player.click("niveau_moyen");
+  script.player.click("bouton_sortie");
+  script.run();
+  const int r = region_of_more_than_ten(g);
+  Poser_question(desktop.programme().contexte(), r);
+  for (int k = 1; k <= 10; ++k) script.player.click(province(g.TableRégions(r).membres(k)));
+  script.player.click(province(g.TableRégions(r).membres(1)));
+  script.run();
+}
+
 }  // namespace
 
 int crash(std::string_view way) {
   const Witness witness;
   if (way.starts_with("réglages")) start_without_settings(way);
+  if (way == "partie") play_to_the_error();
   Stage stage;
   Fenêtre window("fenêtre");
   Contrôle &button = place(window, "bouton", Genre::bouton, {0, 0, 50, 20});

@@ -14,6 +14,7 @@ int main(int argc, char **argv) {
   const ardane::Offscreen platform;
   if (!settings.isValid() || !platform.ready()) return 1;
   qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+  qputenv("XDG_STATE_HOME", settings.path().toLocal8Bit());
   const QApplication application(argc, argv);
   if (argc == 3 && std::string_view(argv[1]) == crash_option) return crash(argv[2]);
   if (argc == 3 && std::string_view(argv[1]) == ardane::sound_option) return ardane::play_and_end(argv[2]);

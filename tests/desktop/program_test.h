@@ -25,6 +25,10 @@ class ProgramTest : public testing::Test {
     order().choose("menu_fichier", "fichier_quitter");
     play();
     ASSERT_FALSE(desktop().programme().en_cours());
+    die();
+  }
+  /// The program is gone without another line of it, as if it had been killed.
+  void die() {
     script_.reset();
     desktop_.reset();
   }

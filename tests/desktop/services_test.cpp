@@ -210,6 +210,21 @@ TEST(DesktopOptions, UnknownAndIncompleteOnesAreToldInFrench) {
             "Option inconnue ou incomplète : --demonstration");
 }
 
+TEST(DesktopOptions, EarlierScoresAreListedOrGivenBackByTheirNumber) {
+  const std::array list{"ardane", "--secours", "--registre", "r"};
+  EXPECT_TRUE(read_options(list.size(), list.data()).secours);
+  EXPECT_EQ(read_options(list.size(), list.data()).numéro, std::nullopt);
+  const std::array one{"ardane", "--secours", "17"};
+  EXPECT_EQ(read_options(one.size(), one.data()).numéro, 17);
+  for (const char *wrong : {"0", "-1", "1x", "dernier", "99999999999999999999"}) {
+    const std::array words{"ardane", "--secours", wrong};
+    EXPECT_EQ(read_options(words.size(), words.data()).erreur,
+              std::string("Option inconnue ou incomplète : ") + wrong);
+  }
+  const std::array astray{"ardane", "17"};
+  EXPECT_EQ(read_options(astray.size(), astray.data()).erreur, "Option inconnue ou incomplète : 17");
+}
+
 TEST(DesktopOptions, ThoseOfTheToolkitArePassedOver) {
   const std::array words{"ardane",
                          "-style",

@@ -73,5 +73,41 @@ TEST_F(Exécutable, starts_in_the_folder_given) {
   EXPECT_EQ(lire("sortie"), "{\"attend\":\"rien\"}\n");
 }
 
+// --- The lifeline
+
+/// A first start, and a game that has cost a point.
+constexpr const char *partie_entamée =
+    "démarrer\nrépondre ok\nrépondre ok\nmenu fichier_nouveau\ntexte boîte_nom_joueur Ann\nclic "
+    "niveau_expert\n"
+    "clic bouton_sortie\nhasard\nfixer ProvinceCourante 1\nfixer NbErreurs 3\nclic_carte 301 244\n";
+
+TEST_F(Exécutable, offers_the_game_of_a_run_that_ended_without_a_word) {
+  const std::string options =
+      "--programme programme --registre réglages --date 2026-11-21 --hasard 5 --secours état/jeu";
+  EXPECT_EQ(lancer(options, std::string(partie_entamée) + "quitter\n"), 0);
+  EXPECT_EQ(lancer(options,
+                   "démarrer\nrépondre oui\nétat ProvinceCourante\nétat NbErreurs\nmenu fichier_quitter\n"
+                   "répondre oui\nrépondre ok\nfermer\n"),
+            0);
+  const std::string sortie = lire("sortie");
+  EXPECT_NE(
+      sortie.find("\"texte\":\"La partie de Ann s'est interrompue à 00:00, avec 999991 points. La reprendre "
+                  "?\",\"boutons\":[\"Oui\",\"Non\"]}}\n{\"attend\":\"boîte\"}\n"),
+      std::string::npos)
+      << sortie;
+  EXPECT_NE(sortie.find("{\"état\":1}\n{\"attend\":\"Ecran_principal\"}\n{\"état\":4}\n"), std::string::npos)
+      << sortie;
+  EXPECT_TRUE(sortie.ends_with("{\"attend\":\"fin\",\"code\":0}\n")) << sortie;
+  EXPECT_EQ(lancer(options, "démarrer\n"), 0);
+  EXPECT_EQ(lire("sortie").find("boîte"), std::string::npos) << "an ordinary end";
+}
+
+TEST_F(Exécutable, keeps_nothing_without_a_lifeline) {
+  const std::string options = "--programme programme --registre réglages --date 2026-11-21 --hasard 5";
+  EXPECT_EQ(lancer(options, std::string(partie_entamée) + "quitter\n"), 0);
+  EXPECT_EQ(lancer(options, "démarrer\n"), 0);
+  EXPECT_EQ(lire("sortie").find("boîte"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace ardane

@@ -19,12 +19,15 @@ TEST(Options, without_any_the_screen_is_a_common_one_and_all_else_is_open) {
   EXPECT_FALSE(options.date);
   EXPECT_FALSE(options.hasard);
   EXPECT_TRUE(options.programme.empty() && options.dossier.empty() && options.registre.empty());
+  EXPECT_TRUE(options.secours.empty());
 }
 
 TEST(Options, all_of_them_are_read) {
-  const OptionsPilote options = lire_options(
-      {"--programme", "/jeu", "--dossier", "/tmp", "--registre", "r é", "--écran", "800x600x16", "--zone",
-       "0,-5,800,570", "--modes", "640x480x8,800x600x16", "--date", "2024-02-29", "--hasard", "4294967295"});
+  const OptionsPilote options =
+      lire_options({"--programme", "/jeu", "--dossier", "/tmp", "--registre", "r é", "--écran", "800x600x16",
+                    "--zone", "0,-5,800,570", "--modes", "640x480x8,800x600x16", "--date", "2024-02-29",
+                    "--hasard", "4294967295", "--secours", "s é"});
+  EXPECT_EQ(options.secours, "s é");
   EXPECT_EQ(options.programme, "/jeu");
   EXPECT_EQ(options.dossier, "/tmp");
   EXPECT_EQ(options.registre, "r é");

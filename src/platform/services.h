@@ -23,6 +23,7 @@ struct Boîte {
   std::string texte;
   Boutons boutons = Boutons::ok;
   bool non_par_défaut = false;  ///< Oui throws something away: Enter answers Non
+  bool oui_si_fermée = false;   ///< Non throws something away: closing the box otherwise answers Oui
 };
 
 /// Message boxes.

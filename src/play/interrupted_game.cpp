@@ -102,7 +102,8 @@ std::string texte_de_la_question(const Contenu_partie &partie) {
 
 bool reprise_voulue(Contexte &c, const Contenu_partie &partie) {
   return c.plateforme.boîtes.montrer({Icône::question, message(c.état, Message::partie_en_cours),
-                                      texte_de_la_question(partie), Boutons::oui_non}) == Réponse::oui;
+                                      texte_de_la_question(partie), Boutons::oui_non, false, true}) ==
+         Réponse::oui;
 }
 
 void reprendre_la_question(Contexte &c, const Interruption &interruption) {

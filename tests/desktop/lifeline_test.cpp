@@ -87,6 +87,17 @@ TEST_F(KeptRun, NoDropsTheGame) {
   EXPECT_FALSE(game_on_disk());
 }
 
+TEST_F(KeptRun, EscapeThrowsNoGameAway) {
+  start();
+  play_a_little();
+  rest();
+  die();
+  order().then([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+  ASSERT_TRUE(order().start());
+  EXPECT_EQ(state().Etape, étape_provinces);
+  EXPECT_TRUE(game_on_disk());
+}
+
 TEST_F(KeptRun, AnOrdinaryEndLeavesNothingToOffer) {
   start();
   play_a_little();

@@ -96,11 +96,11 @@ TEST(Help, KnowsTheContextsThatTheWindowsAskFor) {
   }
 }
 
-/// What a reader reads: text, titles, what stands for pictures.
+/// What a reader reads: text, titles, what stands for pictures; not what he is to type.
 std::string read_text(const std::string &page) {
   std::string text;
   for (const std::string &said : matches(page, "(?:alt|content)=\"([^\"]*)\"")) text += said + "\n";
-  return text + std::regex_replace(page, std::regex("<[^>]*>"), "");
+  return text + std::regex_replace(page, std::regex("<code>[^<]*</code>|<[^>]*>"), "");
 }
 
 TEST(Help, IsSetAsAFrenchPrinterWould) {

@@ -72,14 +72,15 @@ Réponse BoxesQt::montrer(const Boîte &boîte) {
     QPushButton *yes = add_button(box, "oui", "Oui", QMessageBox::YesRole);
     no = add_button(box, "non", "Non", QMessageBox::NoRole);
     box.setDefaultButton(boîte.non_par_défaut ? no : yes);
-    box.setEscapeButton(no);
+    box.setEscapeButton(boîte.oui_si_fermée ? yes : no);
   }
   box.setAttribute(Qt::WA_KeyboardFocusChange);  // Enter presses what is marked
   ++up_;
   box.exec();
   --up_;
   if (no == nullptr) return Réponse::ok;
-  return box.clickedButton() == nullptr || box.clickedButton() == no ? Réponse::non : Réponse::oui;
+  if (box.clickedButton() == nullptr) return boîte.oui_si_fermée ? Réponse::oui : Réponse::non;
+  return box.clickedButton() == no ? Réponse::non : Réponse::oui;
 }
 
 }  // namespace ardane

@@ -9,7 +9,7 @@
 namespace ardane {
 
 /// The box's object name is "boîte", its buttons' are "ok", "oui" and "non". Closing the box otherwise than
-/// by a button, by Escape too, answers OK, or Non where that is offered.
+/// by a button, by Escape too, answers OK, or Non where that is offered and throws nothing away.
 class BoxesQt : public Boîtes {
  public:
   BoxesQt(Dispatcher &dispatcher, ScreenQt &screen, Renderer &renderer)

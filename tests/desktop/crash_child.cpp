@@ -100,9 +100,9 @@ void play_to_the_error() {
 }  // namespace
 
 int crash(std::string_view way) {
+  if (way == "partie") play_to_the_error();
   const Witness witness;
   if (way.starts_with("réglages")) start_without_settings(way);
-  if (way == "partie") play_to_the_error();
   Stage stage;
   Fenêtre window("fenêtre");
   Contrôle &button = place(window, "bouton", Genre::bouton, {0, 0, 50, 20});

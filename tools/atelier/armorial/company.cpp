@@ -71,7 +71,7 @@ std::vector<Place> places_prises(const Annexe &annexe, const Meuble &meuble, con
     c.h -= h;
     return disposés(objet, objet.nombre, {c.x, c.bas(), c.l, h}, zone, meuble);
   }
-  const double h = c.h * 0.31;
+  const double h = c.h * (objet.nombre <= 2 ? 0.36 : 0.31);
   const Cadre chef{c.x, c.y, c.l, h};
   c = {c.x, c.y + h, c.l, c.h - h};
   return disposés(objet, objet.nombre, chef, zone, meuble);

@@ -95,7 +95,10 @@ std::vector<Place> disposés(const Objet &objet, int nombre, const Cadre &c, con
     case Disposition::en_pal:
       if (nombre == 1) return {{c, allongement > 1 ? -quart_de_tour : 0}};
       // The lowest of a pile would else be as small as the shield's point, and the others with it.
-      return en_rangs({c.x, c.y, c.l, c.h * (c.bannière() ? 1 : 0.86)},
+      return en_rangs({c.x, c.y, c.l,
+                       c.h * (c.bannière()      ? 1
+                              : allongement > 2 ? 0.78
+                                                : 0.86)},
                       std::vector<int>(static_cast<std::size_t>(nombre), 1));
     case Disposition::en_bande:
     case Disposition::en_barre:

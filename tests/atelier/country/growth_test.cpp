@@ -28,6 +28,22 @@ TEST(Growth, KeepsToItsZoneAndReachesItsTargets) {
   EXPECT_NEAR(areas[2], 800, 40);
 }
 
+TEST(Growth, HandsAStripOverToTheLabelAlongIt) {
+  // A square with a tail along the right edge, beside another label; its headland at the left stays.
+  Grid<int> labels(60, 60, 2);
+  for (int y = 0; y < 60; ++y)
+    for (int x = 0; x < 60; ++x)
+      if (y < 30 ? x >= 20 : x >= 54)
+        labels.at(x, y) = 1;
+      else if (x < 20)
+        labels.at(x, y) = y >= 10 && y < 16 ? 1 : 0;
+  hand_over_strips(labels, 5, 60);
+  EXPECT_EQ(labels.at(56, 50), 2);
+  EXPECT_EQ(labels.at(40, 15), 1);
+  EXPECT_EQ(labels.at(20, 29), 1) << "a corner is no strip";
+  EXPECT_EQ(labels.at(5, 12), 1);
+}
+
 TEST(Growth, LeavesEachLabelInOnePiece) {
   Grid<int> labels(10, 4, 1);
   for (int y = 0; y < 4; ++y)

@@ -64,7 +64,7 @@ constexpr Colour light{255, 250, 228};
 constexpr Colour haze{220, 230, 228};
 constexpr Colour rock{168, 160, 156};
 constexpr Colour snow{253, 254, 255};
-constexpr Colour snow_shade{196, 210, 230};
+constexpr Colour snow_shade{168, 184, 208};
 constexpr Colour crown{124, 160, 112};
 constexpr Colour fir{100, 140, 114};
 constexpr Colour sand{242, 231, 190};
@@ -77,6 +77,7 @@ constexpr Colour river_blue{64, 120, 170};
 constexpr Colour lake_blue{156, 200, 225};
 constexpr Colour lake_rim{112, 166, 202};
 constexpr Colour frontier_ink{126, 84, 96};
+constexpr Colour pass_ink{92, 44, 44};
 
 Colour tint_at(std::span<const Tint> tints, double at) {
   for (std::size_t i = 1; i < tints.size(); ++i)
@@ -116,18 +117,32 @@ struct Slope {
 
 Slope slope_at(const Field &height, int x, int y) {
   const auto z = [&](int i, int j) { return static_cast<double>(height.near(x + i, y + j)); };
-  constexpr double k = fine / 8.0;
+  // A grid finer than the model's has narrower cells.
+  const double k = height.width() / (8.0 * largeur_carte);
   return {k * (z(1, -1) + 2 * z(1, 0) + z(1, 1) - z(-1, -1) - 2 * z(-1, 0) - z(-1, 1)),
           k * (z(-1, 1) + 2 * z(0, 1) + z(1, 1) - z(-1, -1) - 2 * z(0, -1) - z(1, -1))};
 }
 
-/// The shading of one field of heights; `steepness` exaggerates its slopes.
+/// The shading of one field of heights, which may be finer than the light's; `steepness` exaggerates its
+/// slopes.
 Field shading(const Field &height, double steepness, const Field &turn) {
+  const int finer = height.width() / turn.width();
   Field result(height.width(), height.height());
   for (int y = 0; y < height.height(); ++y)
     for (int x = 0; x < height.width(); ++x) {
       const Slope s = slope_at(height, x, y);
-      result.at(x, y) = shade(s.x * steepness, s.y * steepness, turn.at(x, y));
+      result.at(x, y) = shade(s.x * steepness, s.y * steepness, turn.at(x / finer, y / finer));
+    }
+  return result;
+}
+
+/// How steep the ground is, in metres a map pixel.
+Field steepness_of(const Field &height) {
+  Field result(height.width(), height.height());
+  for (int y = 0; y < height.height(); ++y)
+    for (int x = 0; x < height.width(); ++x) {
+      const Slope s = slope_at(height, x, y);
+      result.at(x, y) = std::sqrt(s.x * s.x + s.y * s.y);
     }
   return result;
 }
@@ -156,12 +171,8 @@ Field light_turn(const Field &relief) {
 class Depths {
  public:
   Depths(const Scene &scene, const Field &offshore) : seed_(scene.plan.seed), offshore_(offshore) {
-    Point mouth{200, 516};
-    for (const River &river : scene.rivers)
-      if (!river.widths.empty() && river.widths.front() > widest_) {
-        widest_ = river.widths.front();
-        mouth = river.line.front();
-      }
+    // The first arm of the delta is the greatest; all stand behind the rivers.
+    const Point mouth = scene.rivers.at(scene.rivers.size() - scene.plan.arms.size()).line.back();
     canyon_ = smooth_line({mouth, mouth + Point{-4, 20}, mouth + Point{-20, 44}, mouth + Point{-28, 72},
                            mouth + Point{-52, 104}, mouth + Point{-64, 150}},
                           3, false);
@@ -195,7 +206,6 @@ class Depths {
  private:
   std::uint64_t seed_;
   const Field &offshore_;
-  double widest_ = 0;
   std::vector<Point> canyon_;
   std::vector<Point> sill_;
 };
@@ -228,11 +238,26 @@ class Trees {
     double shadow = 0;
   };
 
-  /// At a fine pixel.
+  /// At a fine pixel: the mean of four places in it.
   Cover at(int x, int y) const {
+    Cover mean;
+    for (const double dy : {0.25, 0.75})
+      for (const double dx : {0.25, 0.75}) {
+        const Cover cover = at(Point{x + dx, y + dy});
+        mean.crown += cover.crown / 4;
+        mean.side += cover.crown * cover.side / 4;
+        mean.shadow += cover.shadow / 4;
+      }
+    return mean;
+  }
+
+ private:
+  static constexpr double spacing = 2.3;
+
+  Cover at(Point p) const {
     Cover cover;
-    const int i = static_cast<int>(std::floor(x / spacing));
-    const int j = static_cast<int>(std::floor(y / spacing));
+    const int i = static_cast<int>(std::floor(p.x / spacing));
+    const int j = static_cast<int>(std::floor(p.y / spacing));
     for (int dj = -1; dj <= 1; ++dj)
       for (int di = -1; di <= 1; ++di) {
         const std::uint64_t h = hash(seed_, i + di, j + dj);
@@ -242,31 +267,35 @@ class Trees {
         const int tx = static_cast<int>(cx);
         const int ty = static_cast<int>(cy);
         if (!wood_.contains(tx, ty) || wood_.at(tx, ty) < 0.18 + 0.74 * part(2)) continue;
-        const double radius = 1.25 + 0.7 * part(3);
-        const double dx = x + 0.5 - cx;
-        const double dy = y + 0.5 - cy;
+        const double radius = 0.95 + 0.75 * part(3);
+        const double dx = p.x - cx;
+        const double dy = p.y - cy;
         const double reach = std::sqrt(dx * dx + dy * dy);
-        const double here = clamp01(radius + 0.5 - reach);
-        if (here > cover.crown) {
+        const double here = reach < radius ? 1 : 0;
+        if (here > 0) {
           cover.crown = here;
           cover.side = std::clamp(-(dx + dy) / radius / 1.4, -1.0, 1.0);
         }
         const double sx = dx - 0.9;
         const double sy = dy - 0.9;
-        cover.shadow = std::max(cover.shadow, clamp01(radius + 0.5 - std::sqrt(sx * sx + sy * sy)));
+        if (std::sqrt(sx * sx + sy * sy) < radius) cover.shadow = 1;
       }
     return cover;
   }
 
- private:
-  static constexpr double spacing = 2.7;
   const Field &wood_;
   std::uint64_t seed_;
 };
 
-/// The greatest glaciers, from their ends up to the snow, and the brooks that lead their water to the rivers.
+/// A tongue of ice from its end up into the snow.
+struct Tongue {
+  std::vector<Point> line;
+  double width = 0;
+};
+
+/// The greatest glaciers, and the brooks that lead their water to the rivers.
 struct Glaciers {
-  std::vector<std::vector<Point>> tongues;
+  std::vector<Tongue> tongues;
   Path brooks;
 };
 
@@ -276,69 +305,119 @@ void smooth(std::vector<Point> &line, int rounds) {
       line[k] = (line[k - 1] + line[k] * 2 + line[k + 1]) * 0.25;
 }
 
-/// Above the sources of the rivers that have the highest land behind them.
-Glaciers glaciers_of(const Scene &scene) {
-  constexpr std::size_t count = 5;
-  constexpr double lowest_source = 450;
-  constexpr double ice_ends = 1350;
-  constexpr double snow_line = 2700;
-  const Field &height = scene.terrain.height;
-  const Drainage &d = scene.terrain.drainage;
-  const std::size_t none = height.size();
-  std::vector<std::size_t> above(height.size(), none);
-  for (const std::size_t i : d.order) {
-    std::size_t &best = above[d.receiver[i]];
-    if (d.receiver[i] != i && (best == none || d.area[i] > d.area[best])) best = i;
-  }
-  struct Way {
-    double top = 0;
-    std::vector<Point> line;
-    std::size_t brook = 0;
-  };
-  std::vector<Way> ways;
-  for (const River &river : scene.rivers) {
-    const Point source = river.line.back();
-    std::size_t i = height.index(std::clamp(static_cast<int>(source.x * fine), 0, height.width() - 1),
-                                 std::clamp(static_cast<int>(source.y * fine), 0, height.height() - 1));
-    if (height[i] < lowest_source) continue;
-    Way way{0, {source}, 0};
-    for (int step = 0; step < 90 && above[i] != none && height[i] < snow_line; ++step) {
-      i = above[i];
-      const Cell c = height.cell(i);
-      way.line.push_back({(c.x + 0.5) / fine, (c.y + 0.5) / fine});
-      if (height[i] < ice_ends) way.brook = way.line.size() - 1;
+/// Where the snow of the heights goes as ice, by the way of the water.
+class Icefields {
+ public:
+  Icefields(const Field &height, const Drainage &drainage)
+      : height_(height),
+        drainage_(drainage),
+        above_(height.size(), height.size()),
+        fed_(height.width(), height.height(), 0) {
+    constexpr double snow_lies = 2150;
+    for (auto it = drainage.order.rbegin(); it != drainage.order.rend(); ++it) {
+      const std::size_t i = *it;
+      if (height[i] > snow_lies) fed_[i] += 1.0 / (fine * fine);
+      const std::size_t below = drainage.receiver[i];
+      if (below == i) continue;
+      fed_[below] += fed_[i];
+      if (above_[below] == height.size() || fed_[i] > fed_[above_[below]]) above_[below] = i;
     }
-    way.top = height[i];
-    smooth(way.line, 8);
-    if (way.line.size() > way.brook + 12) ways.push_back(std::move(way));
   }
-  std::stable_sort(ways.begin(), ways.end(), [](const Way &a, const Way &b) { return a.top > b.top; });
-  ways.resize(std::min(count, ways.size()));
+
+  /// Square map pixels of snow above a cell.
+  double fed(std::size_t i) const { return fed_[i]; }
+
+  /// The lowest cells of ice, those with the most snow above them first.
+  std::vector<std::size_t> ends() const {
+    constexpr double least = 8;
+    std::vector<std::size_t> result;
+    for (const std::size_t i : drainage_.order)
+      if (fed_[i] >= least && is_ice(i) && !is_ice(drainage_.receiver[i])) result.push_back(i);
+    std::stable_sort(result.begin(), result.end(),
+                     [this](std::size_t a, std::size_t b) { return fed_[a] > fed_[b]; });
+    return result;
+  }
+
+  /// From the end of the ice up to where snow covers everything.
+  std::vector<Point> tongue(std::size_t end) const {
+    constexpr double snow_covers = 3000;
+    std::vector<Point> line;
+    for (std::size_t i = end; i < height_.size() && height_[i] < snow_covers; i = above_[i])
+      line.push_back(place(i));
+    return line;
+  }
+
+  /// From the end of the ice down to the first river.
+  std::vector<Point> brook(std::size_t end, const Coverage &rivers) const {
+    std::vector<Point> line{place(end)};
+    for (std::size_t i = end; rivers.values[i] < 0.3F && drainage_.receiver[i] != i;) {
+      i = drainage_.receiver[i];
+      line.push_back(place(i));
+    }
+    return line;
+  }
+
+ private:
+  /// The more snow feeds it, the farther ice creeps down.
+  bool is_ice(std::size_t i) const { return height_[i] > std::max(850.0, 2200 - 190 * std::sqrt(fed_[i])); }
+  Point place(std::size_t i) const {
+    const Cell c = height_.cell(i);
+    return {(c.x + 0.5) / fine, (c.y + 0.5) / fine};
+  }
+
+  const Field &height_;
+  const Drainage &drainage_;
+  /// The cell that most of a cell's snow comes from; past the last cell at a source.
+  std::vector<std::size_t> above_;
+  Field fed_;
+};
+
+Glaciers glaciers_of(const Scene &scene) {
+  constexpr std::size_t count = 7;
+  constexpr double apart = 9;
+  constexpr std::size_t shortest = 11;
+  const Icefields fields(scene.terrain.height, scene.terrain.drainage);
+  const Coverage rivers = coverage(river_shape(scene.rivers, 0.8).transformed(Affine::scaling(fine, fine)),
+                                   scene.terrain.height.width(), scene.terrain.height.height());
   Glaciers glaciers;
-  for (const Way &way : ways) {
-    const auto end = way.line.begin() + static_cast<std::ptrdiff_t>(way.brook);
-    glaciers.tongues.emplace_back(end, way.line.end());
+  for (const std::size_t end : fields.ends()) {
+    std::vector<Point> line = fields.tongue(end);
+    const auto beside = [&](const Tongue &other) {
+      return distance_to_line(other.line, line.front()) < apart;
+    };
+    if (glaciers.tongues.size() == count) break;
+    if (line.size() < shortest || std::any_of(glaciers.tongues.begin(), glaciers.tongues.end(), beside))
+      continue;
+    smooth(line, 8);
+    glaciers.tongues.push_back({line, std::clamp(1.2 + 0.28 * std::sqrt(fields.fed(end)), 2.0, 3.8)});
+    std::vector<Point> way = fields.brook(end, rivers);
+    smooth(way, 6);
     Path brook;
-    brook.move_to(way.line.front());
-    for (std::size_t k = 1; k <= way.brook; ++k) brook.line_to(way.line[k]);
-    glaciers.brooks.add(stroked(brook, 0.4));
+    brook.move_to(way.front());
+    for (const Point &p : way) brook.line_to(p);
+    glaciers.brooks.add(stroked(brook, 0.45));
   }
   return glaciers;
 }
 
-/// A tongue of ice, narrow at its end, and the bowed strokes across it that maps give its surface.
+/// Tongues of ice, narrow at their ends, with the bowed strokes across them that maps give their surface.
 struct Ice {
   Path surface;
+  /// The surface and its edge.
+  Path edge;
   Path strokes;
 };
 
-Ice ice_of(const std::vector<std::vector<Point>> &glaciers) {
+Ice ice_of(const std::vector<Tongue> &glaciers) {
   Ice ice;
-  for (const auto &line : glaciers)
+  for (const Tongue &tongue : glaciers) {
+    const auto &line = tongue.line;
     for (std::size_t k = 0; k + 1 < line.size(); ++k) {
       const double t = static_cast<double>(k) / static_cast<double>(line.size());
-      const double width = mix(1.2, 3.6, std::min(1.0, 2 * t));
-      ice.surface.add(stroked(Path().move_to(line[k]).line_to(line[k + 1]), width));
+      const double width = tongue.width * mix(0.25, 1, std::min(1.0, 3.5 * t));
+      const Path piece = Path().move_to(line[k]).line_to(line[k + 1]);
+      ice.surface.add(stroked(piece, width));
+      ice.edge.add(stroked(piece, width + 0.45));
       const Point way = line[k + 1] - line[k];
       if (k % 4 != 2 || length(way) == 0) continue;
       const Point along = way * (1 / length(way));
@@ -346,9 +425,66 @@ Ice ice_of(const std::vector<std::vector<Point>> &glaciers) {
       Path stroke;
       stroke.move_to(line[k] + across + along * 0.5)
           .quad_to(line[k] - along * 0.5, line[k] - across + along * 0.5);
-      ice.strokes.add(stroked(stroke, 0.28));
+      ice.strokes.add(stroked(stroke, 0.25));
     }
+  }
   return ice;
+}
+
+/// The lowest places of the frontier between two heights, each with the way along the frontier there.
+struct Pass {
+  Point place;
+  Point along;
+};
+
+std::vector<Pass> passes_of(const Scene &scene) {
+  constexpr double lowest = 500;
+  constexpr double rise = 380;
+  constexpr int apart = 14;
+  const Field smooth_height = blurred(scene.terrain.height, 3);
+  std::vector<Point> line = smooth_line(scene.plan.border, 1, false);
+  // The frontier as drawn lies a little beside the one wished for.
+  for (Point &p : line)
+    for (int round = 0; round < 6; ++round) {
+      const auto ours = [&](double x, double y) { return sampled(scene.shores.ours, x * fine, y * fine); };
+      const Point slope{ours(p.x + 0.5, p.y) - ours(p.x - 0.5, p.y),
+                        ours(p.x, p.y + 0.5) - ours(p.x, p.y - 0.5)};
+      const double square = std::max(0.1, slope.x * slope.x + slope.y * slope.y);
+      p = p - slope * (ours(p.x, p.y) / square);
+    }
+  const auto height = [&](std::size_t k) {
+    return sampled(smooth_height, line[k].x * fine, line[k].y * fine);
+  };
+  std::vector<Pass> passes;
+  for (std::size_t k = apart; k + apart < line.size(); ++k) {
+    const double here = height(k);
+    double before = 0;
+    double behind = 0;
+    bool is_lowest = here > lowest;
+    for (std::size_t i = 1; i <= apart; ++i) {
+      is_lowest = is_lowest && height(k - i) >= here && height(k + i) > here;
+      before = std::max(before, height(k - i));
+      behind = std::max(behind, height(k + i));
+    }
+    if (!is_lowest || std::min(before, behind) < here + rise) continue;
+    const Point way = line[k + 3] - line[k - 3];
+    passes.push_back({line[k], way * (1 / length(way))});
+  }
+  return passes;
+}
+
+/// Two strokes turned from each other, one on either side of the way over the pass.
+Path sign_of(const Pass &pass, double width) {
+  const Point over{-pass.along.y, pass.along.x};
+  Path sign;
+  for (const double side : {-1.0, 1.0}) {
+    const Point foot = pass.place + pass.along * (side * 0.5);
+    const Point far = pass.along * (side * 1.6);
+    Path stroke;
+    stroke.move_to(foot + far + over * 2.2).quad_to(foot - far * 0.6, foot + far - over * 2.2);
+    sign.add(stroked(stroke, width, Cap::round));
+  }
+  return sign;
 }
 
 /// 1 in the middle of a stretch, 0 from its edge on; `torn` moves the edge.
@@ -370,7 +506,11 @@ class Painter {
     const Field relief = modelled(height);
     const Field coarse = blurred(relief, 4);
     const Field turn = light_turn(coarse);
-    const Field detail = shading(relief, 1, turn);
+    // Modelled finer than it is shown, the crests stay sharp.
+    Field finest = scene.terrain.relief;
+    for (std::size_t i = 0; i < finest.size(); ++i) finest[i] = std::max<double>(finest[i], 0);
+    const Field detail = halved(shading(modelled(finest), 1, turn));
+    steep_ = halved(steepness_of(finest));
     const Field forms = shading(coarse, 1.3, turn);
     const Field masses = shading(blurred(relief, 13), 1.9, turn);
     const Field around = blurred(height, 6);
@@ -392,8 +532,17 @@ class Painter {
     const Ice ice = ice_of(glaciers.tongues);
     const Affine to_fine = Affine::scaling(fine, fine);
     ice_ = coverage(ice.surface.transformed(to_fine), height.width(), height.height());
+    ice_edge_ = coverage(ice.edge.transformed(to_fine), height.width(), height.height());
     ice_strokes_ = coverage(ice.strokes.transformed(to_fine), height.width(), height.height());
-    Path rivers = river_shape(scene.rivers, 0.3);
+    Path casings;
+    Path signs;
+    for (const Pass &pass : passes_of(scene)) {
+      casings.add(sign_of(pass, 1.5));
+      signs.add(sign_of(pass, 0.7));
+    }
+    pass_paper_ = coverage(casings.transformed(to_fine), height.width(), height.height());
+    pass_signs_ = coverage(signs.transformed(to_fine), height.width(), height.height());
+    Path rivers = river_shape(scene.rivers, 0.36);
     rivers.add(glaciers.brooks);
     water_ = coverage(rivers.transformed(to_fine), height.width(), height.height());
   }
@@ -454,20 +603,21 @@ class Painter {
     colour = lit(colour, brightness * mix(0.8, 1, ours));
     colour = under_trees(colour, x, y, height, brightness, 1 - grey);
     colour = under_water(colour, x, y, ours);
-    colour = under_snow(colour, px, py, height, brightness);
+    colour = under_snow(colour, x, y, height, brightness);
     colour = under_ice(colour, x, y, brightness);
     const double border = edge_distance(scene_.shores.ours, x, y);
     colour = blend(colour, frontier_ink, border > 0 ? 0.3 * (1 - smooth_step(0, 4.5, border)) : 0);
-    return blend(colour, frontier_ink, 0.55 * (1 - smooth_step(0.25, 0.7, std::abs(border))));
+    colour = blend(colour, frontier_ink, 0.55 * (1 - smooth_step(0.25, 0.7, std::abs(border))));
+    colour = blend(colour, haze, 0.8 * static_cast<double>(pass_paper_.at(x, y)));
+    return blend(colour, pass_ink, static_cast<double>(pass_signs_.at(x, y)));
   }
 
   Colour ground(int x, int y, double px, double py, double height) const {
     Colour colour = tint_at(height_tints, height + 40 * fractal_noise(scene_.plan.seed + 82, px, py, 9, 2) *
                                                        smooth_step(20, 300, height));
     colour = cover(colour, px, py, height, scene_.terrain.inland.at(x, y));
-    const Slope s = slope_at(height_, x, y);
-    const double steep = std::sqrt(s.x * s.x + s.y * s.y);
-    colour = blend(colour, rock, 0.75 * smooth_step(900, 1700, height) * smooth_step(60, 170, steep));
+    colour =
+        blend(colour, rock, 0.75 * smooth_step(900, 1700, height) * smooth_step(80, 220, steep_.at(x, y)));
     // From far above, air lies over the plains and in the valleys.
     const double hollow = smooth_step(10, 160, valley_.at(x, y)) * smooth_step(150, 500, height);
     return blend(colour, haze, 0.07 * (1 - smooth_step(100, 900, height)) + 0.3 * hollow);
@@ -547,22 +697,28 @@ class Painter {
     return blend(colour, leaf, strength * 0.78 * cover.crown);
   }
 
-  /// Snow by altitude: less on the sunny side, on the frontier's other side as on ours.
-  static Colour under_snow(Colour colour, double px, double py, double height, double brightness) {
-    const double line = 2020 + 500 * brightness + 420 * fractal_noise(4711, px, py, 6, 4, 0.6);
-    const double lying = smooth_step(line, line + 700, height);
+  /// Snow by altitude: less on the sunny side and on the steepest walls, on the frontier's other side as on
+  /// ours.
+  Colour under_snow(Colour colour, int x, int y, double height, double brightness) const {
+    const double px = (x + 0.5) / fine;
+    const double py = (y + 0.5) / fine;
+    const double line = 1900 + 500 * brightness + 420 * fractal_noise(4711, px, py, 6, 4, 0.6);
+    const double wall = smooth_step(260, 560, steep_.at(x, y));
+    const double lying = smooth_step(line, line + 600, height) * (1 - 0.7 * wall);
     if (lying <= 0) return colour;
-    const Colour white =
-        brightness >= -0.12 ? snow : blend(snow, snow_shade, 1 - exponential(2.6 * (brightness + 0.12)));
-    return blend(colour, white, 0.94 * lying);
+    const double dark = std::max(0.0, -0.04 - brightness);
+    return blend(colour, blend(snow, snow_shade, 1 - exponential(-2.8 * dark)), 0.94 * lying);
   }
 
   Colour under_ice(Colour colour, int x, int y, double brightness) const {
-    const Colour ice = brightness >= 0
-                           ? Colour{238, 246, 250}
-                           : blend({238, 246, 250}, {186, 208, 228}, 1 - exponential(2 * brightness));
-    colour = blend(colour, ice, 0.95 * static_cast<double>(ice_.at(x, y)));
-    return blend(colour, {104, 152, 196}, 0.75 * static_cast<double>(ice_strokes_.at(x, y)));
+    if (ice_edge_.at(x, y) == 0) return colour;
+    const Colour ice =
+        blend({220, 236, 243}, {172, 198, 222}, 1 - exponential(std::min(0.0, 2 * brightness)));
+    // Further up the snow lies over it.
+    const double bare = 1 - smooth_step(2300, 2900, height_.at(x, y));
+    colour = blend(colour, {112, 152, 190}, 0.6 * bare * static_cast<double>(ice_edge_.at(x, y)));
+    colour = blend(colour, ice, 0.95 * bare * static_cast<double>(ice_.at(x, y)));
+    return blend(colour, {112, 156, 198}, 0.7 * bare * static_cast<double>(ice_strokes_.at(x, y)));
   }
 
   Colour under_water(Colour colour, int x, int y, double ours) const {
@@ -599,13 +755,17 @@ class Painter {
   Trees trees_;
   Field height_;
   Field shade_;
+  Field steep_;
   Field depth_;
   Field offshore_;
   /// How much lower than its surroundings the land lies, metres.
   Field valley_;
   Coverage water_;
   Coverage ice_;
+  Coverage ice_edge_;
   Coverage ice_strokes_;
+  Coverage pass_paper_;
+  Coverage pass_signs_;
 };
 
 }  // namespace

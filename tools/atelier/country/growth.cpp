@@ -173,6 +173,48 @@ void smooth_labels(Grid<int> &labels, double deviation) {
   labels = result;
 }
 
+void hand_over_strips(Grid<int> &labels, double half_width, int smallest) {
+  const Grid<int> before = labels;
+  const std::vector<Box> boxes = boxes_of(before);
+  for (std::size_t l = 1; l < boxes.size(); ++l) {
+    const Box &b = boxes[l];
+    if (b.right < 0) continue;
+    const auto label_at = [&](int x, int y) { return before.contains(x, y) ? before.at(x, y) : 0; };
+    const auto own = [&](int x, int y) { return label_at(x, y) == static_cast<int>(l); };
+    Mask outside(b.right - b.left + 3, b.bottom - b.top + 3, 0);
+    const auto each = [&](const auto &visit) {
+      for (int j = 0; j < outside.height(); ++j)
+        for (int i = 0; i < outside.width(); ++i) visit(i, j, b.left - 1 + i, b.top - 1 + j);
+    };
+    each([&](int i, int j, int x, int y) { outside.at(i, j) = !own(x, y); });
+    const Field depth = distance_to(outside);
+    Mask deep = outside;
+    for (std::size_t i = 0; i < deep.size(); ++i) deep[i] = depth[i] > half_width;
+    const Field from_deep = distance_to(deep);
+    Mask strip = outside;
+    for (std::size_t i = 0; i < strip.size(); ++i) strip[i] = !outside[i] && from_deep[i] > half_width + 1;
+    std::vector<int> sizes;
+    const Grid<int> numbers = pieces(strip, sizes);
+    std::vector<std::map<int, int>> beside(sizes.size());
+    each([&](int i, int j, int x, int y) {
+      for (std::size_t k = 0; k < side_neighbours && numbers.at(i, j) != 0; ++k)
+        if (const int other = label_at(x + neighbours[k].x, y + neighbours[k].y); other != 0)
+          ++beside[static_cast<std::size_t>(numbers.at(i, j))][other];
+    });
+    each([&](int i, int j, int x, int y) {
+      const auto n = static_cast<std::size_t>(numbers.at(i, j));
+      if (n == 0 || sizes[n] < smallest) return;
+      auto around = beside[n];
+      around.erase(static_cast<int>(l));
+      const auto longest = std::max_element(around.begin(), around.end(),
+                                            [](const auto &p, const auto &q) { return p.second < q.second; });
+      // A headland has the other label at its neck alone.
+      if (longest != around.end() && longest->second * half_width > sizes[n] / 2.0)
+        labels.at(x, y) = longest->first;
+    });
+  }
+}
+
 void join_pieces(Grid<int> &labels) {
   for (bool changed = true; changed;) {
     changed = false;

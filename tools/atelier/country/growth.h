@@ -32,6 +32,10 @@ Grid<int> grow_balanced(std::vector<Seed> seeds, const std::vector<double> &targ
 /// under a bell of the given standard deviation.
 void smooth_labels(Grid<int> &labels, double deviation);
 
+/// Gives each strip of a label that is narrower than twice the half width, and at least `smallest` cells
+/// large, to the label that it lies along.
+void hand_over_strips(Grid<int> &labels, double half_width, int smallest);
+
 /// Leaves each label in one piece that hangs together by sides: lesser pieces go to the label that they
 /// border most, or to 0 where they border none.
 void join_pieces(Grid<int> &labels);

@@ -12,10 +12,23 @@ namespace {
 constexpr int regions_round = 60;
 constexpr int provinces_round = 70;
 
-/// Land of the country that is no lake, at either resolution.
-Mask country_mask(const Field &land, const Field &ours, const Field &lake) {
+/// Land of the country that is no lake and no bank, on the fine grid.
+Mask fine_country(const Shores &shores) {
+  Mask mask(shores.land.width(), shores.land.height(), 0);
+  for (std::size_t i = 0; i < mask.size(); ++i)
+    mask[i] = shores.land[i] > 0 && shores.ours[i] > 0 && shores.lake[i] <= 0 && shores.bank[i] <= 0;
+  return mask;
+}
+
+/// The same on the map's grid.
+Mask country_mask(const Shores &shores) {
+  const Field land = halved(shores.land);
+  const Field ours = halved(shores.ours);
+  const Field lake = halved(shores.lake);
+  const Field bank = halved(shores.bank);
   Mask mask(land.width(), land.height(), 0);
-  for (std::size_t i = 0; i < mask.size(); ++i) mask[i] = land[i] > 0 && ours[i] > 0 && lake[i] <= 0;
+  for (std::size_t i = 0; i < mask.size(); ++i)
+    mask[i] = land[i] > 0 && ours[i] > 0 && lake[i] <= 0 && bank[i] <= 0;
   return mask;
 }
 
@@ -111,6 +124,7 @@ Grid<int> grow_regions(const Plan &plan, const Données &données, const Field &
   for (std::size_t r = 1; r < données.régions.size(); ++r)
     if (!is_islands(plan, r)) number.push_back(static_cast<int>(r));
   for (std::size_t i = 0; i < labels.size(); ++i) labels[i] = number[static_cast<std::size_t>(labels[i])];
+  hand_over_strips(labels, 6, 90);
   smooth_labels(labels, 2.5);
   join_pieces(labels);
   return labels;
@@ -145,7 +159,7 @@ std::vector<Seed> spread_seeds(const Grid<int> &regions, int region, std::size_t
 
 Provinces grow_provinces(const Plan &plan, const Données &données, const Shores &shores,
                          const Terrain &terrain, const std::vector<River> &rivers) {
-  const Mask country = country_mask(halved(shores.land), halved(shores.ours), halved(shores.lake));
+  const Mask country = country_mask(shores);
   const Grid<int> islands = island_numbers(shores);
   const Grid<int> zone = mainland(country, islands);
   const Field cost = travelling_cost(shores, terrain, rivers);
@@ -187,7 +201,7 @@ Provinces grow_provinces(const Plan &plan, const Données &données, const Shore
 }
 
 Provinces fine_provinces(const Provinces &provinces, const Shores &shores) {
-  return doubled_labels(provinces, country_mask(shores.land, shores.ours, shores.lake));
+  return doubled_labels(provinces, fine_country(shores));
 }
 
 }  // namespace atelier

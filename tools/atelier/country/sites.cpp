@@ -171,7 +171,11 @@ double misfit(const Lie &lie, const Province &province, const Room &room, const 
   double sum = 0.5 * mean_want(lie, room, provinces, province.indice) +
                best_want(lie, room, provinces, province.indice) +
                2 * best_want(lie, room, provinces, province.capitale.indice);
-  for (const Ville &ville : province.villes) sum += best_want(lie, room, provinces, ville.indice);
+  for (const Ville &ville : province.villes) {
+    const double best = best_want(lie, room, provinces, ville.indice);
+    sum += best;
+    if (best > is_unmet) sum += 2;
+  }
   return sum;
 }
 
@@ -254,7 +258,7 @@ class Settler {
       if (!free(c)) continue;
       const std::size_t i = provinces_.index(c.x, c.y);
       double cost =
-          3 * want(lie_, ville.indice, i) + pleasantness(lie_, ville, town == 0, i) + crowding(p, c, room);
+          5 * want(lie_, ville.indice, i) + pleasantness(lie_, ville, town == 0, i) + crowding(p, c, room);
       cost += 1.8 * (1 - smooth_step(3.5, off_the_border + 0.5, room.margins[k]));
       if (town == 0) cost += 0.25 * distance(c, room.middle) / room.radius;
       if (cost >= best) continue;

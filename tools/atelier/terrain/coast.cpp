@@ -102,15 +102,16 @@ Field lake_field(const Plan &plan) {
     const Lake &lake = plan.lakes[n];
     const double c = cosine(lake.tilt);
     const double s = sine(lake.tilt);
+    const double torn = std::min(5.5, 0.9 * lake.half_width);
     for (int j = 0; j < result.height(); ++j)
       for (int i = 0; i < result.width(); ++i) {
         const double dx = (i + 0.5) / fine - lake.centre.x;
         const double dy = (j + 0.5) / fine - lake.centre.y;
         if (std::abs(dx) > 40 || std::abs(dy) > 40) continue;
         const double wx =
-            5.5 * fractal_noise(plan.seed + 31, dx + lake.centre.x, dy + lake.centre.y, 14, 4, 0.6);
+            torn * fractal_noise(plan.seed + 31, dx + lake.centre.x, dy + lake.centre.y, 14, 4, 0.6);
         const double wy =
-            5.5 * fractal_noise(plan.seed + 32, dx + lake.centre.x, dy + lake.centre.y, 14, 4, 0.6);
+            torn * fractal_noise(plan.seed + 32, dx + lake.centre.x, dy + lake.centre.y, 14, 4, 0.6);
         const double u = ((dx + wx) * c + (dy + wy) * s) / lake.half_length;
         const double v = ((dy + wy) * c - (dx + wx) * s) / lake.half_width;
         const double inside = (1 - std::sqrt(u * u + v * v)) * lake.half_width;
@@ -120,36 +121,46 @@ Field lake_field(const Plan &plan) {
   return result;
 }
 
-/// The mud that the arms of a delta carry out to sea builds a foot around each mouth.
+/// The mud that the arms of a delta carry out to sea builds a bird's foot around each mouth: a middle toe
+/// along the arm and a shorter one to either side.
 void add_lobes(Field &land, const Plan &plan) {
   for (const Delta_arm &arm : plan.arms) {
     const Point last = arm.course.back();
     const Point way = last - arm.course[arm.course.size() - 2];
     const Point out = way * (1 / length(way));
-    const double reach = 3 + 6 * arm.first_width;
+    const double reach = std::min(11.0, 3 + 6 * arm.first_width);
+    const Point spread = out + Point{-out.y, out.x} * 0.9;
+    const Point other_spread = out - Point{-out.y, out.x} * 0.9;
     const std::vector<Point> foot{last - out * 6, last + out * reach};
+    const std::vector<Point> toes{last + spread * (0.5 * reach), last, last + other_spread * (0.5 * reach)};
     for (int j = 0; j < land.height(); ++j)
       for (int i = 0; i < land.width(); ++i) {
         const Point p{(i + 0.5) / fine, (j + 0.5) / fine};
         if (length(p - last) > 30) continue;
-        const double width = 4.6 + 2.4 * fractal_noise(plan.seed + 33, p.x, p.y, 9, 3);
-        land.at(i, j) = std::max<double>(land.at(i, j), width - distance_to_line(foot, p));
+        const double torn = 2.4 * fractal_noise(plan.seed + 33, p.x, p.y, 7, 3);
+        land.at(i, j) = std::max<double>(
+            land.at(i, j), std::max(3.4 - distance_to_line(foot, p), 2.4 - distance_to_line(toes, p)) + torn);
       }
   }
 }
 
-void add_islets(Field &land, const Plan &plan) {
+/// Gives the bank's field: as the land's, far from every bank far below 0.
+Field add_islets(Field &land, const Plan &plan) {
+  const Field coast = land;
+  Field bank(land.width(), land.height(), -100);
   for (const Islet &islet : plan.islets) {
     const std::vector<Point> line = islet.line.size() > 1 ? smooth_line(islet.line, 2, false)
                                                           : std::vector<Point>{islet.line[0], islet.line[0]};
     for (int j = 0; j < land.height(); ++j)
       for (int i = 0; i < land.width(); ++i) {
         const Point p{(i + 0.5) / fine, (j + 0.5) / fine};
-        if (land.at(i, j) > 0 || land.at(i, j) < -40) continue;
+        if (coast.at(i, j) > 0 || coast.at(i, j) < -40) continue;
         const double torn = 0.7 * islet.half_width * fractal_noise(plan.seed + 34, p.x, p.y, 4, 3);
-        land.at(i, j) = std::max<double>(land.at(i, j), islet.half_width + torn - distance_to_line(line, p));
+        bank.at(i, j) = std::max<double>(bank.at(i, j), islet.half_width + torn - distance_to_line(line, p));
+        land.at(i, j) = std::max<double>(land.at(i, j), bank.at(i, j));
       }
   }
+  return bank;
 }
 
 /// Keeps only the piece of land that holds a cell, and fills waters enclosed in it.
@@ -203,7 +214,7 @@ Shores draw_shores(const Plan &plan) {
 
   // What is narrower than a pixel or two neither shows nor can be hit.
   shores.land = blurred(shores.land, 1.6);
-  add_islets(shores.land, plan);
+  shores.bank = add_islets(shores.land, plan);
   shores.lake = lake_field(plan);
   for (std::size_t i = 0; i < shores.land.size(); ++i)
     if (shores.land[i] <= 0) shores.island[i] = 0;

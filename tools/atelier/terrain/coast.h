@@ -16,6 +16,8 @@ struct Shores {
   Field land;
   /// Signed distance to the lakes' shores, above 0 in a lake.
   Field lake;
+  /// Above 0 on rocks and on banks of sand, which belong to no province, whether they touch the coast or not.
+  Field bank;
   /// Above 0 on our side of the border, on land or sea; the islands are ours.
   Field ours;
   /// 0 on the mainland and at sea, 1.. on the islands of the country.

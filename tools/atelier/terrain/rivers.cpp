@@ -154,8 +154,8 @@ River arm_of(const Delta_arm &arm, const Field &land, std::uint64_t seed) {
   for (std::size_t i = 0; i < line.size(); ++i) {
     const Point p = line[i];
     const double ends = std::min(1.0, static_cast<double>(i) / 12);
-    const Point q{p.x + 3 * ends * fractal_noise(seed + 71, p.x, p.y, 16, 3),
-                  p.y + 3 * ends * fractal_noise(seed + 72, p.x, p.y, 16, 3)};
+    const Point q{p.x + 5 * ends * fractal_noise(seed + 71, p.x, p.y, 17, 2),
+                  p.y + 5 * ends * fractal_noise(seed + 72, p.x, p.y, 17, 2)};
     river.line.push_back(q);
     const double t = clamp01(static_cast<double>(i) / static_cast<double>(line.size() - longest_way_on));
     river.widths.push_back(mix(arm.first_width, arm.last_width, t));
@@ -214,6 +214,16 @@ std::vector<River> trace_rivers(const Plan &plan, const Terrain &terrain, const 
     return best;
   };
   const std::size_t main = plan.arms.empty() ? rivers.size() : trunk(plan.arms.front().course.front());
+  // Where the first arm begins the river as traced ends: in the flat land below, its way over the grid is
+  // any.
+  if (main < rivers.size()) {
+    River &river = rivers[main];
+    constexpr std::size_t easing = 10;
+    const std::size_t nearest = nearest_on(river.line, plan.arms.front().course.front()).index;
+    const auto fork = static_cast<std::ptrdiff_t>(std::min(nearest + easing, river.line.size() - 2));
+    river.line.erase(river.line.begin(), river.line.begin() + fork);
+    river.widths.erase(river.widths.begin(), river.widths.begin() + fork);
+  }
   for (const Delta_arm &arm : plan.arms) {
     River river = arm_of(arm, shores.land, plan.seed);
     // The first point of an arm lies on the river as traced, or on the arm that it leaves, not as wished for.

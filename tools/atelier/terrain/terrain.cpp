@@ -150,6 +150,8 @@ class Shares {
   const Flood &flood_;
 };
 
+constexpr double erodibility = 0.018;
+
 /// How a level is worn.
 struct Wear {
   double time = 1;
@@ -326,9 +328,10 @@ Level first_relief(const Plan &plan, const Shores &shores) {
   return level;
 }
 
-Level refined(const Level &coarse, const Field &land, double cell, std::uint64_t seed) {
+/// The level on a grid of twice the cells a side, with a roughness that is this share of the height.
+Level refined(const Level &coarse, const Field &land, double roughness, std::uint64_t seed) {
   Level level;
-  level.cell = cell;
+  level.cell = coarse.cell / 2;
   level.land = land_mask(land);
   level.height = doubled(coarse.height);
   level.uplift = doubled(coarse.uplift);
@@ -340,8 +343,10 @@ Level refined(const Level &coarse, const Field &land, double cell, std::uint64_t
         h = 0;
         continue;
       }
-      const double rough = 0.08 * h + 0.6;
-      h = std::max(0.5, h + rough * fractal_noise(seed, i * cell, j * cell, 7 * cell, 3, 0.6));
+      const double rough = roughness * h + 0.6;
+      const double x = i * level.cell;
+      const double y = j * level.cell;
+      h = std::max(0.5, h + rough * fractal_noise(seed, x, y, 7 * level.cell, 3, 0.6));
     }
   return level;
 }
@@ -359,6 +364,14 @@ void flatten_lakes(Level &level, const Field &lake) {
     }
   for (std::size_t i = 0; i < lake.size(); ++i)
     if (numbers[i] != 0) level.height[i] = surface[static_cast<std::size_t>(numbers[i])];
+}
+
+/// Worn anew on a finer grid, for the eye alone: rivers and borders keep to the level's own.
+Field relief_of(const Level &level, const Shores &shores, std::uint64_t seed) {
+  Level finest = refined(level, doubled(shores.land), 0.045, seed);
+  for (int step = 0; step < 4; ++step) erode(finest, {2, erodibility, 0.05, 0.012});
+  flatten_lakes(finest, doubled(shores.lake));
+  return finest.height;
 }
 
 Field woods(const Plan &plan, const Field &height, const Field &inland) {
@@ -385,22 +398,30 @@ Field woods(const Plan &plan, const Field &height, const Field &inland) {
   return wood;
 }
 
+/// No water runs over a bank: it is sea to the model, and flat.
+Shores without_banks(Shores shores) {
+  for (std::size_t i = 0; i < shores.land.size(); ++i)
+    shores.land[i] = std::min<double>(shores.land[i], -shores.bank[i]);
+  return shores;
+}
+
 }  // namespace
 
-Terrain raise_terrain(const Plan &plan, const Shores &shores) {
-  constexpr double erodibility = 0.018;
+Terrain raise_terrain(const Plan &plan, const Shores &whole) {
+  const Shores shores = without_banks(whole);
   Level level = first_relief(plan, shores);
   // The uplift is scaled so that the highest crests come to rest near the height that was drawn for them.
   for (std::size_t i = 0; i < level.uplift.size(); ++i) level.uplift[i] *= 0.0017;
   for (int step = 0; step < 120; ++step) erode(level, {2, erodibility, 0, 0.05});
   const Field half = halved(shores.land);
-  level = refined(level, half, 1, plan.seed + 41);
+  level = refined(level, half, 0.08, plan.seed + 41);
   for (int step = 0; step < 60; ++step) erode(level, {1, erodibility, 0.3, 0.04});
-  level = refined(level, shores.land, 0.5, plan.seed + 42);
-  for (int step = 0; step < 18; ++step) erode(level, {2, erodibility, 0.1, 0.035});
+  level = refined(level, shores.land, 0.08, plan.seed + 42);
+  for (int step = 0; step < 18; ++step) erode(level, {2, erodibility, 0.1, 0.02});
   flatten_lakes(level, shores.lake);
 
   Terrain terrain;
+  terrain.relief = relief_of(level, shores, plan.seed + 43);
   terrain.inland = coast_distance(level.land, level.cell);
   terrain.drainage = drain(level.height, level.land, level.cell);
   terrain.height = level.height;

@@ -111,6 +111,8 @@ bool clear(Cell a, Cell b) {
 
 /// Distance of a dot's centre from its province's border from which on no line touches the dot.
 constexpr double off_the_border = 6;
+/// From here on the dot keeps off the line's middle at least.
+constexpr double at_the_border = 5;
 
 /// The places of a grown province where a dot may lie, and the middle of the province.
 struct Room {
@@ -260,6 +262,7 @@ class Settler {
       double cost =
           5 * want(lie_, ville.indice, i) + pleasantness(lie_, ville, town == 0, i) + crowding(p, c, room);
       cost += 1.8 * (1 - smooth_step(3.5, off_the_border + 0.5, room.margins[k]));
+      if (room.margins[k] < at_the_border) cost += 6;
       if (town == 0) cost += 0.25 * distance(c, room.middle) / room.radius;
       if (cost >= best) continue;
       best = cost;

@@ -1,5 +1,6 @@
 #include "terrain/coast.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "drawing/raster.h"
@@ -144,6 +145,26 @@ void add_lobes(Field &land, const Plan &plan) {
   }
 }
 
+void drown_rias(Field &land, const Plan &plan) {
+  constexpr double at_the_head = 0.9;
+  for (const Ria &ria : plan.rias) {
+    const std::vector<Point> line = smooth_line(ria.line, 1, false);
+    const double reach = 2 * length(line.back() - line.front());
+    for (int j = 0; j < land.height(); ++j)
+      for (int i = 0; i < land.width(); ++i) {
+        const Point p{(i + 0.5) / fine, (j + 0.5) / fine};
+        if (length(p - line.front()) > reach) continue;
+        const auto nearest = std::min_element(line.begin(), line.end(), [&p](const Point &a, const Point &b) {
+          return length(a - p) < length(b - p);
+        });
+        const double t = static_cast<double>(nearest - line.begin()) / static_cast<double>(line.size());
+        const double width =
+            mix(ria.half_width, at_the_head, t) * (1 + 0.5 * fractal_noise(plan.seed + 35, p.x, p.y, 7, 3));
+        land.at(i, j) = std::min<double>(land.at(i, j), length(*nearest - p) - width);
+      }
+  }
+}
+
 /// Gives the bank's field: as the land's, far from every bank far below 0.
 Field add_islets(Field &land, const Plan &plan) {
   const Field coast = land;
@@ -185,6 +206,7 @@ Shores draw_shores(const Plan &plan) {
   Shores shores;
   shores.land = torn_coast(plan.seed, plan.coast);
   add_lobes(shores.land, plan);
+  drown_rias(shores.land, plan);
   keep_one_piece(shores.land);
 
   std::vector<Point> country = smooth_line(plan.border, 2, false);

@@ -103,6 +103,10 @@ const std::map<std::string, std::function<void(Plan &, const Fields &)>> &line_k
        [](Plan &p, const Fields &f) {
          p.islets.push_back({number(f.at(1)), points(f.at(2))});
        }},
+      {"ria",
+       [](Plan &p, const Fields &f) {
+         p.rias.push_back({number(f.at(1)), points(f.at(2))});
+       }},
       {"région",
        [](Plan &p, const Fields &f) {
          const auto r = static_cast<std::size_t>(number(f.at(1)));

@@ -55,6 +55,12 @@ struct Islet {
   std::vector<Point> line;
 };
 
+/// A drowned valley, from the sea inland, narrower and narrower.
+struct Ria {
+  double half_width = 0;
+  std::vector<Point> line;
+};
+
 /// All lengths in map pixels, heights in metres.
 struct Plan {
   std::uint64_t seed = 0;
@@ -69,6 +75,7 @@ struct Plan {
   std::vector<Stretch> vineyards;
   std::vector<Stretch> karst;
   std::vector<Islet> islets;
+  std::vector<Ria> rias;
   /// By region number from 1; regions of the islands have no anchor and stand at (0, 0).
   std::vector<Point> anchors;
   /// By region number: how large its provinces are beside those of others.

@@ -140,6 +140,22 @@ TEST_P(Scales, EveryOutlineIsClosed) {
   }
 }
 
+TEST_P(Scales, NoOutlineIsThickerThanItsWeight) {
+  for (int p = 1; p <= provinces; ++p) {
+    const Laid &line = outline(p, scale());
+    int thick = 0;
+    line.each_pixel([&](int x, int y) {
+      // A square of so many pixels a side finds room in no line, but for where two meet in a sharp corner.
+      const int side = scale() + 1;
+      bool filled = true;
+      for (int j = 0; j < side && filled; ++j)
+        for (int i = 0; i < side && filled; ++i) filled = line.at(x + i, y + j).a >= 200;
+      thick += filled ? 1 : 0;
+    });
+    EXPECT_LE(thick, 1) << "province " << p;
+  }
+}
+
 TEST(Layers, NeighboursDrawTheSameLine) {
   long borders = 0;
   for (int y = 0; y < map_height; ++y)

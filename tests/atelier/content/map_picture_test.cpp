@@ -49,7 +49,7 @@ TEST_P(Map_picture, NoPixelOfTheLandHasAHueOfItsOwn) {
       double nearest = 1e9;
       for (const auto &n : atelier::neighbours)
         nearest = std::min(nearest, hue_difference(map.at(x, y), map.at(x + n.x, y + n.y)));
-      // Single pixels of a thin river or of the frontier come to 43.
+      // Single pixels of a thin river or of the frontier come to 44.
       stray += nearest > 46 ? 1 : 0;
     }
   EXPECT_EQ(stray, 0);

@@ -76,8 +76,9 @@ constexpr Colour coast_line{50, 90, 124};
 constexpr Colour river_blue{64, 120, 170};
 constexpr Colour lake_blue{156, 200, 225};
 constexpr Colour lake_rim{112, 166, 202};
-constexpr Colour frontier_ink{126, 84, 96};
-constexpr Colour pass_ink{92, 44, 44};
+constexpr Colour frontier_ink{120, 84, 94};
+constexpr Colour pass_paper{250, 246, 234};
+constexpr Colour pass_ink{54, 44, 48};
 
 Colour tint_at(std::span<const Tint> tints, double at) {
   for (std::size_t i = 1; i < tints.size(); ++i)
@@ -479,9 +480,9 @@ Path sign_of(const Pass &pass, double width) {
   Path sign;
   for (const double side : {-1.0, 1.0}) {
     const Point foot = pass.place + pass.along * (side * 0.5);
-    const Point far = pass.along * (side * 1.6);
+    const Point far = pass.along * (side * 1.9);
     Path stroke;
-    stroke.move_to(foot + far + over * 2.2).quad_to(foot - far * 0.6, foot + far - over * 2.2);
+    stroke.move_to(foot + far + over * 2.5).quad_to(foot - far * 0.6, foot + far - over * 2.5);
     sign.add(stroked(stroke, width, Cap::round));
   }
   return sign;
@@ -537,8 +538,8 @@ class Painter {
     Path casings;
     Path signs;
     for (const Pass &pass : passes_of(scene)) {
-      casings.add(sign_of(pass, 1.5));
-      signs.add(sign_of(pass, 0.7));
+      casings.add(sign_of(pass, 2));
+      signs.add(sign_of(pass, 0.8));
     }
     pass_paper_ = coverage(casings.transformed(to_fine), height.width(), height.height());
     pass_signs_ = coverage(signs.transformed(to_fine), height.width(), height.height());
@@ -608,7 +609,7 @@ class Painter {
     const double border = edge_distance(scene_.shores.ours, x, y);
     colour = blend(colour, frontier_ink, border > 0 ? 0.3 * (1 - smooth_step(0, 4.5, border)) : 0);
     colour = blend(colour, frontier_ink, 0.55 * (1 - smooth_step(0.25, 0.7, std::abs(border))));
-    colour = blend(colour, haze, 0.8 * static_cast<double>(pass_paper_.at(x, y)));
+    colour = blend(colour, pass_paper, 0.85 * static_cast<double>(pass_paper_.at(x, y)));
     return blend(colour, pass_ink, static_cast<double>(pass_signs_.at(x, y)));
   }
 

@@ -24,7 +24,8 @@ void RedessinerCarte(Contexte &c);
 /// selected target; `retenue`: it stays hidden in stage Régions. A hidden marker stays hidden.
 void Poser_rond(Contexte &c, int i, bool cible, bool retenue);
 
-/// The flag of a province or of a region in the question's box, fitted into it, with its blazon for who listens.
+/// The flag of a province or of a region in the question's box, fitted into it, with its blazon for who
+/// listens.
 void AfficherDrapeau(Contexte &c, int province);
 void AfficherDrapeauRégion(Contexte &c, int région);
 

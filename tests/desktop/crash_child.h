@@ -11,6 +11,7 @@ inline constexpr std::string_view crash_folder = "ARDANE_CRASH_FOLDER";
 
 /// Lets an event of a window fail in the way named: "fatale", "indice", "inconnue" or "boucle" (in a modal
 /// window's own event); "réglages" starts the whole program where no settings can be kept, "réglages
-/// illisibles" where they cannot be read at the very start; "partie" does what `play_to_the_error` tells. Writes the
-/// error box's icon, title, text and buttons, and presses its button. What it returns is never the program's own end.
+/// illisibles" where they cannot be read at the very start; "partie", see `crash_folder`. Writes the
+/// error box's icon, title, text and buttons, and presses its button. What it returns is never the program's
+/// own end.
 int crash(std::string_view way);

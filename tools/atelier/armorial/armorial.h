@@ -45,8 +45,8 @@ Image dessiner_armes(const Armoiries &armoiries, const Meubles &meubles);
 Image dessiner_drapeau(const Armoiries &armoiries, const Meubles &meubles);
 
 /// Draws everything into `images` (folders drapeau and drapeau_region), writes docs/armorial.md, which shows
-/// these pictures, and the table of texts `blasons`, which tells them: the provinces' under their numbers, the
-/// regions' under 200 and theirs.
+/// these pictures, and the table of texts `blasons`, which tells them: the provinces' under their numbers,
+/// the regions' under 200 and theirs.
 void dessiner_armorial(const Données &données, const std::filesystem::path &images, Catalogue &catalogue,
                        const std::filesystem::path &blasons, const std::filesystem::path &docs);
 

@@ -23,8 +23,8 @@ struct Drainage {
 struct Terrain {
   /// Metres above the sea; below 0 at sea.
   Field height;
-  /// The same with twice the cells a side, as relief is drawn; worn a little further, with the furrows that the
-  /// fine grid has no room for.
+  /// The same with twice the cells a side, as relief is drawn; worn a little further, with the furrows that
+  /// the fine grid has no room for.
   Field relief;
   /// Distance to the coast in map pixels, above 0 on land (the signed distance itself, not the noisy one).
   Field inland;

@@ -78,7 +78,8 @@ TEST(Expanses, IslandsWithoutAProvinceLieInTheSea) {
       ++islets;
       for (std::size_t k = 0; k < atelier::side_neighbours; ++k) {
         const char beside = expanse_at(x + atelier::neighbours[k].x, y + atelier::neighbours[k].y);
-        EXPECT_TRUE(beside == 'i' || beside == 'm') << x << ", " << y;
+        // A skerry may hang on to the coast by a pixel.
+        EXPECT_TRUE(beside == 'i' || beside == 'm' || beside == 'p') << x << ", " << y;
       }
     }
   EXPECT_GT(islets, 0);

@@ -254,8 +254,8 @@ class GuideAtEveryLevel : public Guide, public testing::WithParamInterface<std::
 };
 
 TEST_P(GuideAtEveryLevel, NoPlaceIsToldByANameThatIsNotShownThere) {
-  for (int y = 0; y < 662; y += 5)
-    for (int x = 0; x < 602; x += 5) {
+  for (int y = 0; y < 662; ++y)
+    for (int x = 0; x < 602; ++x) {
       const Vue_du_lieu vue = Voir(m.c(), {x, y});
       if (vue.nom.empty()) continue;
       EXPECT_TRUE(montrés.contains(vue.nom)) << vue.nom;
@@ -276,7 +276,7 @@ TEST_P(GuideAtEveryLevel, NoBorderIsToldBetweenProvincesOfWhichNothingIsDrawn) {
     return !m.e().Pays(p).visible && !m.e().Inv(p).visible &&
            !m.e().Région(m.g().TableProvinces(p).région).visible;
   };
-  for (int y = 0; y < 662; y += 2)
+  for (int y = 0; y < 662; ++y)
     for (int x = 1; x < 602; ++x) {
       const int p = code_du_pixel(m.g(), 0, x - 1, y), q = code_du_pixel(m.g(), 0, x, y);
       if (p == q || p == 0 || q == 0 || !rien(p) || !rien(q)) continue;

@@ -53,6 +53,8 @@ std::ifstream ouvrir(const fs::path &fichier) {
 }
 
 bool tient(const fs::path &fichier, const std::string &octets) {
+  std::error_code erreur;
+  if (fs::file_size(fichier, erreur) != octets.size() || erreur) return false;
   std::ostringstream contenu;
   contenu << ouvrir(fichier).rdbuf();
   return contenu.str() == octets;

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "configuration/configuration_mode.h"
 #include "map/panel.h"
 #include "persistence/lifeline.h"
@@ -397,6 +399,41 @@ TEST_F(LeftBehind, IsNotOffered) {
   });
   attendre_refus("a selection of what is left out", étape_régions,
                  [](auto &p) { p.interruption->sélection = {3}; });
+}
+
+/// Nearly all of a slot is padding; this hits what is read.
+std::string avec_un_bit_retourné(std::string octets, std::mt19937 &hasard) {
+  const std::size_t place = hasard() % (octets.size() / taille_de_case) * taille_de_case + hasard() % 4;
+  octets[place] = static_cast<char>(octets[place] ^ (1 << hasard() % 8));
+  return octets;
+}
+
+TEST_F(LeftBehind, WithABitTurnedIsRefusedOrGoesOn) {
+  std::mt19937 hasard(2211);
+  Suivante suivante(lieu(secours));
+  int reprises = 0, refus = 0;
+  testing::internal::CaptureStderr();
+  for (const std::int16_t étape : {étape_provinces, étape_villes, étape_drapeaux, étape_régions}) {
+    jouer({étape}, 0);
+    for (int i = 0; i < 8; ++i) répondre(m, true);
+    m.g().ConseilFicheVu = true;
+    Tenir_partie(m.c());
+    const std::string octets = lire_fichier(secours.fichier("secours/partie"));
+    for (int fois = 0; fois < 150; ++fois) {
+      écrire_fichier(secours.fichier("secours/partie"), avec_un_bit_retourné(octets, hasard));
+      suivante.m.g().PartieVierge = true;
+      ASSERT_NO_THROW(Proposer_reprise(suivante.m.c())) << étape << ", " << fois;
+      const bool reprise = partie_en_cours(suivante.m.g());
+      ++(reprise ? reprises : refus);
+      for (int i = 0; reprise && i < 3; ++i)
+        ASSERT_NO_THROW(répondre(suivante.m, true)) << étape << ", " << fois;
+    }
+    m.g().PartieVierge = true;
+    Tenir_partie(m.c());
+  }
+  testing::internal::GetCapturedStderr();
+  EXPECT_GT(reprises, 100);
+  EXPECT_GT(refus, 20);
 }
 
 }  // namespace

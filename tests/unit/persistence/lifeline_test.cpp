@@ -223,7 +223,7 @@ TEST_P(Lifeline, AnAnnouncementThatIsNotWholeIsNotCarriedOut) {
   const std::string scores = dossier.fichier("ARDANE.SCI");
   Secours(lieu()).annoncer_écriture(scores, std::string(300, 's'), true);
   const std::string entière = lire_fichier(fichier("ecriture"));
-  for (std::size_t taille = 0; taille < entière.size() - (384 - 300); ++taille) {
+  for (std::size_t taille = 0; taille < entière.size() - (384 - 300); taille += taille % 128 < 8 ? 1 : 24) {
     écrire_fichier(fichier("ecriture"), entière.substr(0, taille));
     Secours(lieu()).achever(horloge);
     ASSERT_FALSE(fs::exists(scores)) << taille;

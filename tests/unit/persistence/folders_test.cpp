@@ -115,6 +115,17 @@ TEST(DeletingFiles, OnlyAPlainFileGoes) {
   EXPECT_TRUE(fs::exists(chemin_natif(dossier.fichier("p"))));
 }
 
+TEST(DeletingFiles, InAReadOnlyFolderItFailsAndTheFileStays) {
+  DossierTemporaire dossier;
+  écrire_fichier(dossier.fichier("a"), "");
+  fs::permissions(chemin_natif(dossier.fichier("a")), fs::perms::all);
+  {
+    const Protégé lecture_seule(chemin_natif(dossier.chemin()), Protégé::Contre::écriture);
+    EXPECT_FALSE(Effacer_fichier(dossier.fichier("a")));
+  }
+  EXPECT_TRUE(fichier_existe(dossier.fichier("a")));
+}
+
 class ProposedFolder : public testing::Test {
  protected:
   ProposedFolder() {

@@ -302,6 +302,23 @@ TEST_F(FileRegistry, TwoInstancesKeepEachOthersSettings) {
   EXPECT_EQ(troisième.lire(jeu, "répertoire"), "/tmp");
 }
 
+TEST_F(FileRegistry, AnInstanceThatWritesUndoesNoChangeOfAnother) {
+  RegistreFichier première = ouvrir();
+  première.créer("R");
+  première.écrire("R", "a", "1");
+  RegistreFichier seconde = ouvrir();
+  seconde.écrire("R", "a", "2");
+  première.écrire("R", "b", "3");
+  EXPECT_EQ(première.lire("R", "a"), "2");
+  EXPECT_EQ(ouvrir().lire("R", "a"), "2");
+  EXPECT_EQ(ouvrir().lire("R", "b"), "3");
+  // Nor where only one of them has written since.
+  première.écrire("R", "c", "4");
+  seconde.écrire("R", "c", "5");
+  EXPECT_EQ(seconde.lire("R", "b"), "3");
+  EXPECT_EQ(ouvrir().lire("R", "c"), "5");
+}
+
 TEST_F(FileRegistry, InstancesThatWriteAtOnceLoseNothing) {
   constexpr int instances = 4, réglages = 25;
   std::vector<std::thread> fils;

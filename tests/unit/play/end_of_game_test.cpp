@@ -149,6 +149,45 @@ TEST_F(EndOfGame, ALostGameTellsSoWithTheStopIconAndScoresItsProgress) {
   EXPECT_FALSE(m.e().que_faire.visible);
 }
 
+/// The score as the panel shows it.
+std::string score_affiché(Ecran_principal &e) {
+  std::string chiffres;
+  for (int i = 6; i >= 1; --i) chiffres += e.Digit(i).texte;
+  return e.Digit(0).texte + chiffres;
+}
+
+TEST_F(EndOfGame, ALostGameShowsItsScoreBeforeItIsTold) {
+  m.répondre_juste();
+  m.g().Score = 1;
+  std::vector<std::string> affichés;
+  m.boîtes.pendant = [&](const Boîte &) { affichés.push_back(score_affiché(m.e())); };
+  m.répondre_faux();
+  ASSERT_FALSE(affichés.empty());
+  EXPECT_EQ(affichés.front(), "-999027");
+}
+
+TEST_F(EndOfGame, AGameThatIsDroppedShowsItsScoreUnderTheTopTen) {
+  m.répondre_juste();
+  std::string affiché;
+  m.façade.joueur = [&](Fenêtre &) { affiché = score_affiché(m.e()); };
+  EXPECT_TRUE(ConfirmerAbandon(m.c()));
+  EXPECT_EQ(affiché, "-999027");
+}
+
+TEST_F(EndOfGame, ASecondGameBeginsWithoutTheStatisticsAndTheHintOfTheFirst) {
+  m.g().ConseilFicheVu = true;
+  m.g().TableVilles(7).points_perdus = 5;
+  m.g().TableVilles(330).trouvée_étape = true;
+  m.g().TableRégions(3).points_perdus = 6;
+  m.g().TableProvinces(110).points_perdus(0) = 8;
+  m.nouvelle_partie(1);
+  EXPECT_FALSE(m.g().ConseilFicheVu);
+  EXPECT_EQ(m.g().TableVilles(7).points_perdus, 0);
+  EXPECT_FALSE(m.g().TableVilles(330).trouvée_étape);
+  EXPECT_EQ(m.g().TableRégions(3).points_perdus, 0);
+  EXPECT_EQ(m.g().TableProvinces(110).points_perdus(0), 0);
+}
+
 TEST_F(EndOfGame, AfterAnyEndingNothingIsAskedOrScoredAgain) {
   m.g().Score = 1;
   m.répondre_faux();

@@ -100,6 +100,20 @@ TEST_F(Stages, TheAnnouncementJoinsTheStageThatEndsToTheOneThatComes) {
   EXPECT_EQ(m.dernière_boîte().titre, "Etape suivante");
 }
 
+TEST_F(Stages, TheFinishedMapStandsUnderTheAnnouncementOfTheNextStage) {
+  ordonner({étape_provinces, étape_villes});
+  m.nouvelle_partie(1);
+  int visibles = 0;
+  std::string reste;
+  m.boîtes.pendant = [&](const Boîte &) {
+    for (int p = 1; p <= nombre_provinces; ++p) visibles += est_visible(m.e().Pays(p)) ? 1 : 0;
+    for (int i = 3; i >= 1; --i) reste += m.e().Reste(i).texte;
+  };
+  finir_étape();
+  EXPECT_EQ(visibles, nombre_provinces);
+  EXPECT_EQ(reste, "000");
+}
+
 TEST_F(Stages, AGameNeverClickedIsDroppedWithoutAQuestionAndWithoutAScore) {
   m.nouvelle_partie(1);
   m.boîtes.montrées.clear();

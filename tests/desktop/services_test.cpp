@@ -1,6 +1,7 @@
 // The screen, sound and the command line.
 #include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -162,6 +163,24 @@ TEST(WebOnDemand, ASiteThatDoesNotAnswerIsGivenUpAndTheHourglassStandsMeanwhile)
   EXPECT_EQ(web.lire_page("jeux/listejeux.htm"), std::nullopt);
   EXPECT_EQ(shown, Qt::WaitCursor);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(WebOnDemand, ASiteThatSendsAByteNowAndThenIsGivenUpAllTheSame) {
+  const SilentSite site;
+  ScreenQt screen;
+  std::thread talk([&] {
+    const int caller = accept(site.socket(), nullptr, nullptr);
+    const std::string_view head = "HTTP/1.0 200 OK\r\n\r\n";
+    send(caller, head.data(), head.size(), MSG_NOSIGNAL);
+    pollfd hung_up{caller, POLLRDHUP, 0};
+    constexpr int between_bytes_ms = 5;
+    // A million bytes would end it, too, after more than an hour.
+    while (poll(&hung_up, 1, between_bytes_ms) == 0 && send(caller, "x", 1, MSG_NOSIGNAL) == 1) {
+    }
+    close(caller);
+  });
+  EXPECT_EQ(WebOnDemand(screen, site.name(), std::chrono::milliseconds(100)).lire_page("p"), std::nullopt);
+  talk.join();
 }
 
 TEST(WebOnDemand, APageLongerThanAMillionBytesIsGivenUp) {

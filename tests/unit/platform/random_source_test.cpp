@@ -17,6 +17,12 @@ TEST(RandomSource, DrawsLieInTheHalfOpenInterval) {
   EXPECT_NEAR(somme / 100'000, 0.5, 0.01);
 }
 
+TEST(RandomSource, TheGreatestDrawsDoNotRoundUpToOne) {
+  // Under this seed the generator's first number is 0xFFFFFFEF, which no float tells from 0x100000000.
+  HasardSemé source(14784396U);
+  EXPECT_EQ(source.tirer(), 1 - 0x1p-24F);
+}
+
 TEST(RandomSource, ASeedGivesTheSameDrawsOnEveryMachine) {
   // The C++ standard tells the 10,000th number of this generator under this seed.
   HasardSemé source(5489U);

@@ -36,6 +36,26 @@ TEST_F(Assistance, TheButtonIsOfferedOnceAQuestion) {
   EXPECT_FALSE(m.e().BoutonPasse.visible);
 }
 
+TEST(AssistanceOnASmallScreen, TheProvinceThatBlinksComesIntoView) {
+  MondeFactice m;
+  m.écran.taille = {640, 480};
+  m.démarrer();
+  m.nouvelle_partie(0);
+  Ecran_principal &e = m.e();
+  const Contrôle &province = e.Pays(m.g().ProvinceCourante);
+  const auto en_vue = [&] {
+    return province.haut + province.hauteur > 0 && province.haut < e.Carte.hauteur &&
+           province.gauche + province.largeur > 0 && province.gauche < e.Carte.largeur;
+  };
+  for (const int bout : {e.barre_v.min, e.barre_v.max}) {
+    fixer_valeur(e.barre_v, bout);
+    if (!en_vue()) break;
+  }
+  ASSERT_FALSE(en_vue());
+  AideClignotante(m.c());
+  EXPECT_TRUE(en_vue());
+}
+
 TEST_F(Assistance, APassWithNineErrorsMadeCosts512) {
   jouer(1);
   for (int i = 0; i < 9; ++i) m.répondre_faux();

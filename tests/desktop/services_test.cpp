@@ -32,6 +32,8 @@
 namespace ardane {
 namespace {
 
+using namespace std::string_view_literals;
+
 TEST(ScreenQt, MeasuresThePrimaryScreen) {
   const ScreenQt screen;
   EXPECT_EQ(screen.largeur(), 1280);
@@ -82,9 +84,9 @@ TEST(SoundOnDemand, AServerThatIsNotThereOrDoesNotAnswerNeitherHoldsUpNorBreaksT
 
 /// A WAV of one channel; `place` and `byte` spoil its header.
 QByteArray wav(unsigned rate, qsizetype place = 0, char byte = 'R') {
-  QByteArray bytes(
-      "RIFF\x34\0\0\0WAVELIST\3\0\0\0abc\0fmt \x10\0\0\0\1\0\1\0rate\0\0\0\0\2\0\x10\0data\4\0\0\0\0\0\0\0",
-      64);
+  constexpr std::string_view whole =
+      "RIFF\x34\0\0\0WAVELIST\3\0\0\0abc\0fmt \x10\0\0\0\1\0\1\0rate\0\0\0\0\2\0\x10\0data\4\0\0\0\0\0\0\0"sv;
+  QByteArray bytes(whole.data(), whole.size());
   qToLittleEndian(rate, bytes.data() + bytes.indexOf("rate"));
   bytes[place] = byte;
   return bytes;

@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <memory>
 
 #include "front/qt/appearance.h"
 #include "front/qt/child.h"
@@ -48,7 +49,7 @@ void let_long_text_scroll(QMessageBox &box) {
   scrolling->setTabChangesFocus(true);
   scrolling->setMinimumSize(
       std::min(characters_of_a_line * box.fontMetrics().averageCharWidth(), room.width()), room.height());
-  delete grid->replaceWidget(label, scrolling);
+  const std::unique_ptr<QLayoutItem> old(grid->replaceWidget(label, scrolling));
   label->hide();
 }
 

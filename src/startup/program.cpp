@@ -100,6 +100,11 @@ void Programme::tenir_la_partie() {
   if (en_cours()) Tenir_partie(contexte_);
 }
 
+void Programme::interrompre() {
+  secours_.attendre();
+  Rendre_sons_système(contexte_);
+}
+
 std::vector<std::string_view> Programme::fenêtres() const {
   std::vector<std::string_view> noms;
   for (const auto &[nom, fabrique] : fabriques_) noms.push_back(nom);

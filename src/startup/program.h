@@ -37,6 +37,10 @@ class Programme : private Ouvreur {
   /// an event of the player's is over, and no other is under way.
   void tenir_la_partie();
 
+  /// The process is about to end, and it is not the player who wished it, wherever he stands: what leaving
+  /// the program writes is written, and what was kept of the game under way is on the disk when this returns.
+  void interrompre();
+
   /// The 500 ms timer: for the main window, and for the modal one in front.
   void battre();
 

@@ -3,6 +3,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
@@ -10,6 +11,7 @@
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "front/qt/demonstration/scratch_folder.h"
+#include "front/qt/end_signals.h"
 #include "platform/fatal_error.h"
 #include "play/question_selection.h"
 #include "script.h"
@@ -72,35 +74,67 @@ int region_of_more_than_ten(const GameState &g) {
   return r;
 }
 
-/// Selects ten provinces of a region and takes one out again.
-void play_to_the_error() {
+/// The real program over the folder that the test names.
+struct Run {
   const std::filesystem::path folder = std::getenv(std::string(crash_folder).c_str());
   const std::string programme = texte_du_chemin(folder);
-  Desktop desktop({programme, folder / "registre", programme, true, false, folder / "secours"},
-                  ressources_du_programme());
-  Script script(desktop);
+  Desktop desktop{{programme, folder / "registre", programme, true, false, folder / "secours"},
+                  ressources_du_programme()};
+  Script script{desktop};
+  GameState &g = desktop.programme().état();
+
+  void start_game(const char *level) {
+    script.player.choose("menu_fichier", "fichier_nouveau");
+    script.player.fill_in("boîte_nom_joueur", "Zoé");
+    script.player.click(level);
+    script.player.click("bouton_sortie");
+    script.run();
+  }
+};
+
+/// Selects ten provinces of a region and takes one out again.
+void play_to_the_error() {
+  Run run;
   QTimer look;
   QObject::connect(&look, &QTimer::timeout, tell_words);
   look.start();
-  if (!script.player.start()) return;
-  GameState &g = desktop.programme().état();
+  AutomaticPlayer &player = run.script.player;
+  if (!player.start()) return;
+  GameState &g = run.g;
   g.Ordre_jeux = Ordre_de_jeu({étape_régions, 0, 0, 0});
-  script.player.choose("menu_fichier", "fichier_nouveau");
-  script.player.fill_in("boîte_nom_joueur", "Zoé");
-  script.player.click("niveau_moyen");
-  script.player.click("bouton_sortie");
-  script.run();
+  run.start_game("niveau_moyen");
   const int r = region_of_more_than_ten(g);
-  Poser_question(desktop.programme().contexte(), r);
-  for (int k = 1; k <= 10; ++k) script.player.click(province(g.TableRégions(r).membres(k)));
-  script.player.click(province(g.TableRégions(r).membres(1)));
-  script.run();
+  Poser_question(run.desktop.programme().contexte(), r);
+  for (int k = 1; k <= 10; ++k) player.click(province(g.TableRégions(r).membres(k)));
+  player.click(province(g.TableRégions(r).membres(1)));
+  run.script.run();
+}
+
+void play_to_the_signal(std::string_view way) {
+  Run run;
+  const EndSignals signals([&] { run.desktop.end_unasked(); });
+  AutomaticPlayer &player = run.script.player;
+  if (!player.start()) return;
+  run.start_game("niveau_facile");
+  player.click(province(run.g.ProvinceCourante));
+  run.script.run();
+  if (way != "signal") {
+    player.choose("menu_fichier", "fichier_quitter");
+    player.then([] { std::raise(SIGTERM); });
+    run.script.run();
+    return;
+  }
+  player.click(province(run.g.ProvinceCourante));
+  run.script.run();
+  std::raise(SIGTERM);
+  run.desktop.play();
 }
 
 }  // namespace
 
 int crash(std::string_view way) {
   if (way == "partie") play_to_the_error();
+  if (way.starts_with("signal")) play_to_the_signal(way);
   const Witness witness;
   if (way.starts_with("réglages")) start_without_settings(way);
   Stage stage;

@@ -9,6 +9,9 @@ inline constexpr std::string_view crash_option = "--erreur";
 /// its small print are told.
 inline constexpr std::string_view crash_folder = "ARDANE_CRASH_FOLDER";
 
+/// The ways "signal" and "signal sous une boîte" are such a game, too: the signal comes right behind an
+/// answer, or while the player is asked whether he gives the game up.
+
 /// Lets an event of a window fail in the way named: "fatale", "indice", "inconnue" or "boucle" (in a modal
 /// window's own event); "réglages" starts the whole program where no settings can be kept, "réglages
 /// illisibles" where they cannot be read at the very start; "partie", see `crash_folder`. Writes the

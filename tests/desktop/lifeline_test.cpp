@@ -7,12 +7,11 @@
 #include <QTest>
 #include <cstdlib>
 
-#include "crash_child.h"
 #include "front/qt/appearance.h"
 #include "front/qt/rescue.h"
+#include "kept_run.h"
 #include "persistence/score_file.h"
 #include "platform/system_clock.h"
-#include "program_test.h"
 
 namespace ardane {
 namespace {
@@ -23,44 +22,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
-
-constexpr const char *question = "La partie de Zoé s'est interrompue à ";
-
-class KeptRun : public ProgramTest {
- protected:
-  DesktopPlaces places() const override {
-    DesktopPlaces kept = folder.places();
-    kept.secours = folder.path() / "secours";
-    return kept;
-  }
-  bool game_on_disk() const { return fs::exists(places().secours / "partie"); }
-
-  /// Two questions answered, an error made at the third.
-  void play_a_little() {
-    order().choose("menu_fichier", "fichier_nouveau");
-    order().fill_in("boîte_nom_joueur", "Zoé");
-    order().click("niveau_facile");
-    order().click("bouton_sortie");
-    play();
-    for (const bool right : {true, true, false}) {
-      order().click(province(right ? state().ProvinceCourante : another_province()));
-      play();
-    }
-  }
-  /// One that is still to be found, and not the one asked.
-  int another_province() {
-    int p = 1;
-    while (p == state().ProvinceCourante || state().TableProvinces(p).trouvée) ++p;
-    return p;
-  }
-  /// What the program puts off after an event is done.
-  void rest() {
-    ASSERT_TRUE(QTest::qWaitFor([this] {
-      const auto kept = game_on_disk() ? Secours({places().secours}).partie_interrompue() : std::nullopt;
-      return kept && kept->score == state().Score;
-    }));
-  }
-};
 
 TEST_F(KeptRun, TheNextStartGoesOnAtTheVeryQuestion) {
   start();
@@ -169,11 +130,7 @@ TEST(AtRest, NeverComesInTheMiddleOfAProcedure) {
 /// program.
 TEST_F(KeptRun, AnErrorSaysInWordsThatTheGameIsKeptAndTheNextStartHasIt) {
   QProcess child;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(to_qt(std::string(crash_folder)), to_qt(folder.path().string()));
-  child.setProcessEnvironment(environment);
-  child.start(QCoreApplication::applicationFilePath(), {to_qt(std::string(crash_option)), "partie"});
-  ASSERT_TRUE(child.waitForFinished(60'000));
+  end_in_a_child(child, "partie");
   EXPECT_EQ(child.exitCode(), 1);
   const std::string told = to_utf8(QString::fromUtf8(child.readAllStandardOutput()));
   EXPECT_THAT(

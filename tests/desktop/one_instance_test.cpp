@@ -2,34 +2,16 @@
 #include "front/qt/one_instance.h"
 
 #include <QAction>
-#include <QProcess>
 #include <QTest>
-#include <array>
 
-#include "front/qt/appearance.h"
 #include "persistence/score_file.h"
 #include "program_test.h"
+#include "started_program.h"
 
 namespace ardane {
 namespace {
 
 using Place = OneInstance::Place;
-
-constexpr int end_ms = 60'000;
-
-/// The program itself, as a player starts it.
-class Started : public QProcess {
- public:
-  explicit Started(const DesktopPlaces &places) {
-    setProgram(QStringLiteral(ARDANE_PROGRAM));
-    setArguments({"--programme", to_qt(places.programme), "--registre", to_qt(places.registre.string())});
-    start();
-  }
-  ~Started() override {
-    kill();
-    waitForFinished(end_ms);
-  }
-};
 
 class TwoStarts : public testing::Test {
  protected:
@@ -50,13 +32,6 @@ TEST_F(TwoStarts, TheSecondAsksTheFirstToTheFrontAndEndsWithZero) {
   EXPECT_EQ(second.exitCode(), 0);
   EXPECT_EQ(tokens, std::vector<std::string>{"jeton"});
   EXPECT_TRUE(QString::fromUtf8(second.readAllStandardOutput()).startsWith("Le jeu est déjà ouvert"));
-}
-
-/// Two programs started at once; the one that ends, and the one that goes on.
-std::pair<Started *, Started *> ended_and_running(Started &one, Started &other) {
-  const auto ended = [](const Started &p) { return p.state() == QProcess::NotRunning; };
-  EXPECT_TRUE(QTest::qWaitFor([&] { return ended(one) || ended(other); }, end_ms));
-  return ended(one) ? std::pair(&one, &other) : std::pair(&other, &one);
 }
 
 TEST_F(TwoStarts, OfTwoProgramsOneStaysAndOneThatWasKilledHindersNone) {

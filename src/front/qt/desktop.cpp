@@ -86,14 +86,17 @@ void Desktop::frame_main_window() {
 
 /// The main window, as it goes from the screen.
 bool Desktop::eventFilter(QObject *, QEvent *event) {
-  if (event->type() == QEvent::Hide && screen_view_)
-    memory_.keep(screen_view_->frame(), screen_view_->chosen_scale());
+  if (event->type() == QEvent::Hide) keep_window();
   return false;
+}
+
+void Desktop::keep_window() {
+  if (screen_view_) memory_.keep(screen_view_->frame(), screen_view_->chosen_scale());
 }
 
 void Desktop::window_rests() {
   if (!programme_.en_cours() || screen_view_ == nullptr) return;
-  memory_.keep(screen_view_->frame(), screen_view_->chosen_scale());
+  keep_window();
   dispatcher_.run_when_idle([this] {
     if (programme_.en_cours()) programme_.écran_changé();
   });
@@ -159,6 +162,14 @@ void Desktop::load_all_pictures() {
 
 void Desktop::play() {
   while (programme_.en_cours()) loop_.exec();
+}
+
+void Desktop::end_unasked() {
+  dispatcher_.end_when_idle([this] {
+    if (!programme_.en_cours()) return;
+    programme_.interrompre();
+    keep_window();
+  });
 }
 
 void Desktop::settle() {

@@ -52,6 +52,10 @@ class Desktop : public QObject {
   /// what his desktop has given another program to do so.
   void come_to_front(const std::string &token);
 
+  /// Ends the process, asked from outside: as the close control does that is not refused, but without a word,
+  /// and with the game under way for the next start, since it is not the player who gives it up.
+  void end_unasked();
+
   /// Decodes every picture that the map can show, flags included; they come one by one otherwise, each when
   /// it is first shown.
   void load_all_pictures();
@@ -66,6 +70,7 @@ class Desktop : public QObject {
 
  private:
   void frame_main_window();
+  void keep_window();
   bool eventFilter(QObject *watched, QEvent *event) override;
   /// The player has let go of the window's edge, or of its title bar.
   void window_rests();

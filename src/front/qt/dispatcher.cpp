@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
 
@@ -12,6 +13,13 @@ namespace {
 
 /// Time enough to paint what an event has changed.
 constexpr std::chrono::milliseconds painting_time{5};
+
+/// Not exit(): destructors would run parts of the program that are in the middle of something, or whose state
+/// is no longer to be trusted.
+[[noreturn]] void end_at_once(int code) {
+  std::fflush(nullptr);
+  std::_Exit(code);
+}
 
 }  // namespace
 
@@ -87,9 +95,16 @@ void Dispatcher::end_with(const char *what) {
     box.setInformativeText(QStringLiteral("<small>%1</small>").arg(QString::fromUtf8(what).toHtmlEscaped()));
   box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole)->setObjectName(QStringLiteral("ok"));
   box.exec();
-  std::fflush(nullptr);
-  // Not exit(): destructors would run parts of the program whose state is no longer to be trusted.
-  std::_Exit(1);
+  end_at_once(1);
+}
+
+void Dispatcher::end_when_idle(const Event &last) {
+  if (ended_) end_at_once(1);
+  if (busy_) return QTimer::singleShot(0, &put_off_, [this, last] { end_when_idle(last); });
+  if (depth_ == 0 && rest_.isActive()) rest();
+  ended_ = true;
+  guard(last);
+  end_at_once(0);
 }
 
 }  // namespace ardane

@@ -38,6 +38,11 @@ class Dispatcher {
   /// Runs it now, or from the event loop if a procedure of the program is at work.
   void run_when_idle(const Event &event);
 
+  /// Ends the process with exit code 0 as soon as no procedure of the program is at work, once what is due at
+  /// rest and `last` are done. One that waits for the player is not gone on with: he has not answered. Where
+  /// he is being told of an error, that is the end, with its exit code.
+  void end_when_idle(const Event &last);
+
   /// True while a procedure of the program is at work, which must not meet another.
   bool busy() const { return busy_; }
 

@@ -8,6 +8,7 @@
 #include "front/qt/appearance.h"
 #include "front/qt/demonstration/demonstration.h"
 #include "front/qt/desktop.h"
+#include "front/qt/end_signals.h"
 #include "front/qt/one_instance.h"
 #include "front/qt/options.h"
 #include "front/qt/ready_report.h"
@@ -53,6 +54,7 @@ int play(int argc, char **argv, const DesktopOptions &options) {
                    alone ? lifeline_of(options) : std::filesystem::path()},
                   ressources_du_programme());
   instance.listen([&](const std::string &token) { desktop.come_to_front(token); });
+  const EndSignals signals([&] { desktop.end_unasked(); });
   if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why
   if (options.prêt_et_quitter) {
     const QWidget &window = *desktop.renderer().frame(desktop.programme().principale());

@@ -1,0 +1,109 @@
+// The program is asked to end by others than the player.
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <fstream>
+#include <sstream>
+
+#include "front/qt/one_instance.h"
+#include "kept_run.h"
+
+namespace ardane {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+/// Runs of the test's own process and of the program itself over the same files.
+class Signalled : public KeptRun {
+ protected:
+  DesktopPlaces places() const override {
+    DesktopPlaces shared = folder.places();
+    shared.secours = dossier_de_secours(shared.registre);
+    return shared;
+  }
+  const fs::path window_memory = folder.path() / "fenetre.ini";
+
+  std::string settings() const {
+    std::ostringstream bytes;
+    bytes << std::ifstream(places().registre, std::ios::binary).rdbuf();
+    return bytes.str();
+  }
+  static void end_by(int signal, Started &program) {
+    ASSERT_EQ(::kill(static_cast<pid_t>(program.processId()), signal), 0);
+    ASSERT_TRUE(program.waitForFinished(end_ms)) << signal;
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit) << signal;
+    EXPECT_EQ(program.exitCode(), 0) << signal;
+  }
+  void end_a_run_by(int signal) {
+    Started one(places()), other(places());
+    end_by(signal, *ended_and_running(one, other).second);
+  }
+};
+
+TEST_F(Signalled, EachSignalEndsTheProgramAsTheCloseControlDoes) {
+  start();
+  end();
+  std::ofstream(places().registre, std::ios::app) << "\n[HKEY_CURRENT_USER\\AppEvents\\Schemes\\Apps\\."
+                                                     "Default\\SystemHand\\.current]\n\"\"=\"ding.wav\"\n";
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    fs::remove(window_memory);
+    Started one(places()), other(places());
+    Started &running = *ended_and_running(one, other).second;
+    EXPECT_THAT(settings(), Not(HasSubstr("ding.wav"))) << "the program silences it while it runs";
+    end_by(signal, running);
+    EXPECT_THAT(settings(), HasSubstr("ding.wav")) << signal;
+    EXPECT_TRUE(fs::exists(window_memory)) << signal;
+    EXPECT_FALSE(game_on_disk()) << signal;
+  }
+}
+
+TEST_F(Signalled, TheBoxOfAFirstStartHindersNoEnd) {
+  end_a_run_by(SIGTERM);
+}
+
+TEST_F(Signalled, AGameThatIsOfferedIsOfferedAgain) {
+  start();
+  play_a_little();
+  rest();
+  die();
+  end_a_run_by(SIGTERM);
+  ASSERT_TRUE(order().start());
+  EXPECT_THAT(script().told, Contains(StartsWith(question)));
+}
+
+TEST_F(Signalled, WhatTheStarterHasItIgnoreIsIgnored) {
+  start();
+  end();
+  const auto before = std::signal(SIGHUP, SIG_IGN);
+  Started one(places()), other(places());
+  std::signal(SIGHUP, before);
+  Started &running = *ended_and_running(one, other).second;
+  ASSERT_EQ(::kill(static_cast<pid_t>(running.processId()), SIGHUP), 0);
+  EXPECT_EQ(OneInstance(places().registre).place(), OneInstance::Place::second) << "it still answers";
+  end_by(SIGTERM, running);
+}
+
+TEST_F(KeptRun, ASignalRightBehindAnAnswerLosesNotEvenThat) {
+  QProcess child;
+  end_in_a_child(child, "signal");
+  EXPECT_EQ(child.exitCode(), 0);
+  ASSERT_TRUE(order().start());
+  EXPECT_THAT(script().told, Contains(StartsWith(question)));
+  EXPECT_EQ(state().ProvincesRestantes, nombre_provinces - 2);
+}
+
+TEST_F(KeptRun, ASignalIsNoAnswerToTheBoxThatIsUp) {
+  QProcess child;
+  end_in_a_child(child, "signal sous une boîte");
+  EXPECT_EQ(child.exitCode(), 0);
+  ASSERT_TRUE(order().start());
+  EXPECT_THAT(script().told, Contains(StartsWith(question)));
+  EXPECT_EQ(state().ProvincesRestantes, nombre_provinces - 1);
+}
+
+}  // namespace
+}  // namespace ardane

@@ -130,10 +130,24 @@ void play_to_the_signal(std::string_view way) {
   run.desktop.play();
 }
 
+/// In a procedure that lets events through, as the wait for a page does, or under the box of an error.
+void meet_the_signal(bool at_an_error) {
+  Dispatcher dispatcher;
+  const EndSignals signals([&] { dispatcher.end_when_idle([] { std::puts("fin"); }); });
+  dispatcher.run([&] {
+    std::raise(SIGTERM);
+    if (at_an_error) fail("fatale");
+    QCoreApplication::processEvents();
+    std::puts("travail");
+  });
+  QApplication::exec();
+}
+
 }  // namespace
 
 int crash(std::string_view way) {
   if (way == "partie") play_to_the_error();
+  if (way == "travail" || way == "erreur") meet_the_signal(way == "erreur");
   if (way.starts_with("signal")) play_to_the_signal(way);
   const Witness witness;
   if (way.starts_with("réglages")) start_without_settings(way);

@@ -46,6 +46,25 @@ TEST_F(TwoStarts, OfTwoProgramsOneStaysAndOneThatWasKilledHindersNone) {
   EXPECT_EQ(OneInstance(settings).place(), Place::first);
 }
 
+TEST_F(TwoStarts, NoScoresAreGivenBackUnderAGameThatIsOpenButTheyAreListed) {
+  OneInstance game(settings);
+  int calls = 0;
+  game.listen([&](const std::string &) { ++calls; });
+  QProcess rescue;
+  const auto answer = [&](const QStringList &number) {
+    rescue.start(QStringLiteral(ARDANE_PROGRAM),
+                 QStringList{"--registre", to_qt(settings.string()), "--secours"} + number);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rescue.state() == QProcess::NotRunning; }, end_ms));
+    return QString::fromUtf8(rescue.readAllStandardOutput());
+  };
+  EXPECT_EQ(answer({"1"}), "Le jeu est ouvert : fermez-le d'abord.\n");
+  EXPECT_EQ(rescue.exitCode(), 1);
+  EXPECT_EQ(calls, 1);
+  EXPECT_EQ(answer({}), "Aucun ancien contenu d'un fichier de scores n'est gardé.\n");
+  EXPECT_EQ(rescue.exitCode(), 0);
+  EXPECT_EQ(calls, 1);
+}
+
 TEST_F(TwoStarts, OtherSettingsAreAnotherPlayersAndAnotherSpellingOfTheSameFileIsNot) {
   const OneInstance first(settings);
   EXPECT_EQ(OneInstance(folder.path() / "autre").place(), Place::first);

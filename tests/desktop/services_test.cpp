@@ -284,15 +284,28 @@ struct Answered {
   std::string out, errors;
 };
 
-TEST(CommandLine, HelpAndVersionAreToldInFrenchAndAnUnknownOptionEndsWithTwo) {
-  const Answered help({"--help"}), version({"--version"}), unknown({"--zut"});
+TEST(CommandLine, HelpAndVersionAreToldInFrench) {
+  const Answered help({"--help"}), version({"--version"});
   EXPECT_EQ(help.code, 0);
   EXPECT_EQ(help.out, help_text());
   EXPECT_EQ(version.code, 0);
   EXPECT_EQ(version.out, "ardane " ARDANE_VERSION "\nVersion 1.00 du 24/02/2007\n");
-  EXPECT_EQ(unknown.code, 2);
-  EXPECT_EQ(unknown.out, "");
-  EXPECT_TRUE(unknown.errors.starts_with("Option inconnue ou incomplète : --zut\n")) << unknown.errors;
+}
+
+TEST(CommandLine, WhatIsNotUnderstoodIsToldOnTheErrorStreamWithTheHelpAndEndsWithTwo) {
+  struct Case {
+    QStringList options;
+    const char *word;
+  };
+  const std::vector<Case> cases = {{{"--zut"}, "--zut"},       {{"--version", "--zut"}, "--zut"},
+                                   {{"--help", "zut"}, "zut"}, {{"--registre"}, "--registre"},
+                                   {{"--secours", "0"}, "0"},  {{"--secours", "dernier"}, "dernier"}};
+  for (const auto &[options, word] : cases) {
+    const Answered answered(options);
+    EXPECT_EQ(answered.code, 2) << word;
+    EXPECT_EQ(answered.out, "") << word;
+    EXPECT_EQ(answered.errors, std::string("Option inconnue ou incomplète : ") + word + "\n" + help_text());
+  }
 }
 
 }  // namespace

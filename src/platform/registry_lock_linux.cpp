@@ -25,15 +25,15 @@ struct VerrouRegistre::Prise {
 };
 
 VerrouRegistre::VerrouRegistre(const std::filesystem::path &fichier, std::chrono::milliseconds patience) {
-  using Horloge = std::chrono::steady_clock;
+  using Chronomètre = std::chrono::steady_clock;
   const int descripteur =
       open(fichier.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, S_IRUSR | S_IWUSR);
   if (descripteur < 0) return;
   prise_ = std::make_unique<Prise>(descripteur);
-  const auto fin = Horloge::now() + patience;
+  const auto fin = Chronomètre::now() + patience;
   while (flock(descripteur, LOCK_EX | LOCK_NB) != 0) {
     if (errno == EINTR) continue;
-    refusé_ = errno == EWOULDBLOCK && Horloge::now() >= fin;
+    refusé_ = errno == EWOULDBLOCK && Chronomètre::now() >= fin;
     if (refusé_ || errno != EWOULDBLOCK) return;
     std::this_thread::sleep_for(entre_deux_essais);
   }

@@ -51,6 +51,12 @@ class KeptRun : public ProgramTest {
       return kept && kept->score == state().Score;
     }));
   }
+  void play_a_little_and_die() {
+    start();
+    play_a_little();
+    rest();
+    die();
+  }
   /// A run in a process of its own, over the same folder, that ends in a way of `crash`.
   void end_in_a_child(QProcess &child, const char *way) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -45,10 +45,7 @@ TEST_F(KeptRun, TheNextStartGoesOnAtTheVeryQuestion) {
 }
 
 TEST_F(KeptRun, NoDropsTheGame) {
-  start();
-  play_a_little();
-  rest();
-  die();
+  play_a_little_and_die();
   order().answer(Réponse::non);
   ASSERT_TRUE(order().start());
   EXPECT_EQ(state().Etape, étape_repos);
@@ -56,10 +53,7 @@ TEST_F(KeptRun, NoDropsTheGame) {
 }
 
 TEST_F(KeptRun, EscapeThrowsNoGameAway) {
-  start();
-  play_a_little();
-  rest();
-  die();
+  play_a_little_and_die();
   order().then([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
   ASSERT_TRUE(order().start());
   EXPECT_EQ(state().Etape, étape_provinces);

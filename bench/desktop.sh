@@ -16,7 +16,9 @@ start() {
   on_display $size "$programs/desktop_start" "$programs/desktop_empty_window" "$programs/ardane" "$@" 2>/dev/null
 }
 start 1280x1024 --sans-cadre
-for size in 1280x1024 1920x1080 3840x2160; do start $size; done
+start 1280x1024
+start 1920x1080 --echelle 1.5
+start 3840x2160 --echelle 2
 on_display 1280x1024 "$programs/desktop_figures"
 for scale in 1 1.4; do on_display 1920x1080 "$programs/window_figures" $scale; done
 for scale in 1.5 2 3; do on_display 3840x2160 "$programs/window_figures" $scale; done

@@ -1,7 +1,9 @@
 // Starts the program and an empty Qt window of its window's size in turn, and prints what each start cost:
 // the rows of the table of speeds that speak of a start.
 //
-//     desktop_start EMPTY_WINDOW ARDANE [OPTION OF ARDANE...]
+//     desktop_start EMPTY_WINDOW ARDANE [--echelle N] [OPTION OF ARDANE...]
+//
+// --echelle N starts as after a player who has chosen that scale.
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -97,16 +99,22 @@ void print_row(const char *what, double empty, double ardane) {
 }  // namespace
 
 int main(int argc, char **argv) {
-  if (argc < 3) return std::fprintf(stderr, "desktop_start EMPTY_WINDOW ARDANE [OPTION OF ARDANE...]\n"), 2;
+  if (argc < 3)
+    return std::fprintf(stderr, "desktop_start EMPTY_WINDOW ARDANE [--echelle N] [OPTION OF ARDANE...]\n"), 2;
   const fs::path program = fs::canonical(argv[2]);
   const ardane::ScratchFolder scratch(program.parent_path());
   const ardane::DesktopPlaces places = scratch.places();
   write_settings(places.registre);
+  std::vector<std::string> options(argv + 3, argv + argc);
+  if (options.size() > 1 && options.front() == "--echelle") {
+    std::ofstream(scratch.path() / "fenetre.ini") << "[fenetre]\nechelle=" << options[1] << '\n';
+    options.erase(options.begin(), options.begin() + 2);
+  }
   // A start that finds no cards asks before it makes them.
   std::ofstream(scratch.path() / "ARDANE.INF") << ' ';
   std::vector<std::string> start{program.string(),         "--programme",      places.programme, "--registre",
                                  places.registre.string(), "--pret-et-quitter"};
-  start.insert(start.end(), argv + 3, argv + argc);
+  start.insert(start.end(), options.begin(), options.end());
   Told first, empty, ardane;
   if (!run(start, first)) return 1;  // the first run settles the folders
   const std::vector<std::string> floor{fs::canonical(argv[1]).string(), first.width, first.height};

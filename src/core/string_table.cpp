@@ -11,16 +11,13 @@ namespace {
 std::string sans_échappement(std::string_view texte) {
   std::string clair;
   clair.reserve(texte.size());
-  for (std::size_t i = 0; i < texte.size(); ++i) {
-    const bool échappé =
-        texte[i] == '\\' && i + 1 < texte.size() && (texte[i + 1] == 'n' || texte[i + 1] == '\\');
-    if (!échappé) {
-      clair.push_back(texte[i]);
-    } else {
-      clair.push_back(texte[++i] == 'n' ? '\n' : '\\');
-    }
+  for (std::size_t barre = texte.find('\\'); barre != std::string_view::npos; barre = texte.find('\\')) {
+    const std::string_view après = texte.substr(barre + 1);
+    const bool échappé = après.starts_with('n') || après.starts_with('\\');
+    clair.append(texte, 0, barre).push_back(échappé && après.front() == 'n' ? '\n' : '\\');
+    texte = après.substr(échappé ? 1 : 0);
   }
-  return clair;
+  return clair.append(texte);
 }
 
 }  // namespace

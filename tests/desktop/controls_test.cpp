@@ -674,6 +674,23 @@ TEST_F(Controls, APictureOfAnotherSizeThanTheCataloguesIsNotDecoded) {
   EXPECT_EQ(colours({20, 1000}, {4000, 20}), std::pair(none, none));
 }
 
+TEST_F(Controls, ACopyThatIsNotCompressedIsReadInsteadUnlessItIsBroken) {
+  const Image flag = stage.catalogue.chercher("drapeau");
+  const auto colour_of = [&](Detail detail) {
+    return PictureStore(stage.catalogue, stage.folder.path()).pixmap(flag, detail).toImage().pixelColor(0, 0);
+  };
+  for (const auto &[name, detail, size] : {std::tuple("drapeau.ppm", Detail::single, QSize(20, 10)),
+                                           {"drapeau@2x.ppm", Detail::doubled, {40, 20}}}) {
+    const QString copy = stage.folder.filePath(name);
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::green);
+    ASSERT_TRUE(image.save(copy));
+    EXPECT_EQ(colour_of(detail), QColor(Qt::green)) << name;
+    ASSERT_TRUE(QFile::resize(copy, 60));
+    EXPECT_EQ(colour_of(detail), QColor(Qt::red)) << name;
+  }
+}
+
 TEST_F(Controls, ThePicturesThatShipAreOfTheCataloguesSizes) {
   const CatalogueImages &catalogue = ressources_du_programme().images;
   PictureStore pictures(catalogue, QStringLiteral(ARDANE_RESOURCES "/images"));

@@ -48,6 +48,7 @@ bool lies_lower(const Contrôle *a, const Contrôle *b) {
 MapView::MapView(Contrôle &control, const ViewContext &context, Pointing pointing, QWidget *parent)
     : QWidget(parent), control_(control), context_(context), pointing_(std::move(pointing)) {
   setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void MapView::gather() {
@@ -156,7 +157,7 @@ void MapView::filter(const QImage &source, const QRect &box, const QRegion &part
   painter.drawImage(target, source, QRectF(source.rect()));
 }
 
-/// The viewport as the screen shows it, pixel by pixel.
+/// The viewport as the screen shows it, pixel by pixel, where it must be filtered.
 const QImage &MapView::picture() {
   const QSize size = viewport().size() * ratio();
   if (picture_.size() != size) {
@@ -166,24 +167,30 @@ const QImage &MapView::picture() {
     unmade_ = viewport();
   }
   const QRegion region = std::exchange(unmade_, {});
-  if (region.isEmpty()) return picture_;
-  const int whole = qRound(ratio());
-  if (whole <= 2 && qFuzzyCompare(ratio(), whole)) {
-    QPainter painter(&picture_);
-    compose(painter, region, whole);
-  } else {
-    filter(region);
-  }
+  if (!region.isEmpty()) filter(region);
   return picture_;
 }
 
-void MapView::paintEvent(QPaintEvent *event) {
-  const QImage &shown = picture();
+/// Paints on the screen where a region of the widget is, in the toolkit's pixels.
+void MapView::paint(QPainter &painter, const QRegion &region) {
   const double device = devicePixelRatioF();
-  QPainter painter(this);
-  for (const QRect &part : event->region())
+  if (const int whole = qRound(ratio()); whole <= 2 && qFuzzyCompare(ratio(), whole)) {
+    picture_ = {};
+    unmade_ = {};
+    painter.save();
+    painter.scale(1 / device, 1 / device);
+    compose(painter, scaled(region, 1 / context_.scale.value(), 0) & viewport(), whole);
+    return painter.restore();
+  }
+  const QImage &shown = picture();
+  for (const QRect &part : region)
     painter.drawImage(QRectF(part), shown,
                       QRectF(QPointF(part.topLeft()) * device, QSizeF(part.size()) * device));
+}
+
+void MapView::paintEvent(QPaintEvent *event) {
+  QPainter painter(this);
+  paint(painter, event->region());
   if (!cursor_shown_ || focus_away_) return;
   cursor_drawn_ = cursor_area();
   draw_cursor(painter, QRectF(cursor_drawn_).center(), context_.scale.value());

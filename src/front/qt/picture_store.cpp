@@ -35,6 +35,14 @@ QPixmap read_picture(const QString &path, QSize size) {
   return QPixmap::fromImage(std::move(image), Qt::NoFormatConversion);
 }
 
+QPixmap first_of(std::initializer_list<QString> paths, QSize size) {
+  for (const QString &path : paths) {
+    QPixmap picture = read_picture(path, size);
+    if (!picture.isNull()) return picture;
+  }
+  return {};
+}
+
 }  // namespace
 
 PictureStore::PictureStore(const CatalogueImages &catalogue, QString folder)
@@ -47,16 +55,17 @@ QString PictureStore::file(Image image) const {
 }
 
 QPixmap PictureStore::load(Image image, Detail detail) const {
-  const QString path = file(image);
+  const QFileInfo info(file(image));
+  const QString name = info.path() + QLatin1Char('/') + info.completeBaseName();
+  const QString suffix = QLatin1Char('.') + info.suffix();
   const QSize size(image.largeur, image.hauteur);
-  if (detail == Detail::single) return read_picture(path, size);
-  const QFileInfo info(path);
-  const QString twice = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1String("@2x.");
-  for (const QString &suffix : {QStringLiteral("png"), QStringLiteral("jpg"), info.suffix()}) {
-    QPixmap doubled = read_picture(twice + suffix, size * 2);
-    if (!doubled.isNull()) return doubled;
-  }
-  const QPixmap single = read_picture(path, size);
+  if (detail == Detail::single) return first_of({name + QLatin1String(".ppm"), name + suffix}, size);
+  const QString twice = name + QLatin1String("@2x");
+  const QPixmap doubled = first_of({twice + QLatin1String(".png"), twice + QLatin1String(".ppm"),
+                                    twice + QLatin1String(".jpg"), twice + suffix},
+                                   size * 2);
+  if (!doubled.isNull()) return doubled;
+  const QPixmap single = load(image, Detail::single);
   return single.isNull() ? single : single.scaled(size * 2);
 }
 

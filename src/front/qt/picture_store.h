@@ -26,9 +26,10 @@ class PictureStore {
   /// `folder` holds the files that the catalogue names. The catalogue must outlive the store.
   PictureStore(const CatalogueImages &catalogue, QString folder);
 
-  /// The picture from its own file or, doubled, from the one with "@2x.png" or "@2x.jpg" in place of its
-  /// suffix or "@2x" before it; where there is none, enlarged from its own. A null pixmap for no picture, or
-  /// for a file that is absent, no picture, or one of another size than the catalogue's.
+  /// The picture from its own file, or from the one with ".ppm" in place of its suffix, which is quick to
+  /// read since it is not compressed; doubled, from the one with "@2x.png", "@2x.ppm" or "@2x.jpg" in place
+  /// of its suffix or "@2x" before it, and where there is none, enlarged from the single one. A null pixmap
+  /// for no picture, or for a file that is absent, no picture, or one of another size than the catalogue's.
   const QPixmap &pixmap(Image image, Detail detail);
 
   /// The picture filtered to a size in the toolkit's pixels, on a screen of this device pixel ratio.

@@ -48,7 +48,7 @@ TEST(Expanses, AreProvincesWhereClicksAreAnswered) {
 /// Of the pixels that are told to be of a kind, how many the picture shows blue.
 double share_of_blue(char kind, int scale) {
   const atelier::Image map =
-      atelier::lire_image(resources() / "images" / (scale == 1 ? "carte.gif" : "carte@2x.jpg"));
+      atelier::lire_image(resources() / "images" / (scale == 1 ? "carte.gif" : "carte@2x.ppm"));
   int blue = 0, all = 0;
   for (int y = 0; y < map_height; ++y)
     for (int x = 0; x < map_width; ++x) {

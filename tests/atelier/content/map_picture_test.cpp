@@ -16,7 +16,7 @@ namespace {
 const atelier::Image &map_picture(int scale) {
   static const std::array<atelier::Image, 2> pictures{
       atelier::lire_image(resources() / "images" / "carte.gif"),
-      atelier::lire_image(resources() / "images" / "carte@2x.jpg")};
+      atelier::lire_image(resources() / "images" / "carte@2x.ppm")};
   return pictures[static_cast<std::size_t>(scale - 1)];
 }
 

@@ -71,12 +71,17 @@ TEST(Stock, EveryPictureOfTheListIsThereInItsSizeAndInTwice) {
 
 TEST(Stock, TheMapPictureHasItsSizeAndNoHole) {
   for (const int scale : {1, 2}) {
-    const auto file = resources() / "images" / (scale == 1 ? "carte.gif" : "carte@2x.jpg");
+    const auto file = resources() / "images" / (scale == 1 ? "carte.gif" : "carte@2x.ppm");
     const atelier::Image map = atelier::lire_image(file);
     EXPECT_EQ(map.width(), map_width * scale);
     EXPECT_EQ(map.height(), map_height * scale);
     for (const atelier::Pixel &p : map.pixels()) ASSERT_EQ(p.a, 255);
   }
+}
+
+TEST(Stock, TheMapPictureThatIsNotCompressedIsTheOtherPixelByPixel) {
+  const auto images = resources() / "images";
+  EXPECT_TRUE(atelier::lire_image(images / "carte.ppm") == atelier::lire_image(images / "carte.gif"));
 }
 
 TEST(Stock, LandAndSeaOfTheMapPictureLieWhereThePointsFileHasThem) {

@@ -129,8 +129,8 @@ void dessiner_carte(const Données &données, const std::filesystem::path &image
   Image map = draw_map(scene);
   draw_ornaments(map, lire_lettres(données.dossier / "lettering.txt"), fine);
   catalogue.écrire(images, "image_région(0)", "carte.gif", reduced(map, fine), Dithering::diffused);
-  constexpr int hardly_a_loss = 97;
-  écrire_jpeg(images / fichier_double_en_jpeg("carte.gif"), map, hardly_a_loss);
+  écrire_ppm(images / fichier_sans_compression("carte.gif"), lire_gif(images / "carte.gif"));
+  écrire_ppm(images / fichier_double_sans_compression("carte.gif"), map);
 }
 
 }  // namespace atelier

@@ -41,8 +41,12 @@ std::string fichier_double_en_png(const std::string &fichier) {
   return fichier.substr(0, fichier.rfind('.')) + "@2x.png";
 }
 
-std::string fichier_double_en_jpeg(const std::string &fichier) {
-  return fichier.substr(0, fichier.rfind('.')) + "@2x.jpg";
+std::string fichier_double_sans_compression(const std::string &fichier) {
+  return fichier.substr(0, fichier.rfind('.')) + "@2x.ppm";
+}
+
+std::string fichier_sans_compression(const std::string &fichier) {
+  return fichier.substr(0, fichier.rfind('.')) + ".ppm";
 }
 
 std::string fichier_numéroté(const std::string &dossier, int numéro, int chiffres) {

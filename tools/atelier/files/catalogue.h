@@ -11,7 +11,8 @@
 namespace atelier {
 
 /// One picture of the stock. Its 2x drawing, where there is one, has the same path with "@2x" before the
-/// extension, or with "@2x.png" or "@2x.jpg" in place of it, and is not listed on its own.
+/// extension, or with "@2x.png", "@2x.jpg" or "@2x.ppm" in place of it, and is not listed on its own; nor is
+/// a copy that is not compressed, with ".ppm" in place of the extension.
 struct Image_du_stock {
   /// As "Graphismes.Pays(12)" or "rondjaune".
   std::string nom;
@@ -38,8 +39,10 @@ class Catalogue {
 std::string fichier_double(const std::string &fichier);
 /// The same for a 2x drawing in true colour: "pays/012@2x.png".
 std::string fichier_double_en_png(const std::string &fichier);
-/// The same for one that every start decodes: a JPEG takes a quarter of the time.
-std::string fichier_double_en_jpeg(const std::string &fichier);
+/// The same for one that every start reads: what is not compressed takes half the time of a JPEG.
+std::string fichier_double_sans_compression(const std::string &fichier);
+/// The path of a picture's copy that is not compressed: "carte.ppm" of "carte.gif".
+std::string fichier_sans_compression(const std::string &fichier);
 
 /// "pays/012.gif" of ("pays", 12, 3).
 std::string fichier_numéroté(const std::string &dossier, int numéro, int chiffres);

@@ -32,6 +32,10 @@ void écrire_jpeg(const std::filesystem::path &fichier, const Image &image, int 
   save(fichier, to_qt(image).convertToFormat(QImage::Format_RGB888), "JPG", quality);
 }
 
+void écrire_ppm(const std::filesystem::path &fichier, const Image &image) {
+  save(fichier, to_qt(image).convertToFormat(QImage::Format_RGB888), "PPM", -1);
+}
+
 Image lire_image(const std::filesystem::path &fichier) {
   const QImage source =
       QImage(QString::fromStdString(fichier.string())).convertToFormat(QImage::Format_ARGB32);

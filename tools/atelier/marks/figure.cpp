@@ -9,8 +9,6 @@
 namespace atelier {
 namespace {
 
-constexpr int opacité_du_liseré = 225;
-
 Pixel entre(Pixel a, Pixel b, double t) {
   const auto composante = [t](std::uint8_t de, std::uint8_t à) {
     return static_cast<std::uint8_t>(std::lround(mix(de, à, t)));

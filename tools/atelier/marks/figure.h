@@ -53,6 +53,9 @@ Path arc(Point centre, double rayon, double de, double à, double largeur);
 Path étoile(Point centre, double rayon, double rayon_intérieur, int pointes);
 Path rectangle_arrondi(double x, double y, double largeur, double hauteur, double rayon);
 
+/// Of the white edge, of 255.
+inline constexpr int opacité_du_liseré = 225;
+
 /// How a figure becomes a picture.
 struct Rendu {
   int largeur = 0;      // pixels

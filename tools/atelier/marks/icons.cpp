@@ -1,10 +1,12 @@
 #include "marks/icons.h"
 
+#include <fstream>
 #include <string>
 
 #include "drawing/raster.h"
 #include "files/image_file.h"
 #include "marks/figure.h"
+#include "marks/sign.h"
 
 namespace atelier {
 namespace {
@@ -210,41 +212,6 @@ Figure mosaïque_de_régions() {
                  encre)};
 }
 
-/// The program's own sign: a shield of the country's land, mountain to sea, with the ring that marks a place
-/// found. `fin` adds what only the larger sizes can carry. In a frame of 64 x 64.
-Image enseigne(int côté, bool fin) {
-  const double échelle = côté / 64.0;
-  const Affine agrandissement = Affine::scaling(échelle, échelle);
-  const Path écu = path_from_svg("M7 6 H57 V31 C57 45.5 46 54.5 32 60 C18 54.5 7 45.5 7 31 Z");
-  const double cerne = côté < 32 ? 1.0 : 0.6 + côté / 64.0;
-  Image image = dessiner({cerné(écu, {196, 226, 246}, {120, 178, 226})},
-                         {côté, côté, échelle, cerne, côté < 32 ? 0.0 : cerne * 0.8});
-  const Coverage pochoir = coverage(écu.transformed(agrandissement), côté, côté);
-  const auto poser = [&](const Path &forme, Pixel couleur) {
-    fill_within(image, forme.transformed(agrandissement), pochoir, [couleur](int, int) { return couleur; });
-  };
-  if (fin) poser(disque({46, 15}, 5.5), {255, 244, 190});
-  poser(path_from_svg("M2 36 L14 20 L20 27 L31 10 L42 27 L47 22 L62 38 V44 H2 Z"), {112, 134, 166});
-  poser(path_from_svg("M31 10 L37.2 19.4 L33.4 17.8 L31 21.6 L28 18 L24.8 19.8 Z"), blanc);
-  if (fin) {
-    poser(path_from_svg("M14 20 L17.4 24 L14.6 23.2 L12.6 25 L10.6 24.6 Z"), blanc);
-    poser(path_from_svg("M31 10 L42 27 L47 22 L62 38 V44 H36 L33 28 Z"), {84, 104, 140, 120});
-  }
-  poser(path_from_svg("M2 35 C14 30 22 37 34 34 C46 31 52 34 62 32 V64 H2 Z"), {134, 186, 98});
-  poser(path_from_svg("M2 45 C16 40 26 46 38 43 C48 40.4 56 42 62 40 V64 H2 Z"), {252, 226, 96});
-  if (fin) poser(trait("M2 45 C16 40 26 46 38 43 C48 40.4 56 42 62 40", 1.1, Cap::butt), {120, 96, 20});
-  poser(path_from_svg(
-            fin ? "M33.4 33.4 C29 38 37 40 30.6 45.4 C24 50.4 31 54 29 62 H37 C37.4 55 30.8 51.4 35.4 46.6 "
-                  "C40.6 41 32.6 38.4 34.6 33.6 Z"
-                : "M32 33 C27 38 36 41 29 46 C23 51 29 55 28 62 H37 C38 55 32 51 36 47 C42 41 33 38 37 33 Z"),
-        {58, 126, 196});
-  const Point lieu{fin ? 44.0 : 45.0, fin ? 45.0 : 44.0};
-  poser(disque(lieu, fin ? 7.0 : 10.5), blanc);
-  poser(anneau(lieu, fin ? 5.2 : 7.4, fin ? 2.6 : 4.4), rouge);
-  poser(disque(lieu, fin ? 1.9 : 2.6), rouge);
-  return image;
-}
-
 class Atelier_des_boutons {
  public:
   Atelier_des_boutons(const fs::path &images, Catalogue &catalogue)
@@ -326,6 +293,7 @@ void dessiner_icônes(const fs::path &images, Catalogue &catalogue) {
     écrire_png(images / fichier, enseigne(côté, côté > 24));
     catalogue.ajouter("icône.programme." + std::to_string(côté), fichier, côté, côté);
   }
+  std::ofstream(images / "icons/ardane.svg", std::ios::binary) << enseigne_svg();
   for (const int côté : {16, 32}) {
     const std::string nom = côté == 32 ? "icône.Ecran_principal" : "icône.Ecran_principal.16";
     const std::string fichier = "icons/ecran-principal-" + std::to_string(côté) + ".png";

@@ -4,22 +4,19 @@
 #include <array>
 #include <string_view>
 
+#include "configuration/player_file.h"
 #include "core/announcement.h"
 #include "core/chooser_modes.h"
 #include "core/current_folder.h"
 #include "core/game_state.h"
 #include "core/paths.h"
 #include "core/window_placing.h"
-#include "map/layout.h"
 #include "map/map_reset.h"
 #include "persistence/folders.h"
-#include "persistence/lifeline.h"
 #include "persistence/saved_game_format.h"
 #include "persistence/score_file.h"
-#include "platform/log.h"
 #include "platform/text.h"
 #include "platform/window_layout.h"
-#include "play/interrupted_game.h"
 #include "play/saved_game.h"
 #include "play/stage_sequencer.h"
 
@@ -205,27 +202,12 @@ void Sélection_partie::charger() {
 }
 
 void Sélection_partie::reprendre_partie(const std::string &chemin) {
-  if (!Charger_partie(c_, chemin)) return listes_.actualiser();
-  Proposer_répertoire(c_, listes_.dossier());
-  Reprendre_partie(c_);
-  Tenir_partie(c_);
-  c_.secours.attendre();
-  // Last of all: until the game stands on the screen it stands on the disk.
-  if (!Effacer_fichier(chemin)) consigner("La partie « " + chemin + " » ne peut pas être effacée");
+  if (!Reprendre_fichier(c_, chemin)) return listes_.actualiser();
   fermer();
 }
 
 void Sélection_partie::charger_paramétrage(const std::string &chemin) {
-  GameState &g = c_.état;
-  const Réponse réponse = c_.plateforme.boîtes.montrer(
-      {Icône::question, message(g, Message::chargement_du_paramétrage),
-       message(g, Message::utiliser_ce_paramétrage_par_défaut), Boutons::oui_non});
-  if (réponse == Réponse::oui) Lancer_aux_prochains_démarrages(c_, chemin, listes_.dossier());
-  g.Fichier_lancement = chemin;
-  Charger_scores(c_);
-  RevenirAuRepos(c_);
-  g.Carte_pleine_largeur = false;
-  DisposerCarte(c_);
+  Prendre_fichier_paramétrage(c_, chemin);
   fermer();
 }
 

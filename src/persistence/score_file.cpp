@@ -50,8 +50,8 @@ std::optional<std::string> écrire_fichier(const std::string &chemin, const Cont
 }
 
 /// Nothing if the file was written by this version of the program, otherwise what it says instead.
-std::optional<std::string> défaut_de_version(const Contexte &c) {
-  std::ifstream flux(chemin_natif(fichier_en_usage(c)), std::ios::binary);
+std::optional<std::string> défaut_de_version(const Contexte &c, const std::string &chemin) {
+  std::ifstream flux(chemin_natif(chemin), std::ios::binary);
   if (!flux) return "il ne peut pas être ouvert";
   Lecteur_de_cases cases(flux);
   const auto version = cases.texte();
@@ -192,18 +192,30 @@ void Charger_scores(Contexte &c) {
   Vider_scores(c);
   if (est_fichier_ordinaire(fichier_en_usage(c))) {
     // A file of any other version is refused, even where its form is the same.
-    const auto autre_version = défaut_de_version(c);
+    const auto autre_version = défaut_de_version(c, fichier_en_usage(c));
     if (autre_version) consigner_refus(g, *autre_version);
     if (!autre_version && Lire_fichier_scores(c)) return;
-    c.plateforme.boîtes.montrer(
-        {Icône::exclamation, message(g, Message::erreur_de_format),
-         g.Fichier_lancement + " : " + message(g, Message::fichier_non_interprétable)});
+    Refuser_format(c, g.Fichier_lancement);
   }
   réparer(c);
 }
 
+std::optional<std::string> Défaut_du_fichier_de_scores(const Contexte &c, const std::string &chemin) {
+  if (!est_fichier_ordinaire(chemin)) return "il n'y en a pas";
+  if (auto autre_version = défaut_de_version(c, chemin)) return autre_version;
+  std::ifstream flux(chemin_natif(chemin), std::ios::binary);
+  const auto défaut = lire_scores(flux).défaut;
+  return défaut ? std::optional(décrire_défaut(*défaut)) : std::nullopt;
+}
+
+void Refuser_format(Contexte &c, const std::string &fichier) {
+  const GameState &g = c.état;
+  c.plateforme.boîtes.montrer({Icône::exclamation, message(g, Message::erreur_de_format),
+                               fichier + " : " + message(g, Message::fichier_non_interprétable)});
+}
+
 void Reprendre_scores_des_autres(Contexte &c) {
-  if (!est_fichier_ordinaire(fichier_en_usage(c)) || défaut_de_version(c)) return;
+  if (!est_fichier_ordinaire(fichier_en_usage(c)) || défaut_de_version(c, fichier_en_usage(c))) return;
   std::ifstream flux(chemin_natif(fichier_en_usage(c)), std::ios::binary);
   const Lecture_scores lecture = lire_scores(flux);
   if (lecture.défaut) return;

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -41,6 +43,11 @@ bool Lire_fichier_scores(Contexte &c);
 /// Where there is none, or none any more, the default file's name and the default configuration take its
 /// place.
 void Charger_scores(Contexte &c);
+
+/// Why a file, a complete path, would be refused by the above; nothing if it is a score file of this version.
+std::optional<std::string> Défaut_du_fichier_de_scores(const Contexte &c, const std::string &chemin);
+/// The box on a file, of scores or of a game, that is no such file or a damaged one.
+void Refuser_format(Contexte &c, const std::string &fichier);
 
 /// Takes into the lists what the file in use has more than they, each score below its equals, the tenth
 /// falling out: another run of the program may have written it. A file that cannot be read, or that another

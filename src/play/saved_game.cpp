@@ -208,10 +208,14 @@ void Demander_enregistrement(Contexte &c) {
 }
 
 void Demander_reprise(Contexte &c) {
+  Reprendre_par(c, [&] { Faire_choisir_fichier(c, choix_fichier, fichier_partie); });
+}
+
+void Reprendre_par(Contexte &c, const std::function<void()> &choix) {
   GameState &g = c.état;
   if (!ConfirmerAbandon(c)) return;
   g.PartieVierge = true;
-  Faire_choisir_fichier(c, choix_fichier, fichier_partie);
+  choix();
   // What ran before has been dropped; a game taken up is no longer untouched.
   if (g.PartieVierge) RevenirAuRepos(c);
   g.ConseilFicheVu = false;
@@ -239,8 +243,7 @@ bool Charger_partie(Contexte &c, const std::string &chemin) {
   }
   if (lecture.défaut) {
     consigner("La partie « " + chemin + " » est refusée : " + décrire_défaut(*lecture.défaut));
-    c.plateforme.boîtes.montrer({Icône::exclamation, message(g, Message::erreur_de_format),
-                                 chemin + " : " + message(g, Message::fichier_non_interprétable)});
+    Refuser_format(c, chemin);
     return false;
   }
   Placer_partie(c, contenu);

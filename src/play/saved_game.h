@@ -2,6 +2,7 @@
 // taken up once.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/context.h"
@@ -16,6 +17,8 @@ void Demander_enregistrement(Contexte &c);
 /// The menu entry `Fichier_lire`: has the player choose a saved game, the running one dropped first. Without
 /// a choice the program is idle.
 void Demander_reprise(Contexte &c);
+/// The same by another way to choose: `choix` takes a saved game up, or none.
+void Reprendre_par(Contexte &c, const std::function<void()> &choix);
 
 /// Writes the game under way to a complete path. False, after a box that tells the player, if that failed:
 /// what lay there is then as it was.

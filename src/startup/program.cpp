@@ -3,6 +3,7 @@
 #include "configuration/configuration_mode.h"
 #include "configuration/file_chooser.h"
 #include "configuration/folder_chooser.h"
+#include "configuration/player_file.h"
 #include "core/chooser_modes.h"
 #include "core/hit_test_table.h"
 #include "core/paths.h"
@@ -94,6 +95,10 @@ bool Programme::Démarrage(const std::string &répertoire) {
   plateforme_.écran.sablier(false);
   Proposer_reprise(contexte_);
   return true;
+}
+
+void Programme::ouvrir(const std::string &fichier) {
+  if (en_cours()) Ouvrir_fichier(contexte_, fichier);
 }
 
 void Programme::tenir_la_partie() {

@@ -29,6 +29,10 @@ class Programme : private Ouvreur {
   /// program ended at once, after a box that told the player why. Throws ErreurFatale.
   bool Démarrage(const std::string &répertoire);
 
+  /// Right behind the start: opens the file that the program was started with (configuration/player_file.h),
+  /// a complete path.
+  void ouvrir(const std::string &fichier);
+
   /// True while the main window is there. Its own events end it: the close control
   /// (`principale().demande_de_fermeture`) and the menu entry `fichier_quitter`.
   bool en_cours() const { return principale_.ouverte; }

@@ -17,6 +17,8 @@ namespace ardane {
 namespace {
 
 constexpr std::string_view nom_de_la_sonde = "~zut.tmp";
+/// The installation puts a file of this name beside the program: it tells a player where his files are.
+constexpr std::string_view signe_d_installation = "installation.txt";
 
 bool écrire_sonde(const std::string &chemin) {
   std::ostringstream octets;
@@ -45,6 +47,14 @@ bool Tester_ecriture(std::string_view dossier) {
   // A probe whose writing failed half-way must not stay behind either.
   const bool effacée = Effacer_fichier(sonde);
   return écrite && effacée;
+}
+
+bool est_installé(const GameState &g) {
+  return fichier_existe(Joindre_chemin(g.Répertoire_programme, signe_d_installation));
+}
+
+const std::string &Dossier_à_côté_du_programme(const GameState &g) {
+  return est_installé(g) ? g.Répertoire_sauvegarde : g.Répertoire_programme;
 }
 
 void Proposer_répertoire(Contexte &c, const std::string &dossier) {

@@ -14,6 +14,12 @@ namespace ardane {
 /// already is deleted and proves the folder as well; a link is deleted and not followed.
 bool Tester_ecriture(std::string_view dossier);
 
+/// True if the program's folder is the system's, made by an installation: nothing is written there, not even
+/// by who could, and what else would lie beside the program lies with the scores.
+bool est_installé(const GameState &g);
+/// Where it lies: `Répertoire_programme`, or `Répertoire_sauvegarde`.
+const std::string &Dossier_à_côté_du_programme(const GameState &g);
+
 /// Asks whether a folder other than `Répertoire_sauvegarde` shall take its place, and on Oui makes it that,
 /// in the settings too, and the current folder. Folders are compared in capitals, without blanks around.
 void Proposer_répertoire(Contexte &c, const std::string &dossier);

@@ -5,6 +5,7 @@
 
 #include "core/game_state.h"
 #include "core/paths.h"
+#include "persistence/folders.h"
 #include "persistence/text_file.h"
 #include "platform/text.h"
 #include "screens/statistics_tables.h"
@@ -94,7 +95,7 @@ void Ecrire_statistiques(Contexte &c) {
   texte += table_des_provinces(g);
   texte += titre_après_deux_lignes(g, Message::régions) + table_des_régions(g);
   texte += titre_après_deux_lignes(g, Message::recherche_des_villes) + table_des_villes(g);
-  const std::string chemin = Joindre_chemin(g.Répertoire_programme, "ARDA_STA.TXT");
+  const std::string chemin = Joindre_chemin(Dossier_à_côté_du_programme(g), "ARDA_STA.TXT");
   if (!Ecrire_fichier_texte(c, chemin, texte)) return;
   c.plateforme.boîtes.montrer({Icône::information, message(g, Message::statistiques),
                                message(g, Message::statistiques_enregistrées_dans) + chemin});

@@ -10,7 +10,7 @@ namespace ardane {
 /// "000000".
 std::string Sans_zéros(const std::string &texte);
 
-/// Writes the three tables to "ARDA_STA.TXT" in `Répertoire_programme`, and tells where they lie.
+/// Writes the three tables to "ARDA_STA.TXT" beside the program, and tells where they lie.
 /// `OrdreTableau` holds the order of the towns afterwards.
 void Ecrire_statistiques(Contexte &c);
 

@@ -45,7 +45,7 @@ void faire_choisir_dossier(Contexte &c) {
 /// registry takes the full path of the score file, the variable its bare name.
 void revenir_au_dossier_du_programme(Contexte &c) {
   GameState &g = c.état;
-  if (Tester_ecriture(c.dossier.complet(g.Répertoire_programme))) {
+  if (!est_installé(g) && Tester_ecriture(c.dossier.complet(g.Répertoire_programme))) {
     écrire_réglage(c, réglage_répertoire, g.Répertoire_programme);
     g.Répertoire_sauvegarde = g.Répertoire_programme;
     écrire_réglage(c, réglage_fichier_lancement, Joindre_chemin(g.Répertoire_sauvegarde, nom_fichier_scores));
@@ -53,7 +53,7 @@ void revenir_au_dossier_du_programme(Contexte &c) {
   } else {
     faire_choisir_dossier(c);
   }
-  g.Répertoire_info = g.Répertoire_programme;
+  g.Répertoire_info = Dossier_à_côté_du_programme(g);
   écrire_réglage(c, réglage_répertoire_info, g.Répertoire_info);
 }
 

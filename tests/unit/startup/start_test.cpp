@@ -1,11 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "core/chooser_modes.h"
 #include "persistence/registry.h"
 #include "persistence/score_file.h"
 #include "platform/registry_store.h"
 #include "platform/window_layout.h"
+#include "screens/statistics_file.h"
 #include "support/fake_world.h"
 
 namespace ardane {
@@ -128,6 +131,31 @@ TEST_F(Start, InAReadOnlyProgramFolderTheFolderWindowComesBeforeAnythingElse) {
   EXPECT_THAT(modes, ElementsAre(choix_dossier_sauvegarde, choix_dossier_information));
   EXPECT_EQ(m.boîtes.montrées[0].titre, message(m.g(), Message::choix_du_répertoire));
   EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), Message::sélectionner_le_répertoire_par_défaut));
+}
+
+TEST_F(Start, AnInstalledProgramWritesNothingIntoItsFolderEvenWhereItCould) {
+  écrire_fichier(m.dossier.fichier("installation.txt"), "");
+  const auto fichiers = [&] {
+    std::set<std::filesystem::path> noms;
+    for (const auto &entrée : std::filesystem::directory_iterator(chemin_natif(m.dossier.chemin())))
+      noms.insert(entrée.path());
+    return noms;
+  };
+  const auto livrés = fichiers();
+  DossierTemporaire autre;
+  std::vector<int> modes;
+  m.façade.joueur = [&](Fenêtre &) {
+    modes.push_back(m.g().Mode_sélection);
+    m.c().dossier.changer(autre.chemin());
+    m.g().Répertoire_sauvegarde = autre.chemin();
+  };
+  ASSERT_TRUE(démarrer());
+  EXPECT_THAT(modes, ElementsAre(choix_dossier_sauvegarde));
+  EXPECT_EQ(réglage("répertoire information"), autre.chemin());
+  EXPECT_TRUE(fichier_existe(autre.fichier("ARDANE.INF")));
+  Ecrire_statistiques(m.c());
+  EXPECT_TRUE(fichier_existe(autre.fichier("ARDA_STA.TXT")));
+  EXPECT_EQ(fichiers(), livrés);
 }
 
 TEST_F(Start, ASaveFolderThatCannotBeWrittenOpensTheFolderWindowAndTheStartGoesOn) {

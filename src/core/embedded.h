@@ -1,4 +1,4 @@
-// The text files of resources/ that the build turns into source.
+// The text files of resources/ that the build turns into source, and the release.
 #pragma once
 
 #include <string_view>
@@ -9,5 +9,6 @@ std::string_view textes_incorporés();
 std::string_view images_incorporées();
 std::string_view blasons_incorporés();
 std::string_view étendues_incorporées();
+std::string_view version_incorporée();
 
 }  // namespace ardane

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "core/embedded.h"
+#include "core/gazetteer.h"
 #include "platform/text.h"
 
 namespace ardane {
@@ -58,6 +59,11 @@ const Ressources &ressources_du_programme() {
   static const Ressources ressources{TableChaînes(textes_incorporés()), CatalogueImages(images_incorporées()),
                                      TableChaînes(blasons_incorporés()), Etendues(étendues_incorporées())};
   return ressources;
+}
+
+std::string Présenter_version(std::string_view programme) {
+  return std::string(programme) + " " + std::string(version_incorporée()) + "\n" +
+         ressources_du_programme().chaînes.chaîne(id_messages) + "\n";
 }
 
 }  // namespace ardane

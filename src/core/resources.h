@@ -56,4 +56,8 @@ struct Ressources {
 /// The resources that the program was built with.
 const Ressources &ressources_du_programme();
 
+/// What the option --version of a program prints: its release, and the edition of the game, which no release
+/// moves: files of any other are refused.
+std::string Présenter_version(std::string_view programme);
+
 }  // namespace ardane

@@ -1,4 +1,5 @@
 // The screen, sound and the command line.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <poll.h>
@@ -23,10 +24,12 @@
 #include <vector>
 
 #include "front/qt/appearance.h"
+#include "front/qt/demonstration/scratch_folder.h"
 #include "front/qt/on_demand.h"
 #include "front/qt/options.h"
 #include "front/qt/screen.h"
 #include "front/qt/sound_file.h"
+#include "persistence/registry.h"
 #include "sound_child.h"
 
 namespace ardane {
@@ -223,6 +226,30 @@ TEST(DesktopOptions, AreReadByName) {
   EXPECT_EQ(options.erreur, "");
 }
 
+TEST(DesktopOptions, OneSavedGameOrConfigurationMayBeNamed) {
+  for (const char *name : {"Souper.CAI", "/jeux/à table.cai", "nord.SCI"}) {
+    const std::array words{"ardane", "--sans-cadre", name};
+    const DesktopOptions options = read_options(words.size(), words.data());
+    EXPECT_EQ(options.erreur, "");
+    EXPECT_EQ(options.fichier, name);
+  }
+  const std::array two{"ardane", "a.CAI", "b.CAI"};
+  EXPECT_EQ(read_options(two.size(), two.data()).erreur, "Option inconnue ou incomplète : b.CAI");
+}
+
+TEST(DesktopOptions, TheFoldersOfThePlayersFilesAreTold) {
+  const ScratchFolder folder(ARDANE_RESOURCES);
+  const std::filesystem::path settings = folder.places().registre, lifeline = folder.path() / "secours";
+  const std::string before = files_text(settings, lifeline);
+  EXPECT_THAT(before, testing::HasSubstr("choisi au premier démarrage"));
+  EXPECT_THAT(before, testing::HasSubstr(settings.string() + "\n"));
+  EXPECT_THAT(before, testing::HasSubstr(lifeline.string() + "\n"));
+  RegistreFichier store(settings);
+  store.créer(clé_du_jeu);
+  store.écrire(clé_du_jeu, réglage_répertoire, "/home/ann/jeux");
+  EXPECT_THAT(files_text(settings, {}), testing::HasSubstr(" /home/ann/jeux\n"));
+}
+
 TEST(DesktopOptions, UnknownAndIncompleteOnesAreToldInFrench) {
   const std::array unknown{"ardane", "--zut"};
   EXPECT_EQ(read_options(unknown.size(), unknown.data()).erreur, "Option inconnue ou incomplète : --zut");
@@ -287,9 +314,9 @@ struct Answered {
 TEST(CommandLine, HelpAndVersionAreToldInFrench) {
   const Answered help({"--help"}), version({"--version"});
   EXPECT_EQ(help.code, 0);
-  EXPECT_EQ(help.out, help_text());
+  EXPECT_TRUE(help.out.starts_with(help_text() + "Vos fichiers :\n")) << help.out;
   EXPECT_EQ(version.code, 0);
-  EXPECT_EQ(version.out, "ardane " ARDANE_VERSION "\nVersion 1.00 du 24/02/2007\n");
+  EXPECT_EQ(version.out, "ardane " ARDANE_RELEASE "\nVersion 1.00 du 24/02/2007\n");
 }
 
 TEST(CommandLine, WhatIsNotUnderstoodIsToldOnTheErrorStreamWithTheHelpAndEndsWithTwo) {

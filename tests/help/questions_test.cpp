@@ -74,6 +74,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Question{"mes scores ont disparu", "questions.html#scores-disparus"},
                     Question{"retrouver mes anciens scores", "scores.html#secours"},
                     Question{"le jeu a planté", "sauvegarde.html#interruption"},
+                    Question{"le jeu installé écrit où", "dossiers.html#installe"},
+                    Question{"double clic sur une partie", "dossiers.html#double-clic"},
                     Question{"coupure de courant pendant une partie", "sauvegarde.html#interruption"},
                     Question{"les dix meilleurs", "scores.html"},
                     Question{"apprendre les provinces par cœur", "apprentissage.html"},

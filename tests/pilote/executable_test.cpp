@@ -68,6 +68,12 @@ TEST_F(Exécutable, tells_a_bad_option_in_french_and_ends_with_code_2) {
   EXPECT_EQ(lire("erreurs"), "Le dossier « absent » ne peut pas être le dossier courant.\n");
 }
 
+TEST_F(Exécutable, tells_its_release_and_the_edition_of_the_game_and_starts_nothing) {
+  EXPECT_EQ(lancer("--hasard 1 --version", "démarrer\n"), 0);
+  EXPECT_EQ(lire("sortie"), "ardane-pilote " ARDANE_RELEASE "\nVersion 1.00 du 24/02/2007\n");
+  EXPECT_EQ(lire("erreurs"), "");
+}
+
 TEST_F(Exécutable, starts_in_the_folder_given) {
   EXPECT_EQ(lancer("--programme programme --dossier programme", "page ardane.pts\n"), 0);
   EXPECT_EQ(lire("sortie"), "{\"attend\":\"rien\"}\n");

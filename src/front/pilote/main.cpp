@@ -1,5 +1,6 @@
 #include <iostream>
 
+#include "core/resources.h"
 #include "front/pilote/options.h"
 #include "front/pilote/pilot.h"
 
@@ -12,6 +13,10 @@ int main(int argc, char **argv) {
   } catch (const ardane::OptionRefusée &refusée) {
     std::cerr << refusée.what() << '\n';
     return mauvaise_option;
+  }
+  if (options.version) {
+    std::cout << ardane::Présenter_version("ardane-pilote");
+    return 0;
   }
   std::ios::sync_with_stdio(false);
   return ardane::Pilote(std::cin, std::cout, options).exécuter();

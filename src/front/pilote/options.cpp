@@ -96,13 +96,18 @@ constexpr std::array lectures = std::to_array<Lecture>({
 
 OptionsPilote lire_options(const std::vector<std::string> &arguments) {
   OptionsPilote options;
-  for (std::size_t i = 0; i < arguments.size(); i += 2) {
-    const auto lecture = std::find_if(lectures.begin(), lectures.end(),
-                                      [&](const Lecture &l) { return l.nom == arguments[i]; });
-    if (lecture == lectures.end()) throw OptionRefusée("L'option « " + arguments[i] + " » est inconnue.");
-    if (i + 1 == arguments.size() || arguments[i + 1].empty())
-      throw OptionRefusée("L'option " + arguments[i] + " attend une valeur.");
-    lecture->lire(options, arguments[i + 1]);
+  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+    const std::string &nom = *argument;
+    if (nom == "--version") {
+      options.version = true;
+      continue;
+    }
+    const auto lecture =
+        std::find_if(lectures.begin(), lectures.end(), [&](const Lecture &l) { return l.nom == nom; });
+    if (lecture == lectures.end()) throw OptionRefusée("L'option « " + nom + " » est inconnue.");
+    if (++argument == arguments.end() || argument->empty())
+      throw OptionRefusée("L'option " + nom + " attend une valeur.");
+    lecture->lire(options, *argument);
   }
   return options;
 }

@@ -13,6 +13,7 @@ struct OptionsPilote : OptionsMonde {
   std::string programme;  ///< the program's folder; empty for that of the executable
   std::string dossier;    ///< current folder at start; empty for the process's own
   std::string secours;    ///< folder of the lifeline; empty for none
+  bool version = false;   ///< tell the version alone
 };
 
 /// `what()` is a French sentence for the player of scripts.

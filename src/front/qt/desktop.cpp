@@ -122,6 +122,7 @@ bool Desktop::start() {
   bool started = false;
   dispatcher_.run([&] { started = programme_.Démarrage(places_.programme); });
   if (!started) return false;
+  if (!places_.fichier.empty()) dispatcher_.run([&] { programme_.ouvrir(places_.fichier); });
   heartbeat_.start(blink_period);
   QTimer::singleShot(settling_delay, this, [this] { settle(); });
   return true;

@@ -35,6 +35,7 @@ struct DesktopPlaces {
   bool sans_cadre = false;         ///< a window without a frame at the top of the primary monitor, at scale 1
   bool partagé = false;            ///< another run may be writing the same score file
   std::filesystem::path secours{};  ///< what is kept of a run beside the player's files; empty for nothing
+  std::string fichier{};  ///< a saved game or a configuration to begin with, a complete path; empty for none
 };
 
 /// One run of the program in the desktop's windows. Needs a QApplication.

@@ -5,7 +5,10 @@
 #include <charconv>
 #include <string_view>
 
-#include "core/gazetteer.h"
+#include "configuration/player_file.h"
+#include "core/paths.h"
+#include "persistence/registry.h"
+#include "platform/registry_store.h"
 
 namespace ardane {
 namespace {
@@ -99,6 +102,8 @@ DesktopOptions read_options(int argc, const char *const *argv) {
       options.numéro = number;
     else if (const int taken = taken_by_toolkit(word, i + 1 == argc); taken > 0)
       i += taken - 1;
+    else if (!word.starts_with('-') && !options.fichier && est_nom_de_fichier_du_jeu(word))
+      options.fichier = word;
     else
       options.erreur = "Option inconnue ou incomplète : " + std::string(word);
   }
@@ -106,7 +111,8 @@ DesktopOptions read_options(int argc, const char *const *argv) {
 }
 
 std::string help_text() {
-  return "Usage : ardane [options]\n"
+  return "Usage : ardane [options] [FICHIER]\n"
+         "  FICHIER                  une partie à reprendre (.CAI) ou un paramétrage à utiliser (.SCI)\n"
          "  --demonstration DOSSIER  joue toute seule une partie, sans écran, et range ses images dans le "
          "dossier\n"
          "  --programme DOSSIER      le dossier du jeu, au lieu de celui de l'exécutable\n"
@@ -120,8 +126,14 @@ std::string help_text() {
          "Les options habituelles de Qt (-style, -platform, ...) sont admises.\n";
 }
 
-std::string version_text(const Ressources &ressources) {
-  return "ardane " ARDANE_VERSION "\n" + ressources.chaînes.chaîne(id_messages) + "\n";
+std::string files_text(const std::filesystem::path &settings, const std::filesystem::path &lifeline) {
+  const std::string folder =
+      RegistreFichier(settings).lire(clé_du_jeu, réglage_répertoire).value_or(std::string());
+  std::string text = "Vos fichiers :\n  scores, parties          " +
+                     (folder.empty() ? "dans le dossier choisi au premier démarrage" : folder) +
+                     "\n  réglages                 " + texte_du_chemin(settings) + "\n";
+  if (!lifeline.empty()) text += "  ce que --secours montre  " + texte_du_chemin(lifeline) + "\n";
+  return text;
 }
 
 }  // namespace ardane

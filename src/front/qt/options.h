@@ -1,10 +1,9 @@
 // The command line of the desktop program.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
-
-#include "core/resources.h"
 
 namespace ardane {
 
@@ -18,15 +17,16 @@ struct DesktopOptions {
   bool sans_cadre = false;                   ///< the borderless window at the top of the screen
   bool secours = false;                      ///< list what score files held before, or give one back
   std::optional<int> numéro;                 ///< which of them to give back
+  std::optional<std::string> fichier;        ///< a saved game or a configuration to begin with
   std::string erreur;                        ///< why the command line was not understood; empty if it was
 };
 
 /// The toolkit's own options ("-style", "-platform", ...) are passed over: it takes them itself.
 DesktopOptions read_options(int argc, const char *const *argv);
 
-/// What --help prints.
+/// What --help prints, and what is told of a command line that was not understood.
 std::string help_text();
-/// What --version prints: the release, and the edition of the game that it is.
-std::string version_text(const Ressources &ressources);
+/// What --help prints further: where the player's files are. `lifeline` may be empty.
+std::string files_text(const std::filesystem::path &settings, const std::filesystem::path &lifeline);
 
 }  // namespace ardane

@@ -44,6 +44,7 @@ int play(int argc, char **argv, const DesktopOptions &options) {
   OneInstance instance(settings);
   if (instance.place() == OneInstance::Place::second) {
     std::puts("Le jeu est déjà ouvert : sa fenêtre passe devant les autres.");
+    if (options.fichier) std::puts("Ouvrez-y ce fichier par ses menus.");
     return 0;
   }
   const bool alone = instance.place() == OneInstance::Place::first;
@@ -51,7 +52,8 @@ int play(int argc, char **argv, const DesktopOptions &options) {
   Desktop desktop({options.programme ? chemin_absolu(*options.programme)
                                      : to_utf8(QCoreApplication::applicationDirPath()),
                    settings, dossier_du_processus(), options.sans_cadre, !alone,
-                   alone ? lifeline_of(options) : std::filesystem::path()},
+                   alone ? lifeline_of(options) : std::filesystem::path(),
+                   options.fichier ? chemin_absolu(*options.fichier) : std::string()},
                   ressources_du_programme());
   instance.listen([&](const std::string &token) { desktop.come_to_front(token); });
   const EndSignals signals([&] { desktop.end_unasked(); });
@@ -79,8 +81,10 @@ int main(int argc, char **argv) {
     return 2;
   }
   if (options.aide || options.version) {
-    const std::string text =
-        options.aide ? ardane::help_text() : ardane::version_text(ardane::ressources_du_programme());
+    const std::string text = options.aide
+                                 ? ardane::help_text() + ardane::files_text(ardane::settings_of(options),
+                                                                            ardane::lifeline_of(options))
+                                 : ardane::Présenter_version("ardane");
     std::printf("%s", text.c_str());
     return 0;
   }

@@ -316,6 +316,11 @@ TEST_P(StoppedGame, GoesOnInAnotherRunOfTheProgramAsItStoodAndCanBePlayedToItsEn
 
 class GameChooser : public ProgramTest {
  protected:
+  DesktopPlaces places() const override {
+    DesktopPlaces places = folder.places();
+    places.fichier = started_with;
+    return places;
+  }
   /// A game with one answer missed, worth one point.
   void begin_game() {
     start();
@@ -346,6 +351,7 @@ class GameChooser : public ProgramTest {
   }
   bool kept(const char *name) const { return std::filesystem::exists(folder.path() / name); }
 
+  std::string started_with;
   const int owed = 1022;  ///< what a question costs that is given up after its first error
 };
 
@@ -446,6 +452,22 @@ TEST_F(GameChooser, ADoubleClickTakesUpTheGame) {
   EXPECT_EQ(state().Nom_joueur, "Zoé");
   EXPECT_EQ(state().Score, score_de_départ - 1 - owed);
   EXPECT_FALSE(kept("Souper.CAI"));
+}
+
+TEST_F(GameChooser, TheGameThatTheProgramIsStartedWithIsTakenUp) {
+  begin_game();
+  save_as("Souper");
+  end();
+  started_with = (folder.path() / "Souper.CAI").string();
+  ASSERT_TRUE(order().start());
+  EXPECT_THAT(script().told, testing::IsEmpty());
+  EXPECT_EQ(state().Nom_joueur, "Zoé");
+  EXPECT_EQ(state().Score, score_de_départ - 1 - owed);
+  EXPECT_FALSE(kept("Souper.CAI"));
+  const int left = state().ProvincesRestantes;
+  order().click(province(state().ProvinceCourante));
+  play();
+  EXPECT_EQ(state().ProvincesRestantes, left - 1);
 }
 
 TEST_F(GameChooser, DoubleClicksOpenFoldersAndTakeANameThatThereIs) {

@@ -65,6 +65,19 @@ TEST_F(TwoStarts, NoScoresAreGivenBackUnderAGameThatIsOpenButTheyAreListed) {
   EXPECT_EQ(calls, 1);
 }
 
+TEST_F(TwoStarts, AFileIsLeftToTheGameThatIsOpen) {
+  OneInstance game(settings);
+  int calls = 0;
+  game.listen([&](const std::string &) { ++calls; });
+  QProcess second;
+  second.start(QStringLiteral(ARDANE_PROGRAM), {"--registre", to_qt(settings.string()), "Souper.CAI"});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return second.state() == QProcess::NotRunning; }, end_ms));
+  EXPECT_EQ(second.exitCode(), 0);
+  EXPECT_EQ(calls, 1);
+  EXPECT_TRUE(
+      QString::fromUtf8(second.readAllStandardOutput()).endsWith("Ouvrez-y ce fichier par ses menus.\n"));
+}
+
 TEST_F(TwoStarts, OtherSettingsAreAnotherPlayersAndAnotherSpellingOfTheSameFileIsNot) {
   const OneInstance first(settings);
   EXPECT_EQ(OneInstance(folder.path() / "autre").place(), Place::first);

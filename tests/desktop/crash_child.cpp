@@ -2,8 +2,11 @@
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSessionManager>
 #include <QTimer>
+#include <array>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
@@ -110,6 +113,13 @@ void play_to_the_error() {
   run.script.run();
 }
 
+/// The desktop asks all its programs to be ready for the end of the session. Only who refuses looks at the
+/// manager, which none but the toolkit can make.
+void end_the_session() {
+  alignas(QSessionManager) std::array<std::byte, sizeof(QSessionManager)> nobody{};
+  Q_EMIT qApp->commitDataRequest(reinterpret_cast<QSessionManager &>(nobody));
+}
+
 void play_to_the_signal(std::string_view way) {
   Run run;
   const EndSignals signals([&] { run.desktop.end_unasked(); });
@@ -118,7 +128,7 @@ void play_to_the_signal(std::string_view way) {
   run.start_game("niveau_facile");
   player.click(province(run.g.ProvinceCourante));
   run.script.run();
-  if (way != "signal") {
+  if (way == "signal sous une boîte") {
     player.choose("menu_fichier", "fichier_quitter");
     player.then([] { std::raise(SIGTERM); });
     run.script.run();
@@ -126,7 +136,10 @@ void play_to_the_signal(std::string_view way) {
   }
   player.click(province(run.g.ProvinceCourante));
   run.script.run();
-  std::raise(SIGTERM);
+  if (way == "signal de fin de session")
+    end_the_session();
+  else
+    std::raise(SIGTERM);
   run.desktop.play();
 }
 

@@ -10,9 +10,9 @@ inline constexpr std::string_view crash_option = "--erreur";
 inline constexpr std::string_view crash_folder = "ARDANE_CRASH_FOLDER";
 
 /// The ways "signal" and "signal sous une boîte" are such a game, too: the signal comes right behind an
-/// answer, or while the player is asked whether he gives the game up.
-/// With "travail" it comes while a procedure is at work, with "erreur" under the box of an error; neither has
-/// a game.
+/// answer, or while the player is asked whether he gives the game up; with "signal de fin de session" it is
+/// the desktop's own. With "travail" it comes while a procedure is at work, with "erreur" under the box of an
+/// error; neither has a game.
 
 /// Lets an event of a window fail in the way named: "fatale", "indice", "inconnue" or "boucle" (in a modal
 /// window's own event); "réglages" starts the whole program where no settings can be kept, "réglages

@@ -106,6 +106,10 @@ TEST_F(SignalledChild, ASignalRightBehindAnAnswerLosesNotEvenThat) {
   EXPECT_EQ(found_again_after("signal"), 2);
 }
 
+TEST_F(SignalledChild, TheEndOfTheSessionAsksNothingAndLosesNothing) {
+  EXPECT_EQ(found_again_after("signal de fin de session"), 2);
+}
+
 TEST_F(SignalledChild, ASignalIsNoAnswerToTheBoxThatIsUp) {
   EXPECT_EQ(found_again_after("signal sous une boîte"), 1);
 }

@@ -64,6 +64,8 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
       qApp, &QGuiApplication::commitDataRequest, this,
       [this](QSessionManager &session) {
         if (!programme_.en_cours()) return;
+        // The next start offers the game: nothing need be asked of who is leaving.
+        if (dispatcher_.is_game_kept()) return end_unasked();
         dispatcher_.run(programme_.principale().demande_de_fermeture);
         if (programme_.en_cours()) session.cancel();
       },

@@ -88,6 +88,13 @@ TEST_F(Guide, SeaAndLandAreToldAtEveryLevel) {
   EXPECT_EQ(Décrire_lieu(m.c(), ici, ici), "terre");
 }
 
+TEST_F(Guide, AProvinceThatIsShownIsToldInYellow) {
+  jouer(étape_provinces, niveau_expert);
+  m.e().Pays(40).visible = true;
+  const Point ici = dans(m.g(), 40);
+  EXPECT_EQ(Décrire_lieu(m.c(), ici, ici), "en jaune");
+}
+
 TEST_F(Guide, TheNeighboursLandIsToldApart) {
   jouer(étape_provinces, niveau_expert);
   EXPECT_EQ(Décrire_lieu(m.c(), {595, 300}, {595, 300}), "pays voisin");

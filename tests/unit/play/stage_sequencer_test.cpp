@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "map/map_reset.h"
 #include "map/panel.h"
 #include "platform/window_layout.h"
@@ -35,6 +38,13 @@ class Stages : public testing::Test {
       if (f.nom == "nouvelle_partie") cliquer(f, contrôle(f, "Bouton_annuler"));
     };
   }
+  /// What can be seen in the main window.
+  std::vector<std::string> vus() {
+    std::vector<std::string> noms;
+    for (const Contrôle &contrôle : m.e().contrôles())
+      if (est_visible(contrôle)) noms.push_back(contrôle.nom);
+    return noms;
+  }
   void choisir(std::string_view entrée) { cliquer(m.e(), m.e().menu(entrée)); }
 
   MondeFactice m;
@@ -50,6 +60,25 @@ TEST_F(Stages, CancellingTheDialogAfterAgreeingToAbandonScoresTheOldGameAndStart
   EXPECT_EQ(m.g().Nombre_scores(1), 1);
   EXPECT_FALSE(m.e().que_faire.visible);
   EXPECT_TRUE(m.g().PartieVierge);
+}
+
+TEST_F(Stages, BehindTheDialogOfANewGameTheWindowIsAsBareAsAtTheStart) {
+  const std::vector<std::string> au_départ = vus();
+  for (const int jeu : {étape_provinces, étape_villes, étape_régions}) {
+    ordonner({jeu});
+    m.nouvelle_partie(1);
+    ClicProvince(m.c(), m.g().ProvinceCourante == 0 ? 1 : m.g().ProvinceCourante);
+    ASSERT_NE(vus(), au_départ);
+    std::vector<std::string> derrière;
+    m.façade.joueur = [&](Fenêtre &f) {
+      if (f.nom != "nouvelle_partie") return;
+      derrière = vus();
+      cliquer(f, contrôle(f, "Bouton_annuler"));
+    };
+    choisir("fichier_nouveau");
+    EXPECT_EQ(derrière, au_départ) << jeu;
+    EXPECT_EQ(vus(), au_départ) << jeu;
+  }
 }
 
 TEST_F(Stages, AGameOfOneStageEndsAtItsLastObjectWithoutAnAnnouncement) {

@@ -65,6 +65,15 @@ TEST_F(TopTenWindow, TheWayToTheStatisticsStaysFromTheEndOfAGameUntilTheNextOne)
   EXPECT_FALSE(bouton());
 }
 
+TEST_F(TopTenWindow, TheButtonOfTheStatisticsShowsItsPictureAndSpeaks) {
+  ouvrir("score_facile", [&](Fenêtre &f) {
+    const Contrôle &bouton = contrôle(f, "BoutonStatistiques");
+    EXPECT_TRUE(bouton.image);
+    EXPECT_EQ(bouton.image, m.c().ressources.images.chercher("Affichage_scores.BoutonStatistiques"));
+    EXPECT_EQ(bouton.nom_parlé, "Statistiques");
+  });
+}
+
 TEST_F(TopTenWindow, WithNoLevelChosenItSaysSoAndShowsFacile) {
   m.boîtes.montrées.clear();
   ouvrir("score_en_cours", [](Fenêtre &f) { EXPECT_EQ(contrôle(f, "Etiquette").texte, "Niveau facile"); });
@@ -93,6 +102,7 @@ TEST_F(TopTenWindow, TheCurrentLevelIsThatOfTheGame) {
 TEST_F(TopTenWindow, ItsButtonClosesIt) {
   ouvrir("score_facile", [](Fenêtre &f) {
     EXPECT_TRUE(f.fermable);
+    EXPECT_TRUE(f.redimensionnable);
     cliquer(f, contrôle(f, "Command1"));
     EXPECT_FALSE(f.ouverte);
   });

@@ -3,6 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "persistence/registry.h"
 #include "support/fake_world.h"
 
@@ -16,12 +20,58 @@ class Texts : public testing::Test {
   MondeFactice m;
 };
 
-TEST_F(Texts, EveryMenuEntryHasItsCaption) {
+TEST_F(Texts, TheMenuBarSaysWhatItDoesInTheOrderInWhichItIsRead) {
+  std::vector<std::pair<std::string, std::string>> barre;
   for (const Contrôle &entrée : m.e().contrôles())
-    EXPECT_FALSE(entrée.genre == Genre::menu && entrée.texte.empty()) << entrée.nom;
-  EXPECT_EQ(m.e().menu("MenuFicheur").texte, "Editer les fiches d'information");
-  EXPECT_EQ(m.e().menu("fichier_nouveau").texte, "Nouvelle partie");
+    if (entrée.genre == Genre::menu)
+      barre.emplace_back(entrée.conteneur == nullptr ? "" : entrée.conteneur->texte, entrée.texte);
+  const std::vector<std::pair<std::string, std::string>> attendue = {
+      {"", "Fichier"},
+      {"Fichier", "Nouvelle partie"},
+      {"Fichier", "Enregistrer la partie en cours"},
+      {"Fichier", "Reprendre une partie interrompue"},
+      {"Fichier", "Rechercher sur Internet les dernières versions des jeux"},
+      {"Fichier", "Quitter"},
+      {"", "Paramétrer"},
+      {"Paramétrer", "Afficher le paramétrage courant"},
+      {"Paramétrer", "Utiliser le paramétrage par défaut"},
+      {"Paramétrer", "Recharger un paramétrage existant"},
+      {"Paramétrer", "Paramétrer le jeu"},
+      {"Paramétrer", "Couper le son"},
+      {"Paramétrer", "Choisir la couleur du repère des capitales"},
+      {"Paramétrer", "Choisir la couleur du repère des autres villes"},
+      {"Paramétrer", "Définir le dossier du fichier d'information"},
+      {"Paramétrer", "Editer les fiches d'information"},
+      {"", "Score"},
+      {"Score", "Niveau en cours"},
+      {"Score", "Niveau facile"},
+      {"Score", "Niveau moyen"},
+      {"Score", "Niveau difficile"},
+      {"Score", "Niveau expert"},
+      {"Score", "Remise à zéro"},
+      {"", "Révision"},
+      {"Révision", "Création d'une liste classée par provinces"},
+      {"Révision", "Création d'une liste classée par nom de villes"},
+      {"Révision", "Révision"},
+      {"", "Langue"},
+      {"", "Aide"},
+      {"", "A propos..."},
+  };
+  EXPECT_EQ(barre, attendue);
+}
+
+TEST_F(Texts, ThePanelAndTheWindowHaveTheirCaptions) {
   EXPECT_EQ(m.e().titre, "L'Ardane et ses provinces ");
+  EXPECT_EQ(m.e().Boîte_restants.texte, "Reste à placer");
+  EXPECT_EQ(m.e().Boîte_score.texte, "Score");
+  EXPECT_EQ(m.e().que_faire.texte, "Trouvez moi...");
+  EXPECT_EQ(m.e().BoutonPasse.infobulle, "Je passe !");
+}
+
+TEST_F(Texts, WithTheSoundOffItsEntryOffersIt) {
+  m.g().SonActif = false;
+  Poser_textes(m.c());
+  EXPECT_EQ(m.e().menu("MenuSon").texte, "Mettre le son");
 }
 
 TEST_F(Texts, WithOneLanguageTheChangeAsksForHelpAndWritesNothing) {

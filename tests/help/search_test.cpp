@@ -211,6 +211,21 @@ TEST(HelpExcerpt, ShowsThePieceOfALongTextThatHasMost) {
   EXPECT_LT(shown.size(), 220U);
 }
 
+TEST(HelpExcerpt, CutsNoWord) {
+  std::string filling;
+  for (int i = 0; i < 60; ++i) filling += "Rien du tout. ";
+  for (std::size_t shift = 1; shift < 15; ++shift) {
+    const std::string text = std::string(shift, 'x') + " " + filling + "Une lampe. " + filling;
+    std::string shown = excerpt(text, Query("lampe")).text;
+    ASSERT_TRUE(shown.starts_with("… ") && shown.ends_with(" …")) << shown;
+    shown = shown.substr(4, shown.size() - 8);
+    const std::size_t begin = text.find(shown);
+    ASSERT_NE(begin, std::string::npos);
+    EXPECT_EQ(text[begin - 1], ' ') << shown;
+    EXPECT_TRUE(text[begin + shown.size()] == ' ' || text[begin + shown.size()] == '.') << shown;
+  }
+}
+
 TEST(HelpExcerpt, ShowsTheBeginningWhereNothingIsFound) {
   std::string text;
   for (int i = 0; i < 60; ++i) text += "Été comme hiver. ";

@@ -1,6 +1,7 @@
 // Each kind of control: how its data is shown, and what the player does with it.
 #include <gmock/gmock.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -15,6 +16,7 @@
 #include <QTextCursor>
 #include <QToolTip>
 
+#include "front/qt/accessibility.h"
 #include "stage.h"
 
 namespace ardane {
@@ -30,8 +32,12 @@ class Controls : public testing::Test {
     window.hauteur = 200;
     stage.renderer.montrer(window);
   }
+  void show_active() {
+    show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(stage.renderer.frame(window)));
+  }
 
-  Stage stage{{{"drapeau", 20, 10, Qt::red}}};
+  Stage stage{{{"drapeau", 20, 10, Qt::red}, {"fanion", 20, 10, Qt::blue}}};
   Fenêtre window{"fenêtre"};
 };
 
@@ -325,6 +331,22 @@ TEST_F(Controls, EveryKindSpeaks) {
   EXPECT_EQ(stage.widget(window, "page")->accessibleName(), "Autrement");
 }
 
+TEST_F(Controls, AScreenReaderPassesOverWhatIsSilent) {
+  install_accessibility();
+  add("chiffre", Genre::texte).muet = true;
+  add("nom", Genre::texte);
+  window.chercher("chiffre")->nom_parlé = "Chiffre";
+  show();
+  const auto state_of = [&](const char *name) {
+    return QAccessible::queryAccessibleInterface(stage.widget(window, name))->state();
+  };
+  EXPECT_TRUE(state_of("chiffre").invisible);
+  EXPECT_FALSE(state_of("chiffre").focusable);
+  EXPECT_EQ(stage.widget(window, "chiffre")->accessibleName(), "");
+  EXPECT_FALSE(state_of("nom").invisible);
+  EXPECT_TRUE(state_of("nom").focusable);
+}
+
 TEST_F(Controls, ASystemColourIsThatOfTheDesktop) {
   Contrôle &label = add("étiquette", Genre::étiquette);
   label.fond = Couleur_système::barre_de_défilement;
@@ -344,6 +366,7 @@ TEST_F(Controls, BordersComeAndGo) {
   Contrôle &line = add("ligne", Genre::texte);
   Contrôle &page = add("page", Genre::texte);
   Contrôle &label = add("étiquette", Genre::étiquette);
+  Contrôle &box = add("boîte", Genre::boîte_image);
   page.multiligne = true;
   show();
   auto *shown_line = stage.widget<QLineEdit>(window, "ligne");
@@ -352,6 +375,12 @@ TEST_F(Controls, BordersComeAndGo) {
   EXPECT_TRUE(shown_line->hasFrame());
   EXPECT_NE(shown_page->frameShape(), QFrame::NoFrame);
   EXPECT_EQ(shown_label->frameShape(), QFrame::NoFrame);
+  auto *shown_box = stage.widget<QFrame>(window, "boîte");
+  for (const Bord edge : {Bord::avec, Bord::sans, Bord::avec}) {
+    box.bord = edge;
+    stage.renderer.sync();
+    EXPECT_EQ(shown_box->frameShape() != QFrame::NoFrame, edge == Bord::avec);
+  }
   line.bord = page.bord = Bord::sans;
   label.bord = Bord::avec;
   stage.renderer.sync();
@@ -421,6 +450,17 @@ TEST_F(Controls, TheMarkOfAnOptionIsAsHighAsItsLetters) {
   }
 }
 
+TEST_F(Controls, ABoxTooLowForItsMarkGrowsUpAndDownAndAHighOneStays) {
+  Contrôle &high = add("haute", Genre::case_à_cocher);
+  Contrôle &low = add("basse", Genre::case_à_cocher);
+  low.hauteur = 4;
+  show();
+  EXPECT_EQ(stage.widget(window, "haute")->geometry(), place_of(high));
+  const QRect grown = stage.widget(window, "basse")->geometry();
+  EXPECT_GE(grown.height(), stage.widget(window, "basse")->sizeHint().height());
+  EXPECT_LE(std::abs(grown.center().y() - place_of(low).center().y()), 1);
+}
+
 TEST_F(Controls, OptionsOfOneFrameExcludeEachOther) {
   Contrôle &frame = add("cadre", Genre::cadre);
   Contrôle &other_frame = add("autre", Genre::cadre);
@@ -438,6 +478,28 @@ TEST_F(Controls, OptionsOfOneFrameExcludeEachOther) {
   second.coché = false;
   stage.renderer.sync();
   EXPECT_FALSE(stage.widget<QRadioButton>(window, "second")->isChecked()) << "the data may mark none";
+}
+
+TEST_F(Controls, AnArrowMarksTheNextOptionOfTheFrameAndTellsOfIt) {
+  Contrôle &frame = add("cadre", Genre::cadre);
+  Contrôle &first = add("premier", Genre::option, &frame);
+  Contrôle &second = add("second", Genre::option, &frame);
+  second.haut += 50;
+  add("dehors", Genre::option).haut = 150;
+  first.coché = true;
+  int told = 0;
+  second.clic = [&] { ++told; };
+  show_active();
+  stage.widget(window, "premier")->setFocus();
+  QTest::keyClick(stage.widget(window, "premier"), Qt::Key_Down);
+  EXPECT_EQ(told, 1);
+  EXPECT_TRUE(second.coché);
+  EXPECT_FALSE(first.coché);
+  EXPECT_EQ(window.focus, &second);
+  QTest::keyClick(stage.widget(window, "second"), Qt::Key_Down);
+  EXPECT_EQ(window.focus, &second) << "an arrow does not leave the frame";
+  QTest::keyClick(stage.widget(window, "second"), Qt::Key_Up);
+  EXPECT_TRUE(first.coché);
 }
 
 TEST_F(Controls, AFrameHoldsItsControlsAtTheirPlacesInIt) {
@@ -640,6 +702,51 @@ TEST_F(Controls, APictureStretchesOverItsControl) {
   EXPECT_EQ(image.pixelColor(118, 38), QColor(Qt::red));
   QTest::mouseClick(shown, Qt::LeftButton);
   EXPECT_EQ(clicks, 1);
+}
+
+/// How many of a widget's paints the event loop brings.
+class Paints : public QObject {
+ public:
+  explicit Paints(QWidget *widget) { widget->installEventFilter(this); }
+  int after(const std::function<void()> &change) {
+    QApplication::processEvents();
+    count_ = 0;
+    change();
+    QApplication::processEvents();
+    return count_;
+  }
+
+ private:
+  bool eventFilter(QObject *, QEvent *event) override {
+    count_ += event->type() == QEvent::Paint ? 1 : 0;
+    return false;
+  }
+  int count_ = 0;
+};
+
+TEST_F(Controls, APictureOfTheSameSizeTakesThePlaceOfAnother) {
+  Contrôle &plain = add("image", Genre::image);
+  Contrôle &pressed = add("bouton", Genre::image);
+  pressed.ordre_tabulation = 0;
+  pressed.clic = [] {};
+  for (Contrôle *picture : {&plain, &pressed}) {
+    picture->image = stage.catalogue.chercher("drapeau");
+    picture->étirée = true;
+  }
+  show_active();
+  ASSERT_NE(stage.widget<QAbstractButton>(window, "bouton"), nullptr);
+  for (Contrôle *picture : {&plain, &pressed}) {
+    QWidget *shown = stage.widget(window, picture->nom.c_str());
+    Paints paints(shown);
+    EXPECT_EQ(paints.after([&] { stage.renderer.sync(); }), 0);
+    EXPECT_EQ(paints.after([&] {
+      picture->image = stage.catalogue.chercher("fanion");
+      stage.renderer.sync();
+    }),
+              1);
+    const QColor middle = shown->grab().toImage().pixelColor(shown->rect().center());
+    EXPECT_GT(middle.blue(), middle.red());
+  }
 }
 
 TEST_F(Controls, AMissingPictureShowsNothingAndIsNamed) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QPaintEvent>
+#include <QSessionManager>
 #include <QTest>
 #include <QToolTip>
 
@@ -95,6 +96,29 @@ TEST_F(Game, ClosingAtRestEndsTheProgram) {
   desktop().play();
   EXPECT_FALSE(desktop().programme().en_cours());
   EXPECT_EQ(frame(), nullptr);
+}
+
+TEST_F(Game, TheEndOfTheSessionAsksAsTheCloseControlDoes) {
+  start();
+  begin_game();
+  auto *session = qApp->findChild<QSessionManager *>();
+  ASSERT_NE(session, nullptr);
+  for (const Réponse answer : {Réponse::non, Réponse::oui}) {
+    EXPECT_TRUE(desktop().programme().en_cours());
+    order().then([&] { Q_EMIT qApp->commitDataRequest(*session); });
+    order().answer(answer);
+    if (answer == Réponse::oui) {
+      order().answer(Réponse::ok);
+      order().click("Command1");
+    }
+    EXPECT_EQ(script().run(), "");
+  }
+  EXPECT_FALSE(desktop().programme().en_cours());
+}
+
+TEST_F(Game, WhatTheToolkitSaysByItselfIsFrench) {
+  start();
+  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), "Annuler");
 }
 
 TEST_F(Game, AMovedWindowIsMeasuredAgain) {

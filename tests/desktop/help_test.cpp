@@ -159,6 +159,10 @@ TEST_F(Help, WordsAreMarkedAsTheyAreTypedAndGoneThroughByKeys) {
   open(10);
   type("ile");
   ASSERT_EQ(page().extraSelections().size(), 3);
+  for (const QTextEdit::ExtraSelection &marked : page().extraSelections()) {
+    EXPECT_GT(marked.format.background().color().lightness(), 128);
+    EXPECT_EQ(marked.format.foreground().color(), QColor(Qt::black)) << "whatever the desktop's letters are";
+  }
   EXPECT_EQ(status(), "Dans cette page : 3");
   const auto press = [&](Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(help.window(), Qt::Key_F3, modifiers);

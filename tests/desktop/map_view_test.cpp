@@ -190,6 +190,23 @@ TEST_F(MapViews, TheSecondPressOfADoubleClickIsNoClickOnTheMap) {
   EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(MapViews, NothingScrollsWhileAProcedureIsAtWork) {
+  Contrôle &across = place(window, "barre_h", Genre::barre, {}),
+           &down = place(window, "barre_v", Genre::barre, {});
+  fixer_bornes(across, 0, 100);
+  fixer_bornes(down, 0, 100);
+  MapView scrolled(view, context, Pointing{{}, {}, {&map, &across, &down}}, nullptr);
+  const auto turn_wheel = [&] {
+    QWheelEvent event({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&scrolled, &event);
+    return down.valeur;
+  };
+  stage.dispatcher.run([&] { EXPECT_EQ(turn_wheel(), 0); });
+  EXPECT_EQ(turn_wheel(), 40);
+  down.visible = false;
+  EXPECT_EQ(turn_wheel(), 40) << "where there is no bar the map has no other place";
+}
+
 TEST_F(MapViews, AtAnotherScaleAPressIsToldInPixelsOfTheData) {
   scale = Scale(1.5);
   map.clic = [] {};
@@ -382,6 +399,32 @@ TEST_F(MapViews, ADotShowsItsToolTip) {
   QHelpEvent help(QEvent::ToolTip, QPoint(22, 22), shown().mapToGlobal(QPoint(22, 22)));
   QApplication::sendEvent(&shown(), &help);
   EXPECT_EQ(QToolTip::text(), "Vaudreuse");
+}
+
+TEST_F(MapViews, AToolTipGoesWithTheMouseFromItsPictureAndWhereThereIsNone) {
+  Contrôle &dot = picture("RondPref(1)", "point", 20, 20);
+  dot.infobulle = "Vaudreuse";
+  const auto rest_at = [&](QPoint place) {
+    QHelpEvent help(QEvent::ToolTip, place, shown().mapToGlobal(place));
+    QApplication::sendEvent(&shown(), &help);
+  };
+  const auto move_to = [&](QPoint place) {
+    QMouseEvent move(QEvent::MouseMove, QPointF(place), shown().mapToGlobal(QPointF(place)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&shown(), &move);
+  };
+  const auto goes = [] { return QTest::qWaitFor([] { return !QToolTip::isVisible(); }); };
+  under = &dot;
+  rest_at({22, 22});
+  move_to({24, 24});
+  EXPECT_TRUE(QToolTip::isVisible());
+  move_to({40, 24});
+  EXPECT_TRUE(goes());
+  rest_at({22, 22});
+  EXPECT_TRUE(QToolTip::isVisible());
+  under = nullptr;
+  rest_at({22, 22});
+  EXPECT_TRUE(goes());
 }
 
 }  // namespace

@@ -210,6 +210,21 @@ TEST_F(Windows, APictureCanBeTheCancelButtonOfAWindowWithoutTitleBar) {
   EXPECT_FALSE(dialog.ouverte);
 }
 
+TEST_F(Windows, ADialogWithoutTitleBarIsOutlined) {
+  dialog.largeur = dialog.hauteur = 100;
+  dialog.avec_titre = false;
+  stage.renderer.montrer(dialog);
+  const QImage bare = stage.renderer.frame(dialog)->grab().toImage();
+  const QColor middle = bare.pixelColor(50, 50);
+  for (const QPoint edge : {QPoint(50, 0), QPoint(0, 50), QPoint(50, 99), QPoint(99, 50)})
+    EXPECT_NE(bare.pixelColor(edge), middle) << edge.x() << ", " << edge.y();
+  window.est_principale = true;
+  window.avec_titre = false;
+  stage.renderer.montrer(window);
+  const QImage main = stage.renderer.frame(window)->grab().toImage();
+  EXPECT_EQ(main.pixelColor(0, 0), main.pixelColor(150, 100));
+}
+
 TEST_F(Windows, TheMainWindowStaysInTheWorkAreaAndMayHaveATitleBar) {
   window.est_principale = true;
   window.gauche = window.haut = -50;
@@ -283,6 +298,19 @@ TEST_F(Windows, TheMenuBarIsTheDatas) {
   EXPECT_EQ(helps, 1);
   EXPECT_FALSE(quit_action->isEnabled());
   EXPECT_EQ(stage.renderer.frame(window)->height(), 200) << "the bar counts in the window's height";
+  EXPECT_EQ(bar->geometry(), QRect(0, 0, 300, bar->sizeHint().height()));
+  quit.texte = "Partir";
+  quit.visible = false;
+  quit.coché = true;
+  stage.renderer.sync();
+  EXPECT_EQ(quit_action->text(), "Partir");
+  EXPECT_FALSE(quit_action->isVisible());
+  EXPECT_TRUE(quit_action->isChecked());
+  quit.texte = "";
+  quit.coché = false;
+  stage.renderer.sync();
+  EXPECT_EQ(quit_action->text(), "Partir") << "a place that a caption keeps";
+  EXPECT_FALSE(quit_action->isChecked());
 }
 
 TEST_F(Windows, BoxesHaveFrenchButtonsAndAnswer) {

@@ -170,6 +170,9 @@ class Run:
             where['ARDANE_FAUTE'] = str(fault)
         if reached is not None:
             where['ARDANE_FAUTES_ATTEINTES'] = str(reached)
+        # The one test that is told where to leave its files is told another place.
+        command = [str(self.folder / 'jeu') if before == '--demonstration' else word
+                   for before, word in zip(['', *command], command)]
         output = open(self.folder / 'output', 'w+b')
         try:
             process = subprocess.Popen(command, env=where, cwd=self.folder, stdout=output, stderr=subprocess.STDOUT,

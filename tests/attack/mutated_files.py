@@ -1,0 +1,182 @@
+#!/usr/bin/env python3
+"""The program's data files, damaged in every way that a file can be, and read back by a pilot that goes on."""
+from random import Random
+
+from attack import NO_GAME, Attack, Ended, Finding, Player
+
+FOREIGN = (b"", b"\0", b"\xff" * 4096, b"GIF89a" + b"\x80" * 500, "été\r\n".encode() * 300, b"\x7fELF" + bytes(300))
+UPDATE_PAGE = "".join(f"<tr><td>Jeu {n}</td><td>1.{n}</td></tr>\r\n" for n in range(60)).encode("latin-1")
+IN_A_RUN = 50  # of one pilot
+
+
+def mutated(random, octets, stock):
+    """The bytes cut, flipped, grown, doubled, moved, or replaced by another file's or by foreign ones."""
+    kind = random.randrange(10)
+    place = random.randrange(len(octets) + 1)
+    if kind == 0:
+        return octets[:place]
+    if kind == 1:
+        return octets + bytes(random.randrange(256) for _ in range(random.randrange(1, 2000)))
+    if kind == 2:
+        return octets[:place] + octets[random.randrange(len(octets) + 1) :]
+    if kind == 3:
+        return random.choice(FOREIGN)
+    if kind == 4:
+        return random.choice(stock)
+    if kind == 5:
+        other = random.choice(stock)
+        return octets[:place] + other[place:]
+    out = bytearray(octets)
+    for _ in range(1 if kind < 8 else random.randrange(1, 200)):
+        if not out:
+            break
+        # Counts, indices and lengths stand at the beginning of a slot of 128 bytes.
+        place = random.randrange(len(out))
+        place = place // 128 * 128 + random.randrange(4) if random.random() < 0.6 else place
+        if place < len(out):
+            out[place] = random.choice((0, 1, 2, 127, 128, 255, out[place] ^ 1 << random.randrange(8)))
+    return bytes(out)
+
+
+def saved_game(player, file):
+    player.choose_file("Fichier_lire", file.name)
+    if player.pilot.waits_for != "fin" and player.state("Etape") != NO_GAME:
+        player.play(2)
+
+
+def configuration(player, file):
+    player.choose_file("menu_recharger", file.name)
+    player.do("menu score_facile")
+    player.back_to_map()
+
+
+def cards(player, _):
+    player.do("menu MenuFicheur")
+    player.answer_boxes()
+    for button in ("BTN_Down", "BTN_Left", "BTN_Up", "BTN_Right"):
+        player.do("clic " + button)
+        player.answer_boxes()
+    player.back_to_map()
+
+
+def page(player, file):
+    player.do("page " + str(file))
+    player.do("menu FichierVersion")
+    player.back_to_map()
+
+
+# A file under the folder, and who reads it again in a run that goes on, at each number of them.
+READ_AT_WILL = (("programme/souper.CAI", saved_game, 8000), ("programme/autre.SCI", configuration, 5000),
+                ("programme/ARDANE.INF", cards, 4000), ("page", page, 2500))  # fmt: skip
+# Those that a start reads.
+READ_AT_START = (("programme/ardane.pts", 600), ("programme/petit.SCI", 600), ("programme/registre", 600),
+                 ("secours/partie", 500), ("secours/ecriture", 500))  # fmt: skip
+
+
+def stock_of(attack):
+    """A folder with one of each file: a game saved, another interrupted, scores announced, cards, a page."""
+    base = attack.base()
+    player = Player(attack, base)
+    player.start()
+    player.keep_configuration("autre", lambda: player.do("clic Bouton(16)"))
+    player.new_game("Zoé")
+    player.play(3)
+    player.do("menu Fichier_enregistrer")
+    player.do("texte Nom_fichier souper")
+    player.do("clic Bouton_OK")
+    player.back_to_map()
+    player.new_game("Zoé")
+    player.play(3)
+    player.pilot.kill()
+    player.end((-9,))
+    (base / "secours/ecriture").write_bytes(announced(base / "programme/petit.SCI"))
+    (base / "page").write_bytes(UPDATE_PAGE)
+    link = base / "programme/ardane.pts"
+    octets = link.read_bytes()
+    link.unlink()
+    link.write_bytes(octets)
+    return base
+
+
+def announced(scores):
+    """As persistence/lifeline.h has it: a score file that was about to be written."""
+
+    def slot(octets):
+        return octets.ljust(128, b"\0")
+
+    def block(octets):
+        return slot(len(octets).to_bytes(4, "little")) + octets.ljust((len(octets) + 127) // 128 * 128, b"\0")
+
+    form = "Scores à écrire, forme 1".encode("cp1252")
+    return (slot(len(form).to_bytes(2, "little") + form) + slot(b"\0\0") + block(bytes(scores))
+            + block(scores.read_bytes()))  # fmt: skip
+
+
+def read_at_will(attack, base, folder, file, read, number, seed):
+    """So many of one file, in one run of the pilot or more."""
+    random = Random(seed)
+    attack.copy(base, folder)
+    (folder / "secours/partie").unlink()
+    (folder / "secours/ecriture").unlink()
+    octets = (folder / file).read_bytes()
+    stock = [(folder / other).read_bytes() for other, _, _ in READ_AT_WILL]
+    player = None
+    for _ in range(number):
+        if player is None:
+            player = Player(attack, folder)
+            player.start()
+        (folder / file).unlink(missing_ok=True)
+        (folder / file).write_bytes(mutated(random, octets, stock))
+        try:
+            read(player, folder / file)
+            if player.pilot.waits_for == "fin":
+                raise Ended
+        except Ended:
+            player.end()
+            raise Finding("it ends the program: " + str(player.boxes[-1:])) from None
+    player.do("menu fichier_quitter")
+    player.answer_boxes()
+    player.back_to_map()
+    player.end((0,))
+
+
+def read_at_start(attack, base, folder, file, seed):
+    random = Random(seed)
+    attack.copy(base, folder)
+    stock = [(folder / other).read_bytes() for other, _ in READ_AT_START]
+    (folder / file).write_bytes(mutated(random, (folder / file).read_bytes(), stock))
+    player = Player(attack, folder)
+    player.start()
+    if player.pilot.waits_for == "Ecran_principal":
+        player.new_game("Ida")
+        player.play(1)
+        player.do("menu fichier_quitter")
+        player.answer_boxes()
+        player.back_to_map()
+    if player.fatal:
+        raise Finding("an error ends the program")
+    # Without the places of its towns it cannot start.
+    player.end((0, 1) if file == "programme/ardane.pts" else (0,))
+
+
+def main():
+    attack = Attack("Mutated files", 22500)
+    base = stock_of(attack)
+    share = attack.options.count / sum(number for *_, number in (*READ_AT_WILL, *READ_AT_START))
+    trials = []
+    for file, read, number in READ_AT_WILL:
+        for _ in range(round(number * share / IN_A_RUN) or 1):
+            seed = attack.random.random()
+            trials.append((file, f"{file}, {seed}", IN_A_RUN, lambda folder, f=file, r=read, s=seed:
+                           read_at_will(attack, base, folder, f, r, IN_A_RUN, s)))  # fmt: skip
+    for file, number in READ_AT_START:
+        for _ in range(round(number * share) or 1):
+            seed = attack.random.random()
+            trials.append((file, f"{file}, {seed}", 1, lambda folder, f=file, s=seed:
+                           read_at_start(attack, base, folder, f, s)))  # fmt: skip
+    attack.random.shuffle(trials)
+    attack.each(trials)
+    attack.close()
+
+
+main()

@@ -23,7 +23,8 @@ TO_FIND = {1: "ProvinceCourante", 2: "VilleCourante", 3: "ProvinceCourante"}
 REGIONS = 4
 SANITIZER = re.compile(r"AddressSanitizer|runtime error|LeakSanitizer")
 TO_LEAVE = {"Affichage_scores": "Command1", "Stats": "Command1", "Edition": "BTN_quit", "Pompe": "BTN_OK",
-            "Sélection_partie": "Bouton_annuler"}  # fmt: skip
+            "Sélection_partie": "Bouton_annuler", "nouvelle_partie": "Bouton_annuler",
+            "Paramétrage_répertoires": "Bouton_OK"}  # fmt: skip
 
 
 class Finding(Exception):
@@ -88,7 +89,9 @@ class Attack:
             self.findings += 1
             print(f"FINDING: {what}", flush=True)
             if folder is not None and self.options.keep:
-                shutil.copytree(folder, self.options.keep / str(self.findings), symlinks=True, dirs_exist_ok=True)
+                kept = self.options.keep / str(self.findings)
+                shutil.rmtree(kept, ignore_errors=True)
+                shutil.copytree(folder, kept, symlinks=True)
 
     def close(self):
         kinds = ", ".join(f"{kind} {n}" for kind, n in sorted(self.tally.items()))
@@ -129,9 +132,8 @@ class Attack:
 class Pilot:
     """One run of the pilot in a folder, under `wrapper` if there is one."""
 
-    def __init__(self, attack, folder, wrapper=(), seed=1):
-        self.folder = folder
-        self._errors = open(folder / "erreurs", "w+b")
+    def __init__(self, attack, folder, wrapper=(), seed=1, errors="erreurs"):
+        self._errors = open(folder / errors, "w+b")
         self._process = subprocess.Popen(
             [*wrapper, attack.pilot, "--programme", folder / "programme", "--dossier", folder / "programme",
              "--registre", folder / "programme/registre", "--secours", folder / "secours", "--date", "2026-11-21",
@@ -209,9 +211,9 @@ class Player:
     """Plays through the pilot. What goes wrong on the way he takes as it comes: a box he answers, a window that he
     does not want he leaves."""
 
-    def __init__(self, attack, folder, wrapper=(), seed=1):
-        self.attack, self.folder = attack, folder
-        self.pilot = Pilot(attack, folder, wrapper, seed)
+    def __init__(self, attack, folder, wrapper=(), **options):
+        self.folder = folder
+        self.pilot = Pilot(attack, folder, wrapper, **options)
         self.boxes, self.answers, self.card = [], 0, ""
         self.told_not_written = self.congratulated = self.saved = self.offered = self.fatal = self.refused = False
 

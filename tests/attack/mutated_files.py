@@ -1,8 +1,13 @@
 #!/usr/bin/env python3
 """The program's data files, damaged in every way that a file can be, and read back by a pilot that goes on."""
+import os
+import shutil
+import struct
+import subprocess
+from pathlib import Path
 from random import Random
 
-from attack import NO_GAME, Attack, Ended, Finding, Player
+from attack import NO_GAME, PATIENCE, SANITIZER, Attack, Ended, Finding, Player
 
 FOREIGN = (b"", b"\0", b"\xff" * 4096, b"GIF89a" + b"\x80" * 500, "été\r\n".encode() * 300, b"\x7fELF" + bytes(300))
 UPDATE_PAGE = "".join(f"<tr><td>Jeu {n}</td><td>1.{n}</td></tr>\r\n" for n in range(60)).encode("latin-1")
@@ -71,6 +76,13 @@ READ_AT_WILL = (("programme/souper.CAI", saved_game, 8000), ("programme/autre.SC
 # Those that a start reads.
 READ_AT_START = (("programme/ardane.pts", 600), ("programme/petit.SCI", 600), ("programme/registre", 600),
                  ("secours/partie", 500), ("secours/ecriture", 500))  # fmt: skip
+
+DESKTOP = 3000
+# As the toolkit keeps the place of a window: magic number, version, frame, normal place, screen, states, width.
+GEOMETRY = struct.pack(">IHH4i4iiBBi4i", 0x1D9D0CB, 3, 0, 10, 10, 900, 700, 10, 40, 900, 700, 0, 0, 0, 1280, 10, 40,
+                       900, 700)  # fmt: skip
+WINDOW = "[fenetre]\nechelle=1.5\ngeometrie=@ByteArray({})\n".format(
+    "".join(f"\\x{octet:x}" for octet in GEOMETRY)).encode()  # fmt: skip
 
 
 def stock_of(attack):
@@ -153,16 +165,41 @@ def read_at_start(attack, base, folder, file, seed):
         player.do("menu fichier_quitter")
         player.answer_boxes()
         player.back_to_map()
-    if player.fatal:
-        raise Finding("an error ends the program")
-    # Without the places of its towns it cannot start.
+    # Without its table of places it cannot start: by a refusal, or by the error of a number that no table has.
     player.end((0, 1) if file == "programme/ardane.pts" else (0,))
 
 
+def shown_on_the_desktop(attack, base, folder, seed):
+    """A start of the desktop that decodes every picture, many of them damaged, and reads the place of its window."""
+    random = Random(seed)
+    attack.copy(base, folder)
+    (folder / "secours/partie").unlink()
+    shown, shipped = folder / "programme/images", (attack.pilot.parent / "images").resolve()
+    shown.unlink()
+    shutil.copytree(shipped, shown, copy_function=lambda here, there: Path(there).symlink_to(here))
+    pictures = sorted(file for file in shown.rglob("*") if file.is_symlink())
+    stock = [random.choice(pictures).read_bytes() for _ in range(IN_A_RUN)]
+    for picture in random.sample(pictures, IN_A_RUN - 1):
+        octets = picture.read_bytes()
+        picture.unlink()
+        picture.write_bytes(mutated(random, octets, stock))
+    (folder / "programme/fenetre.ini").write_bytes(mutated(random, WINDOW, stock))
+    try:
+        run = subprocess.run([attack.pilot.parent / "ardane", "--programme", folder / "programme", "--registre",
+                              folder / "programme/registre", "--pret-et-quitter"],
+                             env={**os.environ, "QT_QPA_PLATFORM": "offscreen", "XDG_STATE_HOME": str(folder)},
+                             capture_output=True, text=True, errors="replace", timeout=PATIENCE)  # fmt: skip
+    except subprocess.TimeoutExpired:
+        raise Finding("the desktop hangs") from None
+    if run.returncode != 0 or "chargé" not in run.stdout or SANITIZER.search(run.stderr):
+        raise Finding(f"the desktop ends with {run.returncode}: {run.stdout[-200:]} {run.stderr[-500:]}")
+
+
 def main():
-    attack = Attack("Mutated files", 22500)
+    attack = Attack("Mutated files", 25000)
     base = stock_of(attack)
-    share = attack.options.count / sum(number for *_, number in (*READ_AT_WILL, *READ_AT_START))
+    everything = sum(number for *_, number in (*READ_AT_WILL, *READ_AT_START))
+    share = attack.options.count / (everything + DESKTOP)
     trials = []
     for file, read, number in READ_AT_WILL:
         for _ in range(round(number * share / IN_A_RUN) or 1):
@@ -174,9 +211,14 @@ def main():
             seed = attack.random.random()
             trials.append((file, f"{file}, {seed}", 1, lambda folder, f=file, s=seed:
                            read_at_start(attack, base, folder, f, s)))  # fmt: skip
+    for _ in range(round(DESKTOP * share / IN_A_RUN)):
+        seed = attack.random.random()
+        trials.append(("pictures and window", f"desktop, {seed}", IN_A_RUN, lambda folder, s=seed:
+                       shown_on_the_desktop(attack, base, folder, s)))  # fmt: skip
     attack.random.shuffle(trials)
     attack.each(trials)
     attack.close()
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -22,7 +22,7 @@ NO_GAME = 0
 TO_FIND = {1: "ProvinceCourante", 2: "VilleCourante", 3: "ProvinceCourante"}
 REGIONS = 4
 SANITIZER = re.compile(r"AddressSanitizer|runtime error|LeakSanitizer")
-TO_LEAVE = {"Affichage_scores": "Command1", "Stats": "Command1", "Edition": "BTN_quit", "Pompe": "BTN_OK",
+TO_LEAVE = {"Affichage_scores": "Command1", "Stats": "Command1", "Edition": "BTN_quit", "Pompe": "BTN_OK", "Palette": "BoutonFermeture",
             "Sélection_partie": "Bouton_annuler", "nouvelle_partie": "Bouton_annuler",
             "Paramétrage_répertoires": "Bouton_OK"}  # fmt: skip
 
@@ -38,14 +38,14 @@ class Ended(Exception):
 class Attack:
     """Options, the random source, progress and the closing line."""
 
-    def __init__(self, what, count):
+    def __init__(self, what, count, arguments=None):
         options = argparse.ArgumentParser(description=what)
         options.add_argument("--count", type=int, default=count, help="how many to try at least (%(default)s)")
         options.add_argument("--seed", type=int, default=1)
         options.add_argument("--pilot", type=Path, default=HOUSE / "build/release/programme/ardane-pilote")
         options.add_argument("--jobs", type=int, default=8, help="so many at once")
         options.add_argument("--keep", type=Path, help="a folder to copy what a finding was made in to")
-        self.what, self.options = what, options.parse_args()
+        self.what, self.options = what, options.parse_args(arguments)
         self.random = random.Random(self.options.seed)
         self.tried, self.findings, self.tally = 0, 0, {}
         self._lock = threading.Lock()
@@ -55,6 +55,14 @@ class Attack:
         self._scratch = tempfile.TemporaryDirectory(prefix="attaque-", dir=memory)
         self.scratch = Path(self._scratch.name)
         self.pilot = self.options.pilot.resolve()
+
+    @classmethod
+    def over(cls, pilot):
+        """Folders and pilots for who does not attack."""
+        return cls("", 0, ["--pilot", str(pilot)])
+
+    def remove(self):
+        self._scratch.cleanup()
 
     def each(self, trials):
         """Makes trials (kind, what, number, trial), where trial(folder) tries so many times and raises what it finds.
@@ -98,7 +106,7 @@ class Attack:
         seconds = time.monotonic() - self._begun
         print(f"{self.what}: {self.tried} in {seconds:.0f} s, seed {self.options.seed} ({kinds}); "
               f"{self.findings} findings", flush=True)  # fmt: skip
-        self._scratch.cleanup()
+        self.remove()
         sys.exit(1 if self.findings else 0)
 
     def copy(self, base, folder):
@@ -182,6 +190,13 @@ class Pilot:
         for line in self.say("état " + path):
             return line.get("état")
 
+    def processor_time(self):
+        """In nanoseconds."""
+        try:
+            return int(Path(f"/proc/{self.pid}/schedstat").read_text().split()[0])
+        except (OSError, IndexError):
+            return 0
+
     def kill(self):
         self._process.kill()
 
@@ -214,7 +229,7 @@ class Player:
     def __init__(self, attack, folder, wrapper=(), **options):
         self.folder = folder
         self.pilot = Pilot(attack, folder, wrapper, **options)
-        self.boxes, self.answers, self.card = [], 0, ""
+        self.boxes, self.clicks, self.answers, self.card = [], [], 0, ""
         self.told_not_written = self.congratulated = self.saved = self.offered = self.fatal = self.refused = False
 
     def do(self, command):
@@ -309,7 +324,10 @@ class Player:
         for _ in range(answers):
             if self.pilot.waits_for != MAP or self.state("Etape") not in (*TO_FIND, REGIONS):
                 return
-            self.click_on_town(self.right_answer())
+            answer = self.right_answer()
+            before = self.pilot.processor_time()
+            self.click_on_town(answer)
+            self.clicks.append(self.pilot.processor_time() - before)
             if self.refused:
                 return
             self.answers += 1
@@ -367,3 +385,8 @@ class Player:
 def temporary_files(folder):
     """What no run may leave behind."""
     return [str(f) for f in folder.rglob("*") if "~" in f.name or f.suffix in (".tmp", ".nouveau", ".provisoire")]
+
+
+def kept_scores(folder, name):
+    """True if the lifeline keeps a score file of old that names that player."""
+    return any(name.encode() in f.read_bytes() for f in (folder / "secours/scores").rglob("*.SCI") if f.is_file())

@@ -4,7 +4,7 @@ import re
 import tempfile
 from pathlib import Path
 
-from attack import Ended, Finding, Player, temporary_files
+from attack import Ended, Finding, Player, kept_scores, temporary_files
 
 TRACED = "openat,write,writev,read,rename,renameat,renameat2,unlink,unlinkat,fsync,fdatasync,mkdir,mkdirat,fchmod," \
          "fchmodat,chmod,close,ftruncate,flock,fcntl,newfstatat,getdents64,lseek,pread64,link,linkat"  # fmt: skip
@@ -43,6 +43,12 @@ def session_with(attack, base, folder, inject, expected):
         player.whole_session()
     except Ended:
         pass
+    except Finding:
+        # Who has no folder that can be written is asked for one, as often as it takes.
+        if "Impossible d'écrire dans le répertoire" not in player.boxes[-1]["texte"]:
+            raise
+        player.pilot.kill()
+        expected = (-9, 137)
     player.end(expected)
     check_what_is_left(attack, player)
 
@@ -64,8 +70,7 @@ def check_what_is_left(attack, player):
     for file in sorted(folder.glob("programme/*.SCI")):
         check.choose_file("menu_recharger", file.name)
         names += [check.state(f"Meilleurs_scores(1,{rank})")["nom"] for rank in range(1, 11)]
-    kept = [f for f in (folder / "secours/scores").rglob("*.SCI") if f.is_file() and OLD_SCORE.encode() in f.read_bytes()]
-    if OLD_SCORE not in names and not kept:
+    if OLD_SCORE not in names and not kept_scores(folder, OLD_SCORE):
         raise Finding("the score of old is lost")
     if player.congratulated and not player.told_not_written and NEW_SCORE not in names:
         raise Finding("the player was congratulated and his score is lost")

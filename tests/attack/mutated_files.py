@@ -12,6 +12,7 @@ from attack import NO_GAME, PATIENCE, SANITIZER, Attack, Ended, Finding, Player
 FOREIGN = (b"", b"\0", b"\xff" * 4096, b"GIF89a" + b"\x80" * 500, "été\r\n".encode() * 300, b"\x7fELF" + bytes(300))
 UPDATE_PAGE = "".join(f"<tr><td>Jeu {n}</td><td>1.{n}</td></tr>\r\n" for n in range(60)).encode("latin-1")
 IN_A_RUN = 50  # of one pilot
+TO_SHOW_A_BOX = 6  # seconds
 
 
 def mutated(random, octets, stock):
@@ -184,15 +185,22 @@ def shown_on_the_desktop(attack, base, folder, seed):
         picture.unlink()
         picture.write_bytes(mutated(random, octets, stock))
     (folder / "programme/fenetre.ini").write_bytes(mutated(random, WINDOW, stock))
+    run = subprocess.Popen([attack.pilot.parent / "ardane", "--programme", folder / "programme", "--registre",
+                            folder / "programme/registre", "--pret-et-quitter"],
+                           env={**os.environ, "QT_QPA_PLATFORM": "offscreen", "XDG_STATE_HOME": str(folder)},
+                           stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True, errors="replace")  # fmt: skip
     try:
-        run = subprocess.run([attack.pilot.parent / "ardane", "--programme", folder / "programme", "--registre",
-                              folder / "programme/registre", "--pret-et-quitter"],
-                             env={**os.environ, "QT_QPA_PLATFORM": "offscreen", "XDG_STATE_HOME": str(folder)},
-                             capture_output=True, text=True, errors="replace", timeout=PATIENCE)  # fmt: skip
+        errors = run.communicate(timeout=TO_SHOW_A_BOX)[1]
     except subprocess.TimeoutExpired:
-        raise Finding("the desktop hangs") from None
-    if run.returncode != 0 or "chargé" not in run.stdout or SANITIZER.search(run.stderr):
-        raise Finding(f"the desktop ends with {run.returncode}: {run.stdout[-200:]} {run.stderr[-500:]}")
+        # It tells the player what is missing, and would wait for him.
+        run.terminate()
+        try:
+            errors = run.communicate(timeout=PATIENCE)[1]
+        except subprocess.TimeoutExpired:
+            run.kill()
+            raise Finding("the desktop hangs") from None
+    if run.returncode != 0 or SANITIZER.search(errors):
+        raise Finding(f"the desktop ends with {run.returncode}: {errors[-500:]}")
 
 
 def main():

@@ -56,6 +56,7 @@ bool AutomaticPlayer::start() {
 }
 
 void AutomaticPlayer::begin() {
+  orders_left_ = most_orders;
   turn_.start();
 }
 

@@ -29,7 +29,8 @@ class AutomaticPlayer : public QObject {
 
   /// Starts the program, the boxes of a first start answered by order or by plan. False if it ended at once.
   bool start();
-  /// From now on acts from whatever event loop runs, until the program has ended or `rest` is called.
+  /// From now on acts from whatever event loop runs, until the program has ended or `rest` is called. Gives
+  /// up after more orders than any game takes, counted anew each time this is called.
   void begin();
   void rest();
 
@@ -82,6 +83,8 @@ class AutomaticPlayer : public QObject {
   /// A click in a scroll bar's trough that brings a place nearer; false if there is none.
   bool scroll_towards(QPoint place);
 
+  static constexpr int most_orders = 100'000;
+
   Desktop &desktop_;
   Plan &plan_;
   const Hand hand_;
@@ -89,7 +92,7 @@ class AutomaticPlayer : public QObject {
   std::deque<std::function<void()>> orders_;
   const QWidget *seen_in_front_ = nullptr;  ///< at the turn before, to compare with
   bool starting_ = false;
-  int orders_left_ = 100'000;
+  int orders_left_ = most_orders;
   std::string trouble_;
 };
 

@@ -28,6 +28,12 @@ bool fichier_existe(std::string_view chemin) {
   return std::filesystem::exists(état) && !std::filesystem::is_directory(état);
 }
 
+bool fichier_peut_exister(std::string_view chemin) {
+  std::error_code erreur;
+  const auto genre = std::filesystem::status(chemin_natif(chemin), erreur).type();
+  return genre != std::filesystem::file_type::not_found && genre != std::filesystem::file_type::directory;
+}
+
 bool est_fichier_ordinaire(std::string_view chemin) {
   std::error_code erreur;
   return std::filesystem::is_regular_file(chemin_natif(chemin), erreur);

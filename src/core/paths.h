@@ -19,6 +19,8 @@ std::filesystem::path chemin_natif(std::string_view utf8);
 std::string texte_du_chemin(const std::filesystem::path &chemin);
 /// True if a file (not a folder) of that name can be found.
 bool fichier_existe(std::string_view chemin);
+/// The same, and true as well where the system cannot tell: nothing may be made in its place.
+bool fichier_peut_exister(std::string_view chemin);
 /// True for a plain file, which can be opened without waiting for anyone.
 bool est_fichier_ordinaire(std::string_view chemin);
 

@@ -24,7 +24,8 @@ std::string chemin_du_fichier(const Contexte &c, int langue) {
 
 /// The bytes of the file, of which none are there if it is not; nothing if it cannot be read.
 std::optional<std::string> lire_octets(const std::string &chemin) {
-  if (!est_fichier_ordinaire(chemin)) return std::string{};
+  if (!est_fichier_ordinaire(chemin))
+    return fichier_peut_exister(chemin) ? std::nullopt : std::optional(std::string{});
   std::ifstream flux(chemin_natif(chemin), std::ios::binary);
   std::string octets;
   std::array<char, 16384> bloc{};
@@ -90,7 +91,7 @@ void créer_fichier_info(Contexte &c, int langue) {
   if (langue == g.Langue)
     annoncer(c, Message::création_du_fichier_info, Message::fichier_d_information_recréé);
   if (!Tester_ecriture(c.dossier.complet(g.Répertoire_info))) faire_choisir_un_autre_dossier(c);
-  if (fichier_existe(chemin_du_fichier(c, langue))) return;
+  if (fichier_peut_exister(chemin_du_fichier(c, langue))) return;
   const auto échec = écrire_premières_fiches(g, chemin_du_fichier(c, langue));
   if (!échec) return;
   consigner("Le fichier d'information n'est pas écrit : " + std::string(*échec));

@@ -9,10 +9,12 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdarg>
 #include <cstdio>
 #include <stdexcept>
+#include <utility>
 
 namespace ardane {
 namespace {
@@ -28,6 +30,9 @@ Journal &journal() {
       mmap(nullptr, sizeof(Journal), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
   return *partagé;
 }
+
+std::string stat_défaillant;  ///< the path of which nothing can be told
+int fois_encore = 0;
 
 bool compté = false;
 int fatal = 0;
@@ -75,6 +80,15 @@ Fin tuer_à_l_appel(int n, const std::function<int()> &action) {
   return {WIFSIGNALED(état) && WTERMSIG(état) == SIGKILL, WIFEXITED(état) ? WEXITSTATUS(état) : -1};
 }
 
+StatDéfaillant::StatDéfaillant(std::string chemin, int fois) {
+  stat_défaillant = std::move(chemin);
+  fois_encore = fois;
+}
+
+StatDéfaillant::~StatDéfaillant() {
+  fois_encore = 0;
+}
+
 std::vector<std::string> appels_du_dernier() {
   const Journal &j = journal();
   return {j.noms.begin(), j.noms.begin() + j.nombre};
@@ -97,6 +111,15 @@ int open(const char *chemin, int mode, ...) {
   va_end(suite);
   return ardane::appel<decltype(open)>("open",
                                        [&](auto *suivante) { return suivante(chemin, mode, droits); });
+}
+
+int stat(const char *chemin, struct stat *état) noexcept {
+  if (ardane::fois_encore > 0 && ardane::stat_défaillant == chemin) {
+    --ardane::fois_encore;
+    errno = EIO;
+    return -1;
+  }
+  return ardane::de_la_bibliothèque<int(const char *, struct stat *)>("stat")(chemin, état);
 }
 
 int fsync(int fichier) {

@@ -21,4 +21,13 @@ Fin tuer_à_l_appel(int n, const std::function<int()> &action);
 /// The names of the calls that the last child has made, the one included that it died of.
 std::vector<std::string> appels_du_dernier();
 
+/// While it lives, so many of the next questions what stands at a path fail, as on a failing disk.
+class StatDéfaillant {
+ public:
+  explicit StatDéfaillant(std::string chemin, int fois = 1);
+  ~StatDéfaillant();
+  StatDéfaillant(const StatDéfaillant &) = delete;
+  StatDéfaillant &operator=(const StatDéfaillant &) = delete;
+};
+
 }  // namespace ardane

@@ -92,6 +92,11 @@ class Attack:
                 self._told = time.monotonic()
                 print(f"{self.tried} of {self.options.count}, {self.findings} findings", flush=True)
 
+    def note(self, kind):
+        """Worth telling at the end, and no finding."""
+        with self._lock:
+            self.tally[kind] = self.tally.get(kind, 0) + 1
+
     def finding(self, what, folder=None):
         with self._lock:
             self.findings += 1
@@ -140,12 +145,12 @@ class Attack:
 class Pilot:
     """One run of the pilot in a folder, under `wrapper` if there is one."""
 
-    def __init__(self, attack, folder, wrapper=(), seed=1, errors="erreurs"):
+    def __init__(self, attack, folder, wrapper=(), seed=1, errors="erreurs", lifeline=True):
         self._errors = open(folder / errors, "w+b")
         self._process = subprocess.Popen(
             [*wrapper, attack.pilot, "--programme", folder / "programme", "--dossier", folder / "programme",
-             "--registre", folder / "programme/registre", "--secours", folder / "secours", "--date", "2026-11-21",
-             "--hasard", str(seed)],
+             "--registre", folder / "programme/registre", *(("--secours", folder / "secours") if lifeline else ()),
+             "--date", "2026-11-21", "--hasard", str(seed)],
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self._errors, bufsize=0)  # fmt: skip
         self.pid = self._process.pid
         self.waits_for = "rien"

@@ -16,7 +16,7 @@ def main():
                for often in ("", "+") if not (often and name in ONLY_ONCE)]  # fmt: skip
     print(f"{len(calls)} calls touch the folder, {len(strokes)} ways to fail", flush=True)
     attack.random.shuffle(strokes)
-    attack.each((stroke.split(":")[0], stroke, 1, lambda folder, s=stroke: session_with(attack, base, folder, s, (0, 1)))
+    attack.each((stroke.split(":")[0], stroke, 1, lambda folder, s=stroke: session_with(attack, base, folder, s, (0, 1, 2)))
                 for stroke in strokes[: attack.options.count])  # fmt: skip
     attack.close()
 

@@ -91,7 +91,7 @@ def any_lines(attack, pilot, number):
         if pilot.waits_for == "fin":
             fatal = [a for a in answers if "fatale" in a]
             if fatal:
-                attack.count("errors that end the program")
+                attack.note("errors that end the program")
             return
 
 

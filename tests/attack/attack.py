@@ -43,6 +43,7 @@ class Attack:
         options.add_argument("--count", type=int, default=count, help="how many to try at least (%(default)s)")
         options.add_argument("--seed", type=int, default=1)
         options.add_argument("--pilot", type=Path, default=HOUSE / "build/release/programme/ardane-pilote")
+        options.add_argument("--only", nargs="*", help="only what findings were called, to try them again")
         options.add_argument("--jobs", type=int, default=8, help="so many at once")
         options.add_argument("--keep", type=Path, help="a folder to copy what a finding was made in to")
         self.what, self.options = what, options.parse_args(arguments)
@@ -68,7 +69,8 @@ class Attack:
         """Makes trials (kind, what, number, trial), where trial(folder) tries so many times and raises what it finds.
         Each has a new folder, which goes when it has been tried."""
         with ThreadPoolExecutor(self.options.jobs) as jobs:
-            for _ in jobs.map(self._try, trials):
+            wanted = (t for t in trials if self.options.only is None or t[1] in self.options.only)
+            for _ in jobs.map(self._try, wanted):
                 pass
 
     def _try(self, trial_and_name):

@@ -70,18 +70,21 @@ class Watch:
 
 def through_the_desktop(options, folder):
     program = options.programs / "desktop_soak"
+    temporary, of_the_system = folder / "tmp", folder / "run"
+    temporary.mkdir()
+    of_the_system.mkdir(mode=0o700)
     run = subprocess.Popen([program, str(options.seconds), str(options.games), str(options.seed)],
                            stdout=subprocess.PIPE, text=True,
-                           env={**os.environ, "QT_QPA_PLATFORM": "offscreen", "TMPDIR": str(folder),
-                                "XDG_RUNTIME_DIR": str(folder)})  # fmt: skip
-    watch = Watch(run.pid, folder, options.interval)
+                           env={**os.environ, "QT_QPA_PLATFORM": "offscreen", "TMPDIR": str(temporary),
+                                "XDG_RUNTIME_DIR": str(of_the_system)})  # fmt: skip
+    watch = Watch(run.pid, temporary, options.interval)
     for line in run.stdout:
         if not line.startswith("game:"):
             sys.exit("FINDING: " + line)
         watch.end_of_game(float(line.split()[-2]))
     if run.wait() != 0:
         sys.exit(f"FINDING: it ended with {run.returncode}")
-    if left := list(folder.iterdir()):
+    if left := list(temporary.iterdir()):
         sys.exit(f"FINDING: files are left: {left}")
     return watch
 

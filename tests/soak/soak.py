@@ -106,7 +106,7 @@ def between_games(player, drawn):
 
 
 def through_the_pilot(options):
-    """Games of two provinces, and one of fifty whole."""
+    """Games of two provinces."""
     attack = Attack.over(options.programs / "ardane-pilote")
     drawn = random.Random(options.seed)
     folder = attack.base()

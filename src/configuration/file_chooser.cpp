@@ -60,11 +60,6 @@ std::string sans_extension(const std::string &nom) {
   return nom.substr(0, nom.find('.'));
 }
 
-/// A name, and no way into another folder than the one that is open.
-bool est_un_nom(std::string_view nom) {
-  return !sans_blancs(nom).empty() && nom.find(séparateur_de_chemin) == std::string_view::npos;
-}
-
 /// The end of a path that is too long to be read at one glance.
 std::string abrégé(const std::string &chemin) {
   constexpr std::size_t lisible = 56;
@@ -83,7 +78,6 @@ Sélection_partie::Sélection_partie(Contexte &c)
   hauteur = 380;
   Centrer_fenêtre(c.état, *this);
   poser_textes();
-  contrôle(*this, "Lecteur").visible = false;
   if (choisit_un_fichier()) cacher_nom();
   listes_.changement = [this] { montrer_dossier(); };
   listes_.ouvrir(c.dossier.chemin());
@@ -113,11 +107,8 @@ void Sélection_partie::cacher_nom() {
   Contrôle &dossier = contrôle(*this, "Dossier_ouvert");
   const double gagné = dossier.haut - nom_fichier.haut;
   dossier.haut -= gagné;
-  for (const char *nom_liste : {"Répertoire", "Fichier"}) {
-    Contrôle &liste = contrôle(*this, nom_liste);
-    liste.haut -= gagné;
-    liste.hauteur += gagné;
-  }
+  for (const char *nom_liste : {"Lecteur", "Répertoire", "Fichier"}) contrôle(*this, nom_liste).haut -= gagné;
+  for (const char *nom_liste : {"Répertoire", "Fichier"}) contrôle(*this, nom_liste).hauteur += gagné;
 }
 
 void Sélection_partie::poser_textes() {
@@ -131,6 +122,7 @@ void Sélection_partie::poser_textes() {
   contrôle(*this, "Bouton_annuler").texte = message(g, Message::annuler);
   contrôle(*this, "Nom_fichier").étiquette = &entête;
   contrôle(*this, "Répertoire").nom_parlé = "Dossiers";
+  contrôle(*this, "Lecteur").nom_parlé = "Lecteurs";
   contrôle(*this, "Fichier").nom_parlé = "Fichiers du dossier";
 }
 
@@ -161,7 +153,8 @@ void Sélection_partie::enregistrer() {
   std::string &saisie = contrôle(*this, "Nom_fichier").texte;
   const std::string nom_saisi = sans_extension(saisie);
   saisie = nom_saisi + std::string(usage_des_fichiers(g).extension);
-  if (!est_un_nom(nom_saisi)) return refuser(Message::courage, Message::nom_de_fichier_obligatoire);
+  if (sans_blancs(nom_saisi).empty() || !est_nom_de_fichier(nom_saisi))
+    return refuser(Message::courage, Message::nom_de_fichier_obligatoire);
   const std::string chemin = Joindre_chemin(listes_.dossier(), saisie);
   if (fichier_existe(chemin)) return refuser(Message::pas_d_accord, Message::fichier_existe_déjà);
   if (!(g.Type_fichier == fichier_partie ? enregistrer_partie(chemin) : enregistrer_paramétrage(chemin)))

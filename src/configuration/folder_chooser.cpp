@@ -78,7 +78,6 @@ Paramétrage_répertoires::Paramétrage_répertoires(Contexte &c)
   Mesurer_écran(c);
   Centrer_fenêtre(g, *this);
   poser_textes();
-  contrôle(*this, "Lecteur").visible = false;
   contrôle(*this, "Nom_fichier").lecture_seule = true;
   contrôle(*this, "Sous_répertoire").visible = false;
 
@@ -103,6 +102,7 @@ void Paramétrage_répertoires::poser_textes() {
   entête.alignement = Alignement::centre;
   contrôle(*this, "Nom_fichier").nom_parlé = "Dossier ouvert";
   contrôle(*this, "Répertoire").étiquette = &entête;
+  contrôle(*this, "Lecteur").nom_parlé = "Lecteurs";
   contrôle(*this, "Fichier").nom_parlé = "Fichiers du dossier";
   contrôle(*this, "Sous_répertoire").nom_parlé = "Nom du nouveau dossier";
   Contrôle &nouveau = contrôle(*this, "Command1");

@@ -17,16 +17,18 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view dossier_parent = "..";
-constexpr std::string_view racine = "/";
 
-std::string sans_séparateur(std::string dossier) {
-  while (dossier.size() > racine.size() && dossier.back() == séparateur_de_chemin) dossier.pop_back();
-  return dossier;
+/// Of the list of drives: a row, what frames the rows, the most of them that are seen at once, what is left
+/// below.
+constexpr double hauteur_d_un_lecteur = 18, cadre_des_lecteurs = 4, sous_les_lecteurs = 4;
+constexpr std::size_t lecteurs_au_plus = 3;
+
+bool est_racine(const std::string &dossier) {
+  return !chemin_natif(dossier).has_relative_path();
 }
 
-std::string dossier_au_dessus(std::string_view dossier) {
-  const std::string dessus = Dossier_de(dossier);
-  return dessus.empty() ? std::string(racine) : dessus;
+std::string dossier_au_dessus(const std::string &dossier) {
+  return texte_du_chemin(chemin_natif(dossier).parent_path());
 }
 
 /// A name in capitals, then as it is: what names are sorted by.
@@ -85,15 +87,42 @@ void remplir(Contrôle &liste, std::vector<std::string> éléments, const std::s
 
 }  // namespace
 
-Listes_de_dossier::Listes_de_dossier(Fenêtre &fenêtre, std::string_view extension)
-    : dossiers_(contrôle(fenêtre, "Répertoire")),
+Listes_de_dossier::Listes_de_dossier(Fenêtre &fenêtre, std::string_view extension,
+                                     std::vector<std::string> lecteurs)
+    : lecteurs_(contrôle(fenêtre, "Lecteur")),
+      dossiers_(contrôle(fenêtre, "Répertoire")),
       fichiers_(contrôle(fenêtre, "Fichier")),
       extension_(extension) {
+  lecteurs_.éléments = std::move(lecteurs);
+  lecteurs_.visible = !lecteurs_.éléments.empty();
+  if (lecteurs_.visible) montrer_lecteurs();
   dossiers_.double_clic = dossiers_.entrée = [this] { ouvrir_choix(); };
 }
 
+/// They take the upper part of the list of folders.
+void Listes_de_dossier::montrer_lecteurs() {
+  const auto vus = static_cast<double>(std::min(lecteurs_.éléments.size(), lecteurs_au_plus));
+  lecteurs_.hauteur = vus * hauteur_d_un_lecteur + cadre_des_lecteurs;
+  dossiers_.haut += lecteurs_.hauteur + sous_les_lecteurs;
+  dossiers_.hauteur -= lecteurs_.hauteur + sous_les_lecteurs;
+  lecteurs_.changement = [this] {
+    if (lecteurs_.choix != 0) ouvrir(élément_choisi(lecteurs_));
+  };
+}
+
+/// The drive that a folder lies on, as it is listed; of several the closest one.
+std::string Listes_de_dossier::lecteur_de(const std::string &dossier) const {
+  const std::string cherché = en_majuscules(dossier);
+  std::string trouvé;
+  for (const std::string &lecteur : lecteurs_.éléments)
+    if (cherché.starts_with(en_majuscules(lecteur)) && lecteur.size() > trouvé.size()) trouvé = lecteur;
+  return trouvé;
+}
+
 void Listes_de_dossier::ouvrir(const std::string &dossier) {
-  dossier_ = dossier.empty() ? std::string(racine) : sans_séparateur(dossier);
+  const std::string racine = lecteurs_.éléments.empty() ? "/" : lecteurs_.éléments[0];
+  dossier_ = sans_séparateur_final(dossier.empty() ? racine : dossier);
+  remplir(lecteurs_, lecteurs_.éléments, lecteur_de(dossier_));
   dossiers_.choix = fichiers_.choix = 0;
   actualiser();
   déclencher(changement);
@@ -107,7 +136,7 @@ void Listes_de_dossier::actualiser() {
   // First: what changes while the folder is read is listed the next time.
   date_ = date_du_dossier(dossier_);
   Contenu_de_dossier contenu = lister(dossier_, extension_);
-  if (dossier_ != racine) contenu.dossiers.insert(contenu.dossiers.begin(), std::string(dossier_parent));
+  if (!est_racine(dossier_)) contenu.dossiers.insert(contenu.dossiers.begin(), std::string(dossier_parent));
   remplir(dossiers_, std::move(contenu.dossiers), nom_choisi(dossiers_));
   remplir(fichiers_, std::move(contenu.fichiers), nom_choisi(fichiers_));
 }

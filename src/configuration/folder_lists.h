@@ -1,4 +1,5 @@
-// The two coupled lists of a chooser: the folders of the one that is open, and its files of one kind.
+// The coupled lists of a chooser: the drives where there are any, the folders of the one that is open, and
+// its files of one kind.
 #pragma once
 
 #include <filesystem>
@@ -6,21 +7,26 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/controls.h"
+#include "platform/drives.h"
 
 namespace ardane {
 
-/// Lists ".." first, unless the root is open, then the folders, and the files whose names end in the
+/// Lists ".." first, unless a root is open, then the folders, and the files whose names end in the
 /// extension; sorted as in capitals, without those whose names begin with a point. A folder that cannot be
-/// read has nothing. A double click or the Enter key opens the selected folder.
+/// read has nothing. A double click or the Enter key opens the selected folder, a drive's choice its topmost
+/// one.
 class Listes_de_dossier {
  public:
-  /// Takes the lists `Répertoire` and `Fichier` of a window that outlives this. `extension` with its point,
-  /// in capitals; a file's may be in any letters.
-  Listes_de_dossier(Fenêtre &fenêtre, std::string_view extension);
+  /// Takes the lists `Lecteur`, `Répertoire` and `Fichier` of a window that outlives this. `extension` with
+  /// its point, in capitals; a file's may be in any letters. Where there are no drives their list is not
+  /// seen.
+  Listes_de_dossier(Fenêtre &fenêtre, std::string_view extension,
+                    std::vector<std::string> lecteurs = lecteurs_du_système());
 
-  /// Opens a folder by its complete path; the root for an empty one.
+  /// Opens a folder by its complete path; the first root for an empty one.
   void ouvrir(const std::string &dossier);
   /// Lists the folder as it is now; what is selected stays so where it is still there.
   void actualiser();
@@ -32,8 +38,11 @@ class Listes_de_dossier {
   std::function<void()> changement;  ///< another folder has been opened
 
  private:
+  void montrer_lecteurs();
   void ouvrir_choix();
+  std::string lecteur_de(const std::string &dossier) const;
 
+  Contrôle &lecteurs_;
   Contrôle &dossiers_;
   Contrôle &fichiers_;
   std::string_view extension_;

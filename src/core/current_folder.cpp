@@ -26,7 +26,10 @@ std::string Dossier_courant::chemin() const {
 }
 
 std::string Dossier_courant::complet(std::string_view nom) const {
-  if (nom.empty() || chemin_natif(nom).is_absolute()) return std::string(nom);
+  const fs::path chemin = chemin_natif(nom);
+  if (nom.empty() || chemin.is_absolute()) return std::string(nom);
+  if (chemin.has_root_path())
+    return texte_du_chemin(chemin_natif(chemin_) / chemin);  // of a drive, or of this one
   return chemin_.empty() ? std::string{} : Joindre_chemin(chemin_, nom);
 }
 

@@ -13,12 +13,18 @@ std::string Dossier_de(std::string_view chemin) {
   return dernier == std::string_view::npos ? std::string{} : std::string(chemin.substr(0, dernier));
 }
 
+std::string sans_séparateur_final(std::string dossier) {
+  const std::size_t racine = chemin_natif(dossier).root_name().u8string().size() + 1;
+  while (dossier.size() > racine && dossier.back() == séparateur_de_chemin) dossier.pop_back();
+  return dossier;
+}
+
 std::filesystem::path chemin_natif(std::string_view utf8) {
   return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
 }
 
 std::string texte_du_chemin(const std::filesystem::path &chemin) {
-  const std::u8string texte = chemin.u8string();
+  const std::u8string texte = std::filesystem::path(chemin).make_preferred().u8string();
   return {texte.begin(), texte.end()};
 }
 

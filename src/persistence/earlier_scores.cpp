@@ -41,7 +41,7 @@ std::optional<Scores_anciens> lire_nom(const fs::path &copie, const fs::path &do
   if (champs != 6 || lus != static_cast<int>(nom.size()) || numéro < 1) return std::nullopt;
   std::array<char, 64> quand{};
   std::snprintf(quand.data(), quand.size(), "%02d/%02d/%04d %02d:%02d", jour, mois, année, heures, minutes);
-  const fs::path fichier = "/" / copie.parent_path().lexically_relative(dossier);
+  const fs::path fichier = depuis_noms(copie.parent_path().lexically_relative(dossier));
   return Scores_anciens{numéro, texte_du_chemin(fichier), quand.data(), copie};
 }
 
@@ -90,7 +90,7 @@ void Garder_scores(const fs::path &dossier, const std::string &fichier, const Ho
   if (!siennes.empty() && contenu(siennes.front().copie) == octets) return;
 
   const int dernier = toutes.empty() ? 0 : std::ranges::max(toutes, {}, &Scores_anciens::numéro).numéro;
-  const fs::path le_sien = dossier / source.relative_path();
+  const fs::path le_sien = dossier / en_noms(source);
   std::error_code erreur;
   fs::create_directories(le_sien, erreur);
   const auto échec = remplacer_fichier(le_sien / chemin_natif(nom_de_copie(dernier + 1, horloge)), *octets);

@@ -1,12 +1,12 @@
 #include "persistence/lifeline.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
 #include "core/paths.h"
 #include "platform/file_replacement.h"
 #include "platform/log.h"
+#include "platform/player_folders.h"
 
 namespace ardane {
 namespace {
@@ -63,16 +63,10 @@ bool tient(const fs::path &fichier, const std::string &octets) {
 }  // namespace
 
 fs::path dossier_de_secours(const fs::path &réglages) {
-  const auto variable = [](const char *nom) {
-    const char *valeur = std::getenv(nom);
-    return fs::path(valeur == nullptr ? "" : valeur);
-  };
-  fs::path états = variable("XDG_STATE_HOME");
-  if (!états.is_absolute() && !variable("HOME").empty()) états = variable("HOME") / ".local" / "state";
-  if (!états.is_absolute()) états = variable("LOCALAPPDATA");
-  if (!états.is_absolute()) return {};
+  const fs::path états = dossier_des_états();
+  if (états.empty()) return {};
   const fs::path dossier = états / "mirabonde";
-  return réglages.empty() ? dossier : dossier / "autres" / réglages.relative_path();
+  return réglages.empty() ? dossier : dossier / "autres" / en_noms(réglages);
 }
 
 // --- The game under way

@@ -23,6 +23,10 @@ Ecriture écrire_neuf(const std::filesystem::path &fichier, std::string_view oct
 Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_view octets,
                             Nom_de_fichier nom);
 
+/// Gives a file the name of another, in whose place it is then, and waits for the disk to know of it. False,
+/// and both stay as they were, where the system refuses.
+bool prendre_le_nom(const std::filesystem::path &fichier, const std::filesystem::path &nom);
+
 /// Waits for the disk to know what files a folder has, and under which names. A folder that may not be read
 /// and a file system that knows nothing of the kind are passed over.
 void fixer_dossier(const std::filesystem::path &dossier);

@@ -1,5 +1,4 @@
 // Linux only: fsync, of the file and of its folder.
-#if defined(__linux__)
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -59,11 +58,16 @@ Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_v
   return écrire(fichier, octets, nom, true);
 }
 
+bool prendre_le_nom(const std::filesystem::path &fichier, const std::filesystem::path &nom) {
+  std::error_code erreur;
+  std::filesystem::rename(fichier, nom, erreur);
+  if (!erreur) fixer_dossier(nom.parent_path());
+  return !erreur;
+}
+
 void fixer_dossier(const std::filesystem::path &dossier) {
   const Descripteur ouvert(open(dossier.empty() ? "." : dossier.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (ouvert.est_ouvert()) ouvert.attendre_le_disque();
 }
 
 }  // namespace ardane
-
-#endif

@@ -1,5 +1,4 @@
 // Systems other than Linux: the file is written whole, and the system takes its time to bring it to the disk.
-#if !defined(__linux__)
 
 #include <fstream>
 
@@ -24,8 +23,12 @@ Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_v
   return flux.fail() ? Ecriture::incomplète : Ecriture::faite;
 }
 
+bool prendre_le_nom(const std::filesystem::path &fichier, const std::filesystem::path &nom) {
+  std::error_code erreur;
+  std::filesystem::rename(fichier, nom, erreur);
+  return !erreur;
+}
+
 void fixer_dossier(const std::filesystem::path &) {}
 
 }  // namespace ardane
-
-#endif

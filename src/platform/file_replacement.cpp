@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <chrono>
+#include <cstdint>
 #include <fstream>
 #include <limits>
 #include <string>
@@ -34,8 +35,8 @@ fs::path nom_provisoire(const fs::path &fichier) {
 }
 
 /// Takes a number off the head of `texte`.
-std::optional<long> prendre_nombre(std::string_view &texte) {
-  long nombre = 0;
+std::optional<std::int64_t> prendre_nombre(std::string_view &texte) {
+  std::int64_t nombre = 0;
   const auto lu = std::from_chars(texte.data(), texte.data() + texte.size(), nombre);
   if (lu.ec != std::errc{} || nombre <= 0) return std::nullopt;
   texte.remove_prefix(static_cast<std::size_t>(lu.ptr - texte.data()));
@@ -53,7 +54,8 @@ std::optional<long> auteur_du_provisoire(std::string_view nom) {
   if (!processus || *processus > std::numeric_limits<int>::max() || !nom.starts_with('-'))
     return std::nullopt;
   nom.remove_prefix(1);
-  return prendre_nombre(nom) && nom.empty() ? processus : std::nullopt;
+  if (!prendre_nombre(nom) || !nom.empty()) return std::nullopt;
+  return static_cast<long>(*processus);
 }
 
 bool est_protégé(const fs::path &fichier) {
@@ -75,11 +77,7 @@ std::optional<std::string_view> remplacer_fichier(const fs::path &fichier, std::
   if (écriture == Ecriture::sans_fichier) return "son dossier refuse un nouveau fichier";
   if (écriture == Ecriture::faite) {
     if (fs::exists(ancien)) fs::permissions(provisoire, ancien.permissions(), erreur);
-    fs::rename(provisoire, cible, erreur);
-    if (!erreur) {
-      fixer_dossier(cible.parent_path());
-      return std::nullopt;
-    }
+    if (prendre_le_nom(provisoire, cible)) return std::nullopt;
   }
   fs::remove(provisoire, erreur);
   return écriture == Ecriture::faite ? "il ne peut pas être remplacé" : "le disque est plein ou en panne";

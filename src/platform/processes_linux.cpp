@@ -1,5 +1,4 @@
 // Linux only: a signal that is none tells whether there is someone to take it.
-#if defined(__linux__)
 
 #include <unistd.h>
 
@@ -19,5 +18,3 @@ bool peut_être_en_vie(long processus) {
 }
 
 }  // namespace ardane
-
-#endif

@@ -1,6 +1,5 @@
 // Linux only: an advisory lock of the whole file (flock), which the kernel takes back by itself when the
 // program ends, however it ends.
-#if defined(__linux__)
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -42,5 +41,3 @@ VerrouRegistre::VerrouRegistre(const std::filesystem::path &fichier, std::chrono
 VerrouRegistre::~VerrouRegistre() = default;
 
 }  // namespace ardane
-
-#endif

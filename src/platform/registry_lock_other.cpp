@@ -1,6 +1,5 @@
 // Systems other than Linux: no lock. The settings are still replaced in one piece, so two instances can lose
 // each other's last change but never the file.
-#if !defined(__linux__)
 
 #include "platform/registry_lock.h"
 
@@ -11,5 +10,3 @@ VerrouRegistre::VerrouRegistre(const std::filesystem::path &, std::chrono::milli
 VerrouRegistre::~VerrouRegistre() = default;
 
 }  // namespace ardane
-
-#endif

@@ -1,7 +1,6 @@
 #include "platform/registry_store.h"
 
 #include <array>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <list>
@@ -12,6 +11,7 @@
 
 #include "platform/file_replacement.h"
 #include "platform/log.h"
+#include "platform/player_folders.h"
 #include "platform/registry_key.h"
 #include "platform/registry_lock.h"
 #include "platform/text.h"
@@ -217,6 +217,11 @@ std::optional<std::string> lire_octets(const fs::path &fichier) {
   return flux.bad() ? std::nullopt : std::optional(contenu);
 }
 
+std::string en_clair(const fs::path &chemin) {
+  const std::u8string texte = chemin.u8string();
+  return {texte.begin(), texte.end()};
+}
+
 /// The file that a chain of links ends at, so that the links stay, whatever the current folder becomes.
 fs::path fichier_réel(const fs::path &fichier) {
   if (fichier.empty()) return fichier;
@@ -297,6 +302,16 @@ std::vector<std::string> RegistreMémoire::sous_clés(std::string_view clé) con
   return noms;
 }
 
+// --- The player's own
+
+void RegistreGardé::retenir(std::optional<std::string> échec) {
+  const bool premier = échec && !échec_;
+  échec_ = std::move(échec);
+  if (!premier) return;
+  consigner(*échec_);
+  if (à_l_échec) à_l_échec();
+}
+
 // --- In a file
 
 RegistreFichier::RegistreFichier(const fs::path &fichier, std::chrono::milliseconds patience)
@@ -332,16 +347,18 @@ bool RegistreFichier::garder(Changement changement) {
 
 bool RegistreFichier::garder_ce_qui_attend() {
   const auto échec = enregistrer();
-  // A start writes a dozen settings; what hinders the first hinders all.
-  const bool premier = échec && !échec_;
-  échec_.reset();
-  if (échec)
-    échec_ = "Les réglages ne sont pas gardés dans « " + fichier_.string() + " » : " + std::string(*échec);
-  if (premier) {
-    consigner(*échec_);
-    if (à_l_échec) à_l_échec();
-  }
+  retenir(échec ? std::optional("Les réglages ne sont pas gardés dans « " + en_clair(fichier_) +
+                                " » : " + std::string(*échec))
+                : std::nullopt);
   return !échec;
+}
+
+std::string RegistreFichier::remède() const {
+  return "Donnez-vous le droit de lire ce fichier et d'écrire dans le dossier « " +
+         en_clair(fichier_.parent_path()) +
+         " », faites-y de la place, ou lancez le jeu avec l'option --registre suivie du nom d'un fichier que "
+         "vous "
+         "pouvez écrire.";
 }
 
 std::optional<std::string_view> RegistreFichier::enregistrer() {
@@ -378,14 +395,8 @@ std::optional<std::string_view> RegistreFichier::enregistrer() {
 }
 
 fs::path fichier_registre_par_défaut() {
-  const auto variable = [](const char *nom) {
-    const char *valeur = std::getenv(nom);
-    return fs::path(valeur == nullptr ? "" : valeur);
-  };
-  const fs::path configuration = variable("XDG_CONFIG_HOME");
-  if (configuration.is_absolute()) return configuration / "mirabonde" / "registre";
-  const fs::path maison = variable("HOME");
-  return maison.empty() ? fs::path{} : maison / ".config" / "mirabonde" / "registre";
+  const fs::path dossier = dossier_des_réglages();
+  return dossier.empty() ? dossier : dossier / "mirabonde" / "registre";
 }
 
 }  // namespace ardane

@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -53,6 +54,25 @@ class RegistreMémoire : public Registre {
   mutable std::optional<std::size_t> dernier_rang_;
 };
 
+/// A player's own store, which may refuse to keep what it is given.
+class RegistreGardé : public Registre {
+ public:
+  /// Why the settings are not kept at present, and where; nothing if they are.
+  const std::optional<std::string> &échec() const { return échec_; }
+  /// What the player can do about it, in a sentence.
+  virtual std::string remède() const = 0;
+  /// Called when what was kept until then is kept no more.
+  std::function<void()> à_l_échec;
+
+ protected:
+  /// Takes down what a change has come to, and tells the log and `à_l_échec` of the first failure in a row: a
+  /// start writes a dozen settings, and what hinders the first hinders all.
+  void retenir(std::optional<std::string> échec);
+
+ private:
+  std::optional<std::string> échec_;
+};
+
 /// The same, kept in a file that is read once, at the making, and rewritten whole at each change: what stands
 /// in it then, other instances' changes included, with the change in it, goes to a new file beside it, which
 /// takes its name. So the file is always whole, before or after the change.
@@ -61,7 +81,7 @@ class RegistreMémoire : public Registre {
 /// false, the first of them in a row with a line in the log; what was to be kept is still there for the rest
 /// of the run, and goes along with the next change that can be kept. A file that exists and cannot be read,
 /// though it were only at the making, is never replaced.
-class RegistreFichier : public Registre {
+class RegistreFichier : public RegistreGardé {
  public:
   static constexpr std::chrono::milliseconds patience_ordinaire = std::chrono::seconds(2);
 
@@ -80,10 +100,7 @@ class RegistreFichier : public Registre {
   /// The file is rewritten once, behind the last change.
   void ensemble(const std::function<void()> &changements) override;
 
-  /// Why the settings are not kept at present, and in which file; nothing if they are.
-  const std::optional<std::string> &échec() const { return échec_; }
-  /// Called when what was kept until then is kept no more.
-  std::function<void()> à_l_échec;
+  std::string remède() const override;
 
  private:
   struct Changement {
@@ -102,11 +119,13 @@ class RegistreFichier : public Registre {
   RegistreMémoire mémoire_;
   std::vector<Changement> en_attente_;  ///< not kept yet, oldest first
   int ensembles_ = 0;                   ///< under way, one in the other
-  std::optional<std::string> échec_;
 };
 
-/// Where a player's settings lie: "mirabonde/registre" in $XDG_CONFIG_HOME, or in ~/.config where that is
-/// unset or no absolute path. Empty if there is no home folder either.
+/// Where a player's settings lie, or would lie: "mirabonde/registre" in the folder of settings. Empty if the
+/// system names no such folder.
 std::filesystem::path fichier_registre_par_défaut();
+
+/// The player's own settings: in the system's store of settings where it has one, in that file elsewhere.
+std::unique_ptr<RegistreGardé> registre_du_joueur(const std::filesystem::path &fichier);
 
 }  // namespace ardane

@@ -75,9 +75,7 @@ Programme::Programme(const Monde &monde, const Ressources &ressources, std::stri
 bool Programme::Démarrage(const std::string &répertoire) {
   état_.Scores_non_sauvés = false;
   état_.Fin_de_ligne = "\r\n";
-  état_.Répertoire_programme = répertoire;
-  if (répertoire.size() > 1 && répertoire.back() == séparateur_de_chemin)
-    état_.Répertoire_programme.pop_back();
+  état_.Répertoire_programme = sans_séparateur_final(répertoire);
   secours_.achever(plateforme_.horloge);
   Lire_mises_à_jour(contexte_);
   Lire_réglages(contexte_);

@@ -1,5 +1,4 @@
 // Linux only: the kernel's own link to the executable, which holds whatever name or path it was started by.
-#if defined(__linux__)
 
 #include <filesystem>
 #include <system_error>
@@ -17,5 +16,3 @@ std::string dossier_de_l_exécutable(const std::string &argument_zéro) {
 }
 
 }  // namespace ardane
-
-#endif

@@ -1,5 +1,4 @@
 // Systems other than Linux: the folder in the name that the program was started by.
-#if !defined(__linux__)
 
 #include <filesystem>
 
@@ -13,5 +12,3 @@ std::string dossier_de_l_exécutable(const std::string &argument_zéro) {
 }
 
 }  // namespace ardane
-
-#endif

@@ -24,16 +24,21 @@ constexpr std::chrono::milliseconds settling_delay{100};
 constexpr std::chrono::milliseconds resting_delay{150};
 constexpr qsizetype names_told = 5;
 
+std::unique_ptr<RegistreGardé> settings_of(const DesktopPlaces &places) {
+  if (places.réglages_du_joueur) return registre_du_joueur(places.registre);
+  return std::make_unique<RegistreFichier>(places.registre);
+}
+
 }  // namespace
 
 Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
     : places_(places),
       pictures_(ressources.images, to_qt(Joindre_chemin(places.programme, "images"))),
-      registry_(places.registre),
+      registry_(settings_of(places)),
       memory_(places.registre.parent_path() / "fenetre.ini"),
       renderer_(dispatcher_, pictures_, screen_),
       boxes_(dispatcher_, screen_, renderer_),
-      programme_({boxes_, registry_, screen_, sound_, clock_, random_, web_, help_, renderer_}, ressources,
+      programme_({boxes_, *registry_, screen_, sound_, clock_, random_, web_, help_, renderer_}, ressources,
                  places.dossier, {places.secours, true}),
       heartbeat_(dispatcher_, boxes_) {
   renderer_.help = [this](const Fenêtre &window) { programme_.aide(window); };
@@ -54,7 +59,7 @@ Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
   dispatcher_.explain = [this] { return what_hinders_the_start(); };
   dispatcher_.at_rest = [this] { programme_.tenir_la_partie(); };
   dispatcher_.is_game_kept = [this] { return programme_.contexte().secours.tient_la_partie(); };
-  registry_.à_l_échec = [this] {
+  registry_->à_l_échec = [this] {
     if (programme_.en_cours()) dispatcher_.run_when_idle([this] { tell_unkept_settings(); });
   };
   renderer_.last_closed = [this] { loop_.quit(); };
@@ -185,18 +190,15 @@ void Desktop::settle() {
 
 /// Without a key of its own in the settings the program goes on, without its texts, to its first message.
 std::optional<std::string> Desktop::what_hinders_the_start() const {
-  if (programme_.en_cours() || !registry_.échec()) return std::nullopt;
-  const std::filesystem::path folder = places_.registre.parent_path();
-  return "Le jeu ne peut pas démarrer sans garder ses réglages.\n" + *registry_.échec() +
-         ".\nDonnez-vous le droit de lire ce fichier et d'écrire dans le dossier « " + folder.string() +
-         " », faites-y de la place, ou lancez le jeu avec l'option --registre suivie du nom d'un fichier que "
-         "vous pouvez écrire.";
+  if (programme_.en_cours() || !registry_->échec()) return std::nullopt;
+  return "Le jeu ne peut pas démarrer sans garder ses réglages.\n" + *registry_->échec() + ".\n" +
+         registry_->remède();
 }
 
 void Desktop::tell_unkept_settings() {
-  if (!registry_.échec() || unkept_settings_told_) return;
+  if (!registry_->échec() || unkept_settings_told_) return;
   unkept_settings_told_ = true;
-  const std::string text = *registry_.échec() + ".\nLe jeu continue, mais les oubliera quand il sera fermé.";
+  const std::string text = *registry_->échec() + ".\nLe jeu continue, mais les oubliera quand il sera fermé.";
   dispatcher_.run([&] { boxes_.montrer({Icône::exclamation, "L'Ardane et ses provinces", text}); });
 }
 

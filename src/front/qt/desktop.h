@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QTranslator>
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "core/resources.h"
@@ -36,6 +37,7 @@ struct DesktopPlaces {
   bool partagé = false;            ///< another run may be writing the same score file
   std::filesystem::path secours{};  ///< what is kept of a run beside the player's files; empty for nothing
   std::string fichier{};  ///< a saved game or a configuration to begin with, a complete path; empty for none
+  bool réglages_du_joueur = false;  ///< his own, which stand in the system's store of settings if it has one
 };
 
 /// One run of the program in the desktop's windows. Needs a QApplication.
@@ -88,7 +90,7 @@ class Desktop : public QObject {
   Dispatcher dispatcher_;
   ScreenQt screen_;
   PictureStore pictures_;
-  RegistreFichier registry_;
+  std::unique_ptr<RegistreGardé> registry_;
   WindowMemory memory_;
   Renderer renderer_;
   BoxesQt boxes_;

@@ -1,7 +1,6 @@
 // Linux only: the handler rings a descriptor that the event loop watches. The signals are not blocked and
 // read from a descriptor of theirs (signalfd): every program that this one starts, a browser among them,
 // would inherit the block and could not be ended.
-#if defined(__linux__)
 
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -74,5 +73,3 @@ EndSignals::~EndSignals() {
 }
 
 }  // namespace ardane
-
-#endif

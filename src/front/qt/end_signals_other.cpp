@@ -1,6 +1,5 @@
 // Systems other than Linux: a signal ends the process, and the next start finds what the lifeline has by
 // then.
-#if !defined(__linux__)
 
 #include "front/qt/end_signals.h"
 
@@ -12,5 +11,3 @@ EndSignals::EndSignals(std::function<void()>) {}
 EndSignals::~EndSignals() = default;
 
 }  // namespace ardane
-
-#endif

@@ -1,6 +1,5 @@
 // Linux only: the first instance holds a socket whose name stands in no folder (an abstract address), which
 // the kernel gives to one process at a time and takes back by itself when that ends, killed or not.
-#if defined(__linux__)
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -151,5 +150,3 @@ void OneInstance::answer() {
 }
 
 }  // namespace ardane
-
-#endif

@@ -1,5 +1,4 @@
 // Systems other than Linux: nobody knows who else runs.
-#if !defined(__linux__)
 
 #include "front/qt/one_instance.h"
 
@@ -13,5 +12,3 @@ void OneInstance::listen(std::function<void(const std::string &)>) {}
 void OneInstance::answer() {}
 
 }  // namespace ardane
-
-#endif

@@ -5,6 +5,8 @@
 #include <QScreen>
 #include <cmath>
 
+#include "front/qt/monitor_modes.h"
+
 namespace ardane {
 namespace {
 
@@ -49,7 +51,9 @@ Mode_écran ScreenQt::moniteur() const {
 }
 
 std::vector<Mode_écran> ScreenQt::modes() const {
-  return {moniteur()};
+  std::vector<Mode_écran> known = monitor_modes();
+  if (known.empty()) known.push_back(moniteur());
+  return known;
 }
 
 Point ScreenQt::curseur() const {

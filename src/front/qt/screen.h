@@ -38,7 +38,7 @@ class ScreenQt : public Ecran {
   int bits_par_pixel() const override;
   Rect zone_de_travail() const override;
   Mode_écran moniteur() const override;
-  /// The mode in use alone: desktops do not tell a program the others.
+  /// The mode in use alone where the desktop does not tell the others.
   std::vector<Mode_écran> modes() const override;
   Point curseur() const override;
   void sablier(bool actif) override;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "core/paths.h"
 #include "front/qt/appearance.h"
 #include "front/qt/plain_file.h"
 #include "front/qt/window_fit.h"
@@ -26,7 +27,7 @@ constexpr double designed_points = 9;
 
 /// Null where something else has the file's name.
 std::unique_ptr<QSettings> settings_of(const std::filesystem::path &file) {
-  const QString path = to_qt(file.string());
+  const QString path = to_qt(texte_du_chemin(file));
   if (QFileInfo::exists(path) && !is_plain_file(path)) return nullptr;
   return std::make_unique<QSettings>(path, QSettings::IniFormat);
 }

@@ -18,15 +18,22 @@ using testing::SizeIs;
 class FolderLists : public testing::Test {
  protected:
   FolderLists() {
+    placer(fenêtre, {"Lecteur", Genre::liste, 0, 0, 100, 22});
     placer(fenêtre, {"Répertoire", Genre::liste, 0, 0, 100, 100});
     placer(fenêtre, {"Fichier", Genre::liste, 0, 0, 100, 100});
-    listes.emplace(fenêtre, ".SCI");
+    monter({});
+  }
+
+  /// The lists over these drives.
+  void monter(std::vector<std::string> lecteurs) {
+    listes.emplace(fenêtre, ".SCI", std::move(lecteurs));
     listes->changement = [this] { ouverts.push_back(listes->dossier()); };
   }
 
   void dossier(const std::string &nom) { fs::create_directory(chemin_natif(ici.fichier(nom))); }
   void fichier(const std::string &nom) { écrire_fichier(ici.fichier(nom), ""); }
   void ouvrir() { listes->ouvrir(ici.chemin()); }
+  Contrôle &lecteurs() { return contrôle(fenêtre, "Lecteur"); }
   Contrôle &dossiers() { return contrôle(fenêtre, "Répertoire"); }
   Contrôle &fichiers() { return contrôle(fenêtre, "Fichier"); }
   static void choisir_nom(Contrôle &liste, std::string_view nom) {
@@ -238,6 +245,52 @@ TEST_F(FolderLists, AFolderThatMayNotBeReadHasNothingButTheWayUp) {
   listes->ouvrir(ici.fichier("secret"));
   EXPECT_THAT(dossiers().éléments, ElementsAre(".."));
   EXPECT_THAT(fichiers().éléments, IsEmpty());
+}
+
+// --- Drives
+
+TEST_F(FolderLists, WithoutDrivesTheirListIsNotSeen) {
+  EXPECT_FALSE(lecteurs().visible);
+  EXPECT_EQ(dossiers().haut, 0);
+  EXPECT_EQ(dossiers().hauteur, 100);
+}
+
+TEST_F(FolderLists, DrivesStandAboveTheFoldersNoMoreThanThreeOfThemSeen) {
+  monter({"A/"});
+  EXPECT_TRUE(lecteurs().visible);
+  EXPECT_EQ(lecteurs().hauteur, 22);
+  monter({"A/", "B/", "C/", "D/"});
+  EXPECT_EQ(lecteurs().hauteur, 58);
+  EXPECT_GE(dossiers().haut, lecteurs().haut + lecteurs().hauteur);
+  EXPECT_EQ(dossiers().haut + dossiers().hauteur, 100);
+}
+
+TEST_F(FolderLists, TheDriveOfTheOpenFolderIsSelectedInWhateverCaseItIsWritten) {
+  dossier("Bois");
+  monter({"/", Joindre_chemin(ici.chemin(), ""), "/ailleurs/"});
+  listes->ouvrir(ici.fichier("Bois"));
+  EXPECT_EQ(lecteurs().choix, 2);
+  listes->ouvrir(ici.fichier("BOIS"));
+  EXPECT_EQ(lecteurs().choix, 2);
+  listes->ouvrir("/");
+  EXPECT_EQ(lecteurs().choix, 1);
+}
+
+TEST_F(FolderLists, AnotherDriveOpensItsTopmostFolder) {
+  dossier("d");
+  fs::create_directory(chemin_natif(ici.fichier("d/sous")));
+  monter({"/", ici.fichier("d")});
+  ouvrir();
+  choisir_nom(lecteurs(), ici.fichier("d"));
+  EXPECT_EQ(listes->dossier(), ici.fichier("d"));
+  EXPECT_THAT(dossiers().éléments, ElementsAre("..", "sous"));
+  EXPECT_EQ(ouverts.back(), ici.fichier("d"));
+}
+
+TEST_F(FolderLists, WithoutAFolderTheFirstDriveIsOpened) {
+  monter({ici.chemin(), "/"});
+  listes->ouvrir("");
+  EXPECT_EQ(listes->dossier(), ici.chemin());
 }
 
 }  // namespace

@@ -39,5 +39,22 @@ TEST(Paths, ALinkToNowhereIsNoFile) {
   EXPECT_FALSE(fichier_existe(dossier.fichier("lien")));
 }
 
+TEST(Paths, AFolderLosesTheSeparatorsAtItsEndUnlessItIsTheRoot) {
+  EXPECT_EQ(sans_séparateur_final("/a/b//"), "/a/b");
+  EXPECT_EQ(sans_séparateur_final("/a/b"), "/a/b");
+  EXPECT_EQ(sans_séparateur_final("/"), "/");
+  EXPECT_EQ(sans_séparateur_final(""), "");
+}
+
+TEST(Paths, AnAbsolutePathCanStandBelowAnotherFolderAndComeBack) {
+  EXPECT_EQ(en_noms("/home/ann/ARDANE.SCI"), "home/ann/ARDANE.SCI");
+  EXPECT_EQ(depuis_noms("home/ann/ARDANE.SCI"), "/home/ann/ARDANE.SCI");
+}
+
+TEST(Paths, ANameLeadsIntoNoOtherFolder) {
+  for (const char *nom : {"Souper", "a b", "a:b", "été"}) EXPECT_TRUE(est_nom_de_fichier(nom)) << nom;
+  for (const char *nom : {"", "/", "a/b"}) EXPECT_FALSE(est_nom_de_fichier(nom)) << nom;
+}
+
 }  // namespace
 }  // namespace ardane

@@ -1,6 +1,8 @@
 // The program `ardane`.
 #include <QApplication>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 #include "core/current_folder.h"
 #include "core/paths.h"
@@ -13,18 +15,26 @@
 #include "front/qt/options.h"
 #include "front/qt/ready_report.h"
 #include "front/qt/rescue.h"
+#include "platform/player_folders.h"
+#include "platform/process_start.h"
 
 namespace ardane {
 namespace {
 
 std::filesystem::path settings_of(const DesktopOptions &options) {
-  return options.registre ? std::filesystem::path(*options.registre) : fichier_registre_par_défaut();
+  return options.registre ? chemin_natif(*options.registre) : fichier_registre_par_défaut();
 }
 
 /// For the runs over a player's own settings, or over those of the file that he names.
 std::filesystem::path lifeline_of(const DesktopOptions &options) {
   return dossier_de_secours(options.registre ? chemin_natif(chemin_absolu(*options.registre))
                                              : std::filesystem::path());
+}
+
+/// Where the player is asked for a folder, if the program has none of its own to write in.
+std::string first_folder() {
+  const std::filesystem::path documents = dossier_des_documents();
+  return documents.empty() ? dossier_du_processus() : texte_du_chemin(documents);
 }
 
 int rescue(const DesktopOptions &options) {
@@ -51,9 +61,9 @@ int play(int argc, char **argv, const DesktopOptions &options) {
   QApplication application(argc, argv);
   Desktop desktop({options.programme ? chemin_absolu(*options.programme)
                                      : to_utf8(QCoreApplication::applicationDirPath()),
-                   settings, dossier_du_processus(), options.sans_cadre, !alone,
+                   settings, first_folder(), options.sans_cadre, !alone,
                    alone ? lifeline_of(options) : std::filesystem::path(),
-                   options.fichier ? chemin_absolu(*options.fichier) : std::string()},
+                   options.fichier ? chemin_absolu(*options.fichier) : std::string(), !options.registre},
                   ressources_du_programme());
   instance.listen([&](const std::string &token) { desktop.come_to_front(token); });
   const EndSignals signals([&] { desktop.end_unasked(); });
@@ -75,7 +85,11 @@ int play(int argc, char **argv, const DesktopOptions &options) {
 }  // namespace ardane
 
 int main(int argc, char **argv) {
-  const ardane::DesktopOptions options = ardane::read_options(argc, argv);
+  ardane::ouvrir_les_flux_du_bureau();
+  const std::vector<std::string> arguments = ardane::arguments_du_programme(argc, argv);
+  std::vector<const char *> words = {argv[0]};
+  for (const std::string &argument : arguments) words.push_back(argument.c_str());
+  const ardane::DesktopOptions options = ardane::read_options(static_cast<int>(words.size()), words.data());
   if (!options.erreur.empty()) {
     std::fprintf(stderr, "%s\n%s", options.erreur.c_str(), ardane::help_text().c_str());
     return 2;

@@ -1,5 +1,4 @@
 // Linux only: a handler of exit() that is told its code.
-#if defined(__linux__)
 
 #include <unistd.h>
 
@@ -20,5 +19,3 @@ void abréger_la_fin() {
 }
 
 }  // namespace ardane
-
-#endif

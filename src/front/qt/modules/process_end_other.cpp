@@ -1,5 +1,4 @@
 // Systems other than Linux: their end of a process stops its other threads first.
-#if !defined(__linux__)
 
 #include "front/qt/modules/process_end.h"
 
@@ -8,5 +7,3 @@ namespace ardane {
 void abréger_la_fin() {}
 
 }  // namespace ardane
-
-#endif

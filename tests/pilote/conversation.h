@@ -46,6 +46,8 @@ struct Réplique {
 class Conversation {
  public:
   explicit Conversation(const OptionsPilote &options);
+  /// The same by the words of a command line. On Windows it is a process of its own, the program that ships.
+  explicit Conversation(const std::vector<std::string> &arguments);
   ~Conversation();
   Conversation(const Conversation &) = delete;
   Conversation &operator=(const Conversation &) = delete;

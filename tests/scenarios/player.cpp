@@ -1,10 +1,10 @@
 #include "player.h"
 
+#include <algorithm>
 #include <fstream>
 
 #include "answers.h"
 #include "core/paths.h"
-#include "front/pilote/options.h"
 #include "pattern.h"
 
 namespace ardane {
@@ -22,6 +22,22 @@ std::vector<std::string> écrites(const Réplique &réplique) {
   std::vector<std::string> lignes;
   for (const Json &ligne : réplique.lignes) lignes.push_back(ligne.dump());
   return lignes;
+}
+
+/// A path as scenarios tell it.
+std::string en_barres(std::string chemin) {
+  std::replace(chemin.begin(), chemin.end(), séparateur_de_chemin, '/');
+  return chemin;
+}
+
+/// The answer with the paths below a folder as scenarios tell them.
+Json chemins_en_barres(Json réponse, const std::string &dossier) {
+  if (réponse.is_structured())
+    for (Json &partie : réponse) partie = chemins_en_barres(partie, dossier);
+  if (!réponse.is_string()) return réponse;
+  const auto texte = réponse.get<std::string>();
+  const auto place = texte.find(dossier);
+  return place == std::string::npos ? réponse : Json(texte.substr(0, place) + en_barres(texte.substr(place)));
 }
 
 constexpr std::string_view province_de_région = "province de ";
@@ -71,7 +87,8 @@ void Joueur::vérifier_présence(const Etape_scénario &étape, bool attendue) {
 
 void Joueur::dire(const Etape_scénario &étape) {
   const std::string commande = compléter(étape.texte);
-  const Réplique réplique = pilote().dire(commande);
+  Réplique réplique = pilote().dire(commande);
+  for (Json &ligne : réplique.lignes) ligne = chemins_en_barres(ligne, dossier_.chemin());
   std::vector<std::string> attendu;
   for (const std::string &motif : étape.attendu) attendu.push_back(compléter(motif));
   if (réponse_attendue(attendu, réplique.lignes)) return;
@@ -88,12 +105,12 @@ Conversation &Joueur::pilote() {
                                         "--date",      "2026-11-21",
                                         "--hasard",    "1"};
   for (const std::string &option : options_) arguments.push_back(compléter(option));
-  pilote_ = std::make_unique<Conversation>(lire_options(arguments));
+  pilote_ = std::make_unique<Conversation>(arguments);
   return *pilote_;
 }
 
 std::string Joueur::valeur(std::string_view nom) {
-  if (nom == "dossier") return dossier_.chemin();
+  if (nom == "dossier") return en_barres(dossier_.chemin());
   if (nom == "bonne réponse") return bonne_réponse(pilote());
   if (nom == "mauvaise réponse") return mauvaise_réponse(pilote());
   if (nom.starts_with(province_de_région))

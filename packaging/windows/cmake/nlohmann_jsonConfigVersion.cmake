@@ -1,0 +1,6 @@
+file(STRINGS /usr/include/nlohmann/detail/abi_macros.hpp numbers REGEX "define NLOHMANN_JSON_VERSION_(MAJOR|MINOR|PATCH)")
+list(TRANSFORM numbers REPLACE "[^0-9]*([0-9]+).*" "\\1")
+list(JOIN numbers "." PACKAGE_VERSION)
+if(PACKAGE_VERSION VERSION_GREATER_EQUAL PACKAGE_FIND_VERSION)
+  set(PACKAGE_VERSION_COMPATIBLE TRUE)
+endif()

@@ -1,0 +1,116 @@
+#!/usr/bin/env python3
+"""Plays the installed program under wine with the real mouse and keyboard of its screen.
+
+    play.py PROGRAM_FOLDER LIFELINE PICTURES
+
+PROGRAM_FOLDER is a path of the host, LIFELINE the folder that the program keeps the game under way in. What is asked
+is read there, by the program without a screen, which takes the game up from a copy and tells where the answer lies.
+"""
+import json
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+SCREEN = "1280x1024x32"
+TITLE = "Ardane"
+PATIENCE = 60  # seconds
+
+
+def xdotool(*words):
+    return subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True, text=True).stdout.strip()
+
+
+def windows():
+    """Identifiers of the windows on the screen, with their titles."""
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", ""], capture_output=True, text=True)
+    titles = {}
+    for window in found.stdout.split():
+        title = subprocess.run(["xdotool", "getwindowname", window], capture_output=True, text=True).stdout.strip()
+        if title:
+            titles[window] = title
+    return titles
+
+
+def wait_for(condition, what):
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        if result := condition():
+            return result
+        time.sleep(0.2)
+    raise SystemExit(f"Attendu en vain : {what}. À l'écran : {windows()}")
+
+
+class Pilot:
+    """The program without a screen, over a copy of the lifeline."""
+
+    def __init__(self, program, folder):
+        self.process = subprocess.Popen(
+            ["wine", str(program / "ardane-pilote.exe"), "--registre", f"{folder}/registre", "--dossier", str(folder),
+             "--secours", f"{folder}/secours", "--écran", SCREEN],
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, encoding="utf-8")  # fmt: skip
+
+    def say(self, command):
+        self.process.stdin.write(command + "\n")
+        self.process.stdin.flush()
+        lines = []
+        while not lines or "attend" not in lines[-1]:
+            lines.append(json.loads(self.process.stdout.readline()))
+        return lines
+
+    def state(self, path):
+        return self.say(f"état {path}")[0]["état"]
+
+    def control(self, name):
+        return self.say(f"contrôle {name}")[0]["contrôle"]
+
+    def start(self):
+        waiting = self.say("démarrer")[-1]["attend"]
+        while waiting != "Ecran_principal":
+            if waiting == "boîte":
+                buttons = self.say("boîte")[0]["boîte"]["boutons"]
+                waiting = self.say("répondre oui" if "Oui" in buttons else "répondre ok")[-1]["attend"]
+            else:
+                waiting = self.say("clic Bouton_OK")[-1]["attend"]
+
+    def leave(self):
+        self.process.stdin.close()
+        self.process.wait()
+
+
+class Game:
+    def __init__(self, program, lifeline, pictures):
+        self.program, self.lifeline, self.pictures = program, lifeline, pictures
+        self.shown = 0
+
+    def picture(self, name):
+        self.shown += 1
+        path = self.pictures / f"{self.shown:02} {name}.png"
+        subprocess.run(["import", "-window", "root", str(path)], check=True)
+
+    def asked(self):
+        """What the game under way asks, and what is left of it; None where none is."""
+        if not (self.lifeline / "partie").is_file():
+            return None
+        with tempfile.TemporaryDirectory() as folder:
+            folder = pathlib.Path(folder)
+            shutil.copytree(self.lifeline, folder / "secours")
+            pilot = Pilot(self.program, folder)
+            pilot.start()
+            question = {name: pilot.state(name) for name in ("Etape", "ProvinceCourante", "ProvincesRestantes")}
+            town = pilot.state(f"TableVilles({question['ProvinceCourante']})")
+            map_, across, down = (pilot.control(name) for name in ("Carte", "barre_h", "barre_v"))
+            question["x"] = map_["gauche"] + town["x"] + 3 - across["valeur"]
+            question["y"] = map_["haut"] + town["y"] + 4 - down["valeur"]
+            pilot.leave()
+        return question
+
+
+def click(x, y):
+    xdotool("mousemove", int(x), int(y), "click", 1)
+
+
+def key(*keys):
+    xdotool("key", "--delay", 60, *keys)

@@ -1,5 +1,6 @@
 ; The installer. Called by build.sh, which defines VERSION, FOLDER, LISTS, SIGN and OUTPUT.
-Unicode true
+; A 64-bit program, as what it installs.
+Target amd64-unicode
 SetCompressor /SOLID lzma
 !define PRODUCT "L'Ardane et ses provinces"
 !define KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Ardane"
@@ -33,6 +34,9 @@ VIAddVersionKey /LANG=1036 "LegalCopyright" "Mirabonde"
 !define MUI_ICON "${SIGN}"
 !define MUI_UNICON "${SIGN}"
 !define MUI_ABORTWARNING
+!define MUI_WELCOMEPAGE_TITLE_3LINES
+!define MUI_WELCOMEPAGE_TEXT "Le jeu sera installé sur cet ordinateur, pour vous seulement ou pour tous ceux qui s'en servent.$\r$\n$\r$\nVos scores, vos parties et vos réglages ne sont pas touchés."
+!define MUI_FINISHPAGE_TITLE_3LINES
 !define MUI_FINISHPAGE_RUN "$INSTDIR\ardane.exe"
 !define MUI_FINISHPAGE_RUN_TEXT "Jouer tout de suite"
 !insertmacro MUI_PAGE_WELCOME

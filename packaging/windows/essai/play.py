@@ -114,3 +114,33 @@ def click(x, y):
 
 def key(*keys):
     xdotool("key", "--delay", 60, *keys)
+
+
+def place(window):
+    """Where the contents of a window lie on the screen."""
+    numbers = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).splitlines())
+    return int(numbers["X"]), int(numbers["Y"])
+
+
+def named(words):
+    """Waits for a window whose title has these words."""
+    return wait_for(lambda: next((w for w, title in windows().items() if words in title), None), words)
+
+
+def answer(words, *keys):
+    """Waits for a box or a window, answers it by keys and waits until it has gone."""
+    window = named(words)
+    xdotool("windowactivate", "--sync", window)
+    key(*keys)
+    wait_for(lambda: window not in windows(), f"la fin de « {words} »")
+
+
+def first_start(game):
+    """The first start of an installed program: news, a folder for the games, news again."""
+    game.picture("premier démarrage")
+    answer("Choix du répertoire", "Return")
+    window = named("Paramétrage des répertoires")
+    game.picture("choix du dossier")
+    left, top = place(window)
+    click(left + 371, top + 341)  # OK
+    wait_for(lambda: window not in windows(), "le dossier choisi")

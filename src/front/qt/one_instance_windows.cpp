@@ -47,7 +47,7 @@ std::wstring name_of(const std::filesystem::path &settings, const wchar_t *what)
   return L"Local\\mirabonde.ardane." + hash.toStdWString() + L"." + what;
 }
 
-NamedHandle event(const std::filesystem::path &settings, const wchar_t *what) {
+NamedHandle named_event(const std::filesystem::path &settings, const wchar_t *what) {
   return NamedHandle(CreateEventW(nullptr, FALSE, FALSE, name_of(settings, what).c_str()));
 }
 
@@ -57,8 +57,8 @@ struct OneInstance::Link {
   explicit Link(const std::filesystem::path &settings)
       : held(CreateMutexW(nullptr, FALSE, name_of(settings, L"jeu").c_str())),
         is_taken(GetLastError() == ERROR_ALREADY_EXISTS),
-        asked(event(settings, L"devant")),
-        answered(event(settings, L"fait")) {}
+        asked(named_event(settings, L"devant")),
+        answered(named_event(settings, L"fait")) {}
 
   NamedHandle held;
   const bool is_taken;

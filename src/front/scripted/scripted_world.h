@@ -4,8 +4,8 @@
 
 #include <memory>
 
+#include "front/scripted/scripted_facade.h"
 #include "front/scripted/scripted_services.h"
-#include "front/scripted/scripted_windows.h"
 #include "front/scripted/witness.h"
 #include "front/scripted/world_options.h"
 #include "platform/services.h"

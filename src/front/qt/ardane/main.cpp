@@ -59,12 +59,13 @@ int play(int argc, char **argv, const DesktopOptions &options) {
   }
   const bool alone = instance.place() == OneInstance::Place::first;
   QApplication application(argc, argv);
-  Desktop desktop({options.programme ? chemin_absolu(*options.programme)
-                                     : to_utf8(QCoreApplication::applicationDirPath()),
-                   settings, first_folder(), options.sans_cadre, !alone,
-                   alone ? lifeline_of(options) : std::filesystem::path(),
-                   options.fichier ? chemin_absolu(*options.fichier) : std::string(), !options.registre},
-                  ressources_du_programme());
+  Desktop desktop(
+      {options.programme ? chemin_absolu(*options.programme)
+                         : texte_du_chemin(chemin_natif(to_utf8(QCoreApplication::applicationDirPath()))),
+       settings, first_folder(), options.sans_cadre, !alone,
+       alone ? lifeline_of(options) : std::filesystem::path(),
+       options.fichier ? chemin_absolu(*options.fichier) : std::string(), !options.registre},
+      ressources_du_programme());
   instance.listen([&](const std::string &token) { desktop.come_to_front(token); });
   const EndSignals signals([&] { desktop.end_unasked(); });
   if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why

@@ -8,6 +8,7 @@
 
 #include "core/chooser_modes.h"
 #include "core/game_state.h"
+#include "core/paths.h"
 #include "front/qt/appearance.h"
 #include "front/qt/demonstration/album.h"
 #include "front/qt/demonstration/automatic_player.h"
@@ -179,7 +180,7 @@ void Demonstration::tell_progress() const {
 }
 
 int play(const QDir &folder) {
-  const ScratchFolder scratch(QCoreApplication::applicationDirPath().toStdString());
+  const ScratchFolder scratch(chemin_natif(to_utf8(QCoreApplication::applicationDirPath())));
   Desktop desktop(scratch.places(), ressources_du_programme());
   GameState &g = desktop.programme().état();
   Album album(folder);

@@ -17,12 +17,19 @@ bool ships_with_the_program(const fs::path &file) {
          std::ranges::find(suffixes, file.extension().string()) != suffixes.end();
 }
 
+/// A link, or where the system gives none a copy.
+void put(const fs::path &shipped, const fs::path &place) {
+  std::error_code error;
+  fs::create_symlink(shipped, place, error);
+  if (error) fs::copy(shipped, place, fs::copy_options::recursive);
+}
+
 }  // namespace
 
 ScratchFolder::ScratchFolder(const fs::path &programme) {
   for (const fs::directory_entry &entry : fs::directory_iterator(programme))
     if (ships_with_the_program(entry.path()))
-      fs::create_symlink(fs::canonical(entry.path()), path() / entry.path().filename());
+      put(fs::canonical(entry.path()), path() / entry.path().filename());
 }
 
 fs::path ScratchFolder::path() const {

@@ -1,4 +1,4 @@
-#include "front/scripted/scripted_windows.h"
+#include "front/scripted/scripted_facade.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,7 @@
-#include "front/qt/demonstration/offscreen.h"
-
+// Systems other than Windows: the toolkit draws on no screen there.
 #include <QLoggingCategory>
+
+#include "front/qt/demonstration/offscreen.h"
 
 namespace ardane {
 namespace {

@@ -1,4 +1,4 @@
-#include "front/scripted/scripted_windows.h"
+#include "front/scripted/scripted_facade.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

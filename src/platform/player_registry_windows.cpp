@@ -159,6 +159,8 @@ class RegistreWindows : public RegistreGardé {
     });
   }
 
+  std::string lieu() const override { return "dans la base de registre de Windows"; }
+
   std::string remède() const override {
     return "Demandez le droit d'écrire dans la base de registre à qui administre cet ordinateur, ou lancez "
            "le jeu "

@@ -347,10 +347,14 @@ bool RegistreFichier::garder(Changement changement) {
 
 bool RegistreFichier::garder_ce_qui_attend() {
   const auto échec = enregistrer();
-  retenir(échec ? std::optional("Les réglages ne sont pas gardés dans « " + en_clair(fichier_) +
+  retenir(échec ? std::optional("Les réglages ne sont pas gardés dans « " + lieu() +
                                 " » : " + std::string(*échec))
                 : std::nullopt);
   return !échec;
+}
+
+std::string RegistreFichier::lieu() const {
+  return en_clair(fichier_);
 }
 
 std::string RegistreFichier::remède() const {
@@ -392,6 +396,11 @@ std::optional<std::string_view> RegistreFichier::enregistrer() {
   if (des_autres) mémoire_ = registre_de(*octets);
   lus_ = std::move(octets);
   return std::nullopt;
+}
+
+std::unique_ptr<RegistreGardé> ouvrir_registre(const fs::path &fichier, bool nommé) {
+  if (nommé) return std::make_unique<RegistreFichier>(fichier);
+  return registre_du_joueur(fichier);
 }
 
 fs::path fichier_registre_par_défaut() {

@@ -57,6 +57,8 @@ class RegistreMémoire : public Registre {
 /// A player's own store, which may refuse to keep what it is given.
 class RegistreGardé : public Registre {
  public:
+  /// Where they stand: a file's path, or a few words.
+  virtual std::string lieu() const = 0;
   /// Why the settings are not kept at present, and where; nothing if they are.
   const std::optional<std::string> &échec() const { return échec_; }
   /// What the player can do about it, in a sentence.
@@ -100,6 +102,7 @@ class RegistreFichier : public RegistreGardé {
   /// The file is rewritten once, behind the last change.
   void ensemble(const std::function<void()> &changements) override;
 
+  std::string lieu() const override;
   std::string remède() const override;
 
  private:
@@ -127,5 +130,7 @@ std::filesystem::path fichier_registre_par_défaut();
 
 /// The player's own settings: in the system's store of settings where it has one, in that file elsewhere.
 std::unique_ptr<RegistreGardé> registre_du_joueur(const std::filesystem::path &fichier);
+/// The same, or those of a file that the player has named.
+std::unique_ptr<RegistreGardé> ouvrir_registre(const std::filesystem::path &fichier, bool nommé);
 
 }  // namespace ardane

@@ -240,14 +240,14 @@ TEST(DesktopOptions, OneSavedGameOrConfigurationMayBeNamed) {
 TEST(DesktopOptions, TheFoldersOfThePlayersFilesAreTold) {
   const ScratchFolder folder(ARDANE_RESOURCES);
   const std::filesystem::path settings = folder.places().registre, lifeline = folder.path() / "secours";
-  const std::string before = files_text(settings, lifeline);
+  const std::string before = files_text(RegistreFichier(settings), lifeline);
   EXPECT_THAT(before, testing::HasSubstr("choisi au premier démarrage"));
   EXPECT_THAT(before, testing::HasSubstr(settings.string() + "\n"));
   EXPECT_THAT(before, testing::HasSubstr(lifeline.string() + "\n"));
   RegistreFichier store(settings);
   store.créer(clé_du_jeu);
   store.écrire(clé_du_jeu, réglage_répertoire, "/home/ann/jeux");
-  EXPECT_THAT(files_text(settings, {}), testing::HasSubstr(" /home/ann/jeux\n"));
+  EXPECT_THAT(files_text(store, {}), testing::HasSubstr(" /home/ann/jeux\n"));
 }
 
 TEST(DesktopOptions, UnknownAndIncompleteOnesAreToldInFrench) {

@@ -24,17 +24,12 @@ constexpr std::chrono::milliseconds settling_delay{100};
 constexpr std::chrono::milliseconds resting_delay{150};
 constexpr qsizetype names_told = 5;
 
-std::unique_ptr<RegistreGardé> settings_of(const DesktopPlaces &places) {
-  if (places.réglages_du_joueur) return registre_du_joueur(places.registre);
-  return std::make_unique<RegistreFichier>(places.registre);
-}
-
 }  // namespace
 
 Desktop::Desktop(const DesktopPlaces &places, const Ressources &ressources)
     : places_(places),
       pictures_(ressources.images, to_qt(Joindre_chemin(places.programme, "images"))),
-      registry_(settings_of(places)),
+      registry_(ouvrir_registre(places.registre, places.registre_nommé)),
       memory_(places.registre.parent_path() / "fenetre.ini"),
       renderer_(dispatcher_, pictures_, screen_),
       boxes_(dispatcher_, screen_, renderer_),

@@ -37,7 +37,8 @@ struct DesktopPlaces {
   bool partagé = false;            ///< another run may be writing the same score file
   std::filesystem::path secours{};  ///< what is kept of a run beside the player's files; empty for nothing
   std::string fichier{};  ///< a saved game or a configuration to begin with, a complete path; empty for none
-  bool réglages_du_joueur = false;  ///< his own, which stand in the system's store of settings if it has one
+  bool registre_nommé =
+      true;  ///< that file has the settings even where the system has a store of its own for them
 };
 
 /// One run of the program in the desktop's windows. Needs a QApplication.

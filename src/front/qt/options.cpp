@@ -8,7 +8,6 @@
 #include "configuration/player_file.h"
 #include "core/paths.h"
 #include "persistence/registry.h"
-#include "platform/registry_store.h"
 
 namespace ardane {
 namespace {
@@ -126,12 +125,11 @@ std::string help_text() {
          "Les options habituelles de Qt (-style, -platform, ...) sont admises.\n";
 }
 
-std::string files_text(const std::filesystem::path &settings, const std::filesystem::path &lifeline) {
-  const std::string folder =
-      RegistreFichier(settings).lire(clé_du_jeu, réglage_répertoire).value_or(std::string());
+std::string files_text(const RegistreGardé &settings, const std::filesystem::path &lifeline) {
+  const std::string folder = settings.lire(clé_du_jeu, réglage_répertoire).value_or(std::string());
   std::string text = "Vos fichiers :\n  scores, parties          " +
                      (folder.empty() ? "dans le dossier choisi au premier démarrage" : folder) +
-                     "\n  réglages                 " + texte_du_chemin(settings) + "\n";
+                     "\n  réglages                 " + settings.lieu() + "\n";
   if (!lifeline.empty()) text += "  ce que --secours montre  " + texte_du_chemin(lifeline) + "\n";
   return text;
 }

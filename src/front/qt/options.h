@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/registry_store.h"
+
 namespace ardane {
 
 struct DesktopOptions {
@@ -27,6 +29,6 @@ DesktopOptions read_options(int argc, const char *const *argv);
 /// What --help prints, and what is told of a command line that was not understood.
 std::string help_text();
 /// What --help prints further: where the player's files are. `lifeline` may be empty.
-std::string files_text(const std::filesystem::path &settings, const std::filesystem::path &lifeline);
+std::string files_text(const RegistreGardé &settings, const std::filesystem::path &lifeline);
 
 }  // namespace ardane

@@ -25,6 +25,10 @@ std::filesystem::path settings_of(const DesktopOptions &options) {
   return options.registre ? chemin_natif(*options.registre) : fichier_registre_par_défaut();
 }
 
+std::unique_ptr<RegistreGardé> store_of(const DesktopOptions &options) {
+  return ouvrir_registre(settings_of(options), options.registre.has_value());
+}
+
 /// For the runs over a player's own settings, or over those of the file that he names.
 std::filesystem::path lifeline_of(const DesktopOptions &options) {
   return dossier_de_secours(options.registre ? chemin_natif(chemin_absolu(*options.registre))
@@ -64,7 +68,7 @@ int play(int argc, char **argv, const DesktopOptions &options) {
                          : texte_du_chemin(chemin_natif(to_utf8(QCoreApplication::applicationDirPath()))),
        settings, first_folder(), options.sans_cadre, !alone,
        alone ? lifeline_of(options) : std::filesystem::path(),
-       options.fichier ? chemin_absolu(*options.fichier) : std::string(), !options.registre},
+       options.fichier ? chemin_absolu(*options.fichier) : std::string(), options.registre.has_value()},
       ressources_du_programme());
   instance.listen([&](const std::string &token) { desktop.come_to_front(token); });
   const EndSignals signals([&] { desktop.end_unasked(); });
@@ -97,7 +101,7 @@ int main(int argc, char **argv) {
   }
   if (options.aide || options.version) {
     const std::string text = options.aide
-                                 ? ardane::help_text() + ardane::files_text(ardane::settings_of(options),
+                                 ? ardane::help_text() + ardane::files_text(*ardane::store_of(options),
                                                                             ardane::lifeline_of(options))
                                  : ardane::Présenter_version("ardane");
     std::printf("%s", text.c_str());

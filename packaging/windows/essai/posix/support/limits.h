@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <utility>
 
+using rlim_t = unsigned long long;
+
 namespace ardane {
 
 class SansPrivilège {
@@ -34,7 +36,7 @@ class Protégé {
 
 class DisquePlein {
  public:
-  explicit DisquePlein(std::size_t) {}
+  explicit DisquePlein(rlim_t) {}
 };
 
 }  // namespace ardane

@@ -44,7 +44,7 @@ rm -f "$packages/$name.zip"
 (cd build/windows && zip -q -9 -X -r "paquets/$name.zip" "$name/")
 rm "build/windows/$name"
 
-"$windows_folder/installed_files.sh" "$folder" build/windows
+"$windows_folder/installed_files.sh" "$PWD/$folder" build/windows
 makensis -V2 -INPUTCHARSET UTF8 -DVERSION="$version" -DFOLDER="$PWD/$folder" -DLISTS="$PWD/build/windows" \
   -DSIGN="$PWD/build/windows/ardane.ico" -DOUTPUT="$PWD/$packages/ardane-$version-installation.exe" \
   "$windows_folder/installer.nsi"

@@ -28,14 +28,19 @@ cmake -S "$source_folder" -B "$build_folder" -G Ninja \
   -DCMAKE_INSTALL_PREFIX="$qt_folder" -DBUILD_SHARED_LIBS=ON \
   -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR="/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)/cmake" \
   -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF "${options[@]}"
-# What ships, and nothing else of the libraries.
-targets=(Core Gui Widgets Network EntryPointImplementation
-  QWindowsIntegrationPlugin QGifPlugin QWindowsVistaStylePlugin QSchannelBackendPlugin)
-with_progress '^\[[0-9]+/[0-9]+\] ' cmake --build "$build_folder" --parallel "$jobs" --target "${targets[@]}"
-for folder in . src src/corelib src/gui src/widgets src/network src/entrypoint \
-  src/plugins/platforms/windows src/plugins/imageformats/gif src/plugins/styles/windowsvista src/plugins/tls/schannel; do
-  cmake -DCMAKE_INSTALL_LOCAL_ONLY=1 -DCMAKE_INSTALL_DO_STRIP=1 -P "$build_folder/$folder/cmake_install.cmake"
+# The libraries, and of the plugins those that ship.
+plugins=(platforms/windows:QWindowsIntegrationPlugin imageformats/gif:QGifPlugin
+  styles/windowsvista:QWindowsVistaStylePlugin tls/schannel:QSchannelBackendPlugin)
+with_progress '^\[[0-9]+/[0-9]+\] ' cmake --build "$build_folder" --parallel "$jobs" \
+  --target Core Gui Widgets Network EntryPointImplementation DeviceDiscoverySupportPrivate FbSupportPrivate "${plugins[@]#*:}"
+cd "$build_folder"
+mapfile -t parts < <(find . -name cmake_install.cmake -not -path './src/plugins/*' -not -path './config.tests/*')
+for plugin in "${plugins[@]%:*}"; do parts+=("src/plugins/$plugin/cmake_install.cmake"); done
+for part in "${parts[@]}"; do
+  cmake -DCMAKE_INSTALL_LOCAL_ONLY=1 -DCMAKE_INSTALL_DO_STRIP=1 -P "$part"
 done >"$build_folder/install.log"
+cd "$project"
+
 # The licences go with the libraries, and so do those of what they contain.
 mkdir -p "$qt_folder/notices/contenus"
 cp "$source_folder/debian/copyright" "$source_folder"/LICENSES/{LGPL-3.0-only,GPL-3.0-only}.txt "$qt_folder/notices/"

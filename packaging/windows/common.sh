@@ -6,6 +6,7 @@ source "$project/packaging/packages.sh"
 
 # Qt is built once, outside the tree, for all clones of it.
 cache=${ARDANE_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/ardane-windows}
+export ARDANE_WINDOWS_CACHE=$cache
 qt_folder=$cache/qt
 toolchain=$windows_folder/toolchain.cmake
 jobs=${ARDANE_JOBS:-$(nproc)}

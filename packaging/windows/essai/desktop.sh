@@ -18,6 +18,10 @@ fail() {
   exit 1
 }
 
+# As if nobody had ever played here.
+wine reg delete 'HKEY_CURRENT_USER\Software\Mirabonde' /f >/dev/null 2>&1 || true
+rm -rf "$program" "$lifeline" "$home"/Documents/{ARDANE.*,*.CAI}
+
 wine "$installer" /S /CurrentUser
 wineserver -w
 [ -f "$program/ardane.exe" ] || fail "Rien n'est installé dans $program."

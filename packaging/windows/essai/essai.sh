@@ -11,10 +11,11 @@ shift
 [ $# -gt 0 ] || set -- tests scenarios desktop
 cd "$project"
 source packaging/build.sh
-install_missing $packages_for_windows wine64 wine xvfb openbox xdotool imagemagick libgtest-dev googletest python3
+install_missing $packages_for_windows wine64 wine fonts-wine xvfb openbox xdotool imagemagick libgtest-dev googletest python3
 
-mkdir -p "$folder"
-export WINEPREFIX=$folder/windows WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="winemenubuilder.exe=d"
+mkdir -p "$folder/maison/Documents"
+player_home=$HOME
+export HOME=$folder/maison WINEPREFIX=$folder/windows WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="winemenubuilder.exe=d"
 
 # A screen of its own, which goes with this script.
 start_screen() {
@@ -37,7 +38,7 @@ trap stop_screen EXIT
 wineserver -w
 
 build_tests() {
-  build windows-essai "$@"
+  HOME=$player_home build windows-essai "$@"
   local library
   for library in libgcc_s_seh-1 libstdc++-6 libwinpthread-1; do
     cp "$(x86_64-w64-mingw32-g++-posix -print-file-name=$library.dll)" build/windows-essai/programme/

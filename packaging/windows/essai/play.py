@@ -15,7 +15,8 @@ import tempfile
 import time
 
 SCREEN = "1280x1024x32"
-TITLE = "Ardane"
+SOMEWHERE = 200, 300  # on land, in pixels of the window
+MENU = 21  # the height of the menu bar, in pixels
 PATIENCE = 60  # seconds
 
 
@@ -107,19 +108,33 @@ class Game:
             pilot.leave()
         return question
 
+    def kept(self):
+        try:
+            return (self.lifeline / "partie").read_bytes()
+        except FileNotFoundError:
+            return None
 
-def click(x, y):
-    xdotool("mousemove", int(x), int(y), "click", 1)
+    def play(self, window, until):
+        """Answers right, one click a question, until so many provinces are found or the stage is over."""
+        clicks = 0
+        if not self.kept():  # a game in which nothing has been clicked yet is not
+            click(window, *SOMEWHERE)
+            wait_for(self.kept, "la partie gardée")
+        while (asked := self.asked()) and asked["Etape"] == 1 and 110 - asked["ProvincesRestantes"] < until:
+            kept = self.kept()
+            click(window, asked["x"], MENU + asked["y"])
+            clicks += 1
+            wait_for(lambda: self.kept() != kept, f"la réponse {clicks}")
+        print(f"{clicks} clics, étape {asked and asked['Etape']}", flush=True)
+
+
+def click(window, x, y):
+    """A click on a place of a window's contents."""
+    xdotool("mousemove", "--window", window, int(x), int(y), "click", 1)
 
 
 def key(*keys):
     xdotool("key", "--delay", 60, *keys)
-
-
-def place(window):
-    """Where the contents of a window lie on the screen."""
-    numbers = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).splitlines())
-    return int(numbers["X"]), int(numbers["Y"])
 
 
 def named(words):
@@ -130,17 +145,88 @@ def named(words):
 def answer(words, *keys):
     """Waits for a box or a window, answers it by keys and waits until it has gone."""
     window = named(words)
-    xdotool("windowactivate", "--sync", window)
+    xdotool("windowactivate", window)
+    time.sleep(0.5)
     key(*keys)
     wait_for(lambda: window not in windows(), f"la fin de « {words} »")
 
 
+def press(window, left, top, width):
+    """A click on a place of a window that is designed so wide."""
+    shown = int(dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).splitlines())["WIDTH"])
+    click(window, left * shown / width, top * shown / width)
+
+
+def start(game, *options):
+    return subprocess.Popen(["wine", str(game.program / "ardane.exe"), *options])
+
+
+def leave(game, process):
+    key("ctrl+q")
+    game.picture("avant de quitter")
+    if process.wait(PATIENCE) != 0:
+        raise SystemExit(f"Le programme s'est terminé par {process.returncode}.")
+
+
 def first_start(game):
-    """The first start of an installed program: news, a folder for the games, news again."""
+    """The first start of an installed program: the folder of the player's files, the news, the cards."""
+    process = start(game)
+    named("Choix du répertoire")
     game.picture("premier démarrage")
     answer("Choix du répertoire", "Return")
     window = named("Paramétrage des répertoires")
     game.picture("choix du dossier")
-    left, top = place(window)
-    click(left + 371, top + 341)  # OK
-    wait_for(lambda: window not in windows(), "le dossier choisi")
+    press(window, 371, 341, 420)  # OK
+    answer("Publicité gratuite", "Return")
+    game.picture("accueil")
+    answer("Création du fichier", "Return")
+    named("L'Ardane et ses provinces")
+    time.sleep(2)
+    game.picture("la fenêtre")
+    leave(game, process)
+
+
+def new_game(game):
+    key("ctrl+n")
+    window = named("Nouvelle partie")
+    xdotool("windowactivate", window)
+    xdotool("type", "--delay", 60, "Zoe")
+    game.picture("nouvelle partie")
+    press(window, 89, 279, 312)  # OK
+    wait_for(lambda: window not in windows(), "la partie commencée")
+
+
+def main():
+    program, lifeline, pictures = (pathlib.Path(argument) for argument in sys.argv[1:])
+    game = Game(program, lifeline, pictures)
+    first_start(game)
+    process = start(game, "--sans-cadre")
+    window = named("L'Ardane et ses provinces")
+    time.sleep(3)
+    new_game(game)
+    game.play(window, 40)
+    game.picture("quarante réponses")
+
+    key("ctrl+s")
+    chooser = named("Arrêt en cours de jeu")
+    xdotool("windowactivate", chooser)
+    xdotool("type", "--delay", 60, "Souper")
+    game.picture("enregistrer")
+    key("Return")
+    wait_for(lambda: chooser not in windows(), "la partie enregistrée")
+    key("ctrl+o")
+    chooser = named("Arrêt en cours de jeu")
+    time.sleep(1)
+    game.picture("reprendre")
+    press(chooser, 250, 72, 420)
+    press(chooser, 163, 348, 420)
+    wait_for(lambda: chooser not in windows(), "la partie reprise")
+    time.sleep(1)
+    game.picture("la partie reprise")
+    game.play(window, 110)
+    game.picture("fin de l'étape")
+    leave(game, process)
+
+
+if __name__ == "__main__":
+    main()

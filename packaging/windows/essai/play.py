@@ -15,6 +15,7 @@ import tempfile
 import time
 
 SCREEN = "1280x1024x32"
+NEXT_STAGE = "Etape suivante"
 SOMEWHERE = 200, 300  # on land, in pixels of the window
 MENU = 21  # the height of the menu bar, in pixels
 PATIENCE = 60  # seconds
@@ -124,8 +125,12 @@ class Game:
             kept = self.kept()
             click(window, asked["x"], MENU + asked["y"])
             clicks += 1
-            wait_for(lambda: self.kept() != kept, f"la réponse {clicks}")
-        print(f"{clicks} clics, étape {asked and asked['Etape']}", flush=True)
+            wait_for(lambda: self.kept() != kept or NEXT_STAGE in windows().values(), f"la réponse {clicks}")
+            if NEXT_STAGE in windows().values():
+                print(f"{clicks} clics, l'étape est finie", flush=True)
+                self.picture("étape suivante")
+                return answer(NEXT_STAGE, "Return")
+        print(f"{clicks} clics, il reste {asked['ProvincesRestantes']} provinces", flush=True)
 
 
 def click(window, x, y):
@@ -162,8 +167,18 @@ def start(game, *options):
 
 
 def leave(game, process):
+    """Quits, and says yes or OK to what is asked."""
     key("ctrl+q")
-    game.picture("avant de quitter")
+    time.sleep(2)
+    game.picture("en quittant")
+    end = time.monotonic() + PATIENCE
+    while process.poll() is None and time.monotonic() < end:
+        before = windows()
+        key("alt+o")
+        time.sleep(1)
+        if windows() == before and process.poll() is None:
+            key("Return")
+            time.sleep(1)
     if process.wait(PATIENCE) != 0:
         raise SystemExit(f"Le programme s'est terminé par {process.returncode}.")
 
@@ -224,7 +239,8 @@ def main():
     time.sleep(1)
     game.picture("la partie reprise")
     game.play(window, 110)
-    game.picture("fin de l'étape")
+    time.sleep(2)
+    game.picture("la deuxième étape")
     leave(game, process)
 
 

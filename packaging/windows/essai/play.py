@@ -173,12 +173,8 @@ def leave(game, process):
     game.picture("en quittant")
     end = time.monotonic() + PATIENCE
     while process.poll() is None and time.monotonic() < end:
-        before = windows()
-        key("alt+o")
+        key("Left", "Return")  # to the first of two buttons
         time.sleep(1)
-        if windows() == before and process.poll() is None:
-            key("Return")
-            time.sleep(1)
     if process.wait(PATIENCE) != 0:
         raise SystemExit(f"Le programme s'est terminé par {process.returncode}.")
 

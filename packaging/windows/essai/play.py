@@ -173,7 +173,10 @@ def leave(game, process):
     game.picture("en quittant")
     end = time.monotonic() + PATIENCE
     while process.poll() is None and time.monotonic() < end:
-        key("Left", "Return")  # to the first of two buttons
+        if {"Statistiques", "Meilleurs scores"} & set(windows().values()):
+            key("alt+F4")
+        else:
+            key("Left", "Return")  # to the first of two buttons
         time.sleep(1)
     if process.wait(PATIENCE) != 0:
         raise SystemExit(f"Le programme s'est terminé par {process.returncode}.")

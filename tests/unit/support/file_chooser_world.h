@@ -64,7 +64,7 @@ class AvecChoixDeFichier : public AvecParamétrage {
     for (const std::string &nom : m.registre.valeurs(clé_du_jeu)) tout.réglages[nom] = réglage(nom);
     for (const auto &entrée : std::filesystem::recursive_directory_iterator(chemin_natif(m.dossier.chemin())))
       if (entrée.is_regular_file())
-        tout.fichiers[entrée.path()] = lire_fichier(texte_du_chemin(entrée.path()));
+        tout.fichiers[texte_du_chemin(entrée.path())] = lire_fichier(texte_du_chemin(entrée.path()));
     return tout;
   }
   void attendre_refus(const Tout &avant, const std::string &boîte) {

@@ -11,7 +11,7 @@ namespace {
 TEST(WindowsPaths, AreJoinedByABackslash) {
   EXPECT_EQ(Joindre_chemin(R"(C:\jeux)", "ARDANE.SCI"), R"(C:\jeux\ARDANE.SCI)");
   EXPECT_EQ(Joindre_chemin(R"(C:\)", "ARDANE.SCI"), R"(C:\ARDANE.SCI)");
-  EXPECT_EQ(texte_du_chemin("C:/jeux/été"), R"(C:\jeux\été)");
+  EXPECT_EQ(texte_du_chemin(chemin_natif("C:/jeux/été")), R"(C:\jeux\été)");
 }
 
 TEST(WindowsPaths, LoseTheSeparatorsAtTheirEndsUnlessADriveWouldLoseItsRoot) {

@@ -80,7 +80,9 @@ TEST_F(PlayerRegistry, LeavesATextThatNamesAVariableOne) {
 TEST_F(PlayerRegistry, TellsOnceWhatTheSystemRefusesAndTheWayOut) {
   int told = 0;
   store->à_l_échec = [&] { ++told; };
-  EXPECT_FALSE(store->créer(R"(HKEY_USERS\essai)") && store->créer(R"(HKEY_LOCAL_MACHINE\essai)"));
+  const std::string longer_than_a_name = std::string(key) + '\\' + std::string(300, 'a');
+  EXPECT_FALSE(store->créer(longer_than_a_name));
+  EXPECT_FALSE(store->créer(longer_than_a_name));
   EXPECT_EQ(told, 1);
   EXPECT_NE(store->échec(), std::nullopt);
   EXPECT_NE(store->remède().find("--registre"), std::string::npos);

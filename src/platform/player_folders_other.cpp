@@ -16,7 +16,7 @@ fs::path variable(const char *nom) {
 }  // namespace
 
 fs::path dossier_des_réglages() {
-  const fs::path configuration = variable("XDG_CONFIG_HOME");
+  fs::path configuration = variable("XDG_CONFIG_HOME");
   if (configuration.is_absolute()) return configuration;
   const fs::path maison = variable("HOME");
   return maison.empty() ? fs::path{} : maison / ".config";

@@ -61,9 +61,9 @@ QPixmap PictureStore::load(Image image, Detail detail) const {
   const QSize size(image.largeur, image.hauteur);
   if (detail == Detail::single) return first_of({name + QLatin1String(".ppm"), name + suffix}, size);
   const QString twice = name + QLatin1String("@2x");
-  const QPixmap doubled = first_of({twice + QLatin1String(".png"), twice + QLatin1String(".ppm"),
-                                    twice + QLatin1String(".jpg"), twice + suffix},
-                                   size * 2);
+  QPixmap doubled = first_of({twice + QLatin1String(".png"), twice + QLatin1String(".ppm"),
+                              twice + QLatin1String(".jpg"), twice + suffix},
+                             size * 2);
   if (!doubled.isNull()) return doubled;
   const QPixmap single = load(image, Detail::single);
   return single.isNull() ? single : single.scaled(size * 2);

@@ -48,7 +48,6 @@ bool lies_lower(const Contrôle *a, const Contrôle *b) {
 MapView::MapView(Contrôle &control, const ViewContext &context, Pointing pointing, QWidget *parent)
     : QWidget(parent), control_(control), context_(context), pointing_(std::move(pointing)) {
   setFocusPolicy(Qt::StrongFocus);
-  setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void MapView::gather() {
@@ -157,7 +156,7 @@ void MapView::filter(const QImage &source, const QRect &box, const QRegion &part
   painter.drawImage(target, source, QRectF(source.rect()));
 }
 
-/// The viewport as the screen shows it, pixel by pixel, where it must be filtered.
+/// The viewport as the screen shows it, pixel by pixel.
 const QImage &MapView::picture() {
   const QSize size = viewport().size() * ratio();
   if (picture_.size() != size) {
@@ -167,30 +166,24 @@ const QImage &MapView::picture() {
     unmade_ = viewport();
   }
   const QRegion region = std::exchange(unmade_, {});
-  if (!region.isEmpty()) filter(region);
+  if (region.isEmpty()) return picture_;
+  const int whole = qRound(ratio());
+  if (whole <= 2 && qFuzzyCompare(ratio(), whole)) {
+    QPainter painter(&picture_);
+    compose(painter, region, whole);
+  } else {
+    filter(region);
+  }
   return picture_;
 }
 
-/// Paints on the screen where a region of the widget is, in the toolkit's pixels.
-void MapView::paint(QPainter &painter, const QRegion &region) {
-  const double device = devicePixelRatioF();
-  if (const int whole = qRound(ratio()); whole <= 2 && qFuzzyCompare(ratio(), whole)) {
-    picture_ = {};
-    unmade_ = {};
-    painter.save();
-    painter.scale(1 / device, 1 / device);
-    compose(painter, scaled(region, 1 / context_.scale.value(), 0) & viewport(), whole);
-    return painter.restore();
-  }
+void MapView::paintEvent(QPaintEvent *event) {
   const QImage &shown = picture();
-  for (const QRect &part : region)
+  const double device = devicePixelRatioF();
+  QPainter painter(this);
+  for (const QRect &part : event->region())
     painter.drawImage(QRectF(part), shown,
                       QRectF(QPointF(part.topLeft()) * device, QSizeF(part.size()) * device));
-}
-
-void MapView::paintEvent(QPaintEvent *event) {
-  QPainter painter(this);
-  paint(painter, event->region());
   if (!cursor_shown_ || focus_away_) return;
   cursor_drawn_ = cursor_area();
   draw_cursor(painter, QRectF(cursor_drawn_).center(), context_.scale.value());

@@ -83,7 +83,6 @@ class MapView : public QWidget {
   void filter(const QRegion &region);
   void filter(const QImage &source, const QRect &box, const QRegion &part);
   const QImage &picture();
-  void paint(QPainter &painter, const QRegion &region);
 
   Contrôle &control_;
   const ViewContext context_;

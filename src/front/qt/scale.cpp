@@ -1,6 +1,7 @@
 #include "front/qt/scale.h"
 
-#include <QStringList>
+#include <QFontDatabase>
+#include <array>
 
 namespace ardane {
 namespace {
@@ -9,18 +10,29 @@ namespace {
 constexpr double pixels_per_point = 96.0 / 72.0;
 
 /// Designed families, each before the ones with the same metrics that free systems carry.
-QStringList families(Famille_police famille) {
-  if (famille == Famille_police::times)
-    return {QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif"), QStringLiteral("serif")};
-  return {QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
-          QStringLiteral("sans-serif")};
+constexpr std::array serif{"Times New Roman", "Liberation Serif", "serif"};
+constexpr std::array sans_serif{"MS Sans Serif", "Liberation Sans", "Arial", "sans-serif"};
+
+/// The first that is installed, else the last. One alone: for each that a font names further, the toolkit
+/// asks the system at once what to take for letters that it lacks, which takes as long as to load it.
+template <std::size_t count>
+QString installed(const std::array<const char *, count> &families) {
+  const QStringList known = QFontDatabase::families();
+  const auto found = std::ranges::find_if(
+      families, [&](const char *family) { return known.contains(QLatin1String(family)); });
+  return QLatin1String(found == families.end() ? families.back() : *found);
+}
+
+QString family(Famille_police famille) {
+  static const QString times = installed(serif), other = installed(sans_serif);
+  return famille == Famille_police::times ? times : other;
 }
 
 }  // namespace
 
 QFont Scale::font(const Police &police) const {
   QFont font;
-  font.setFamilies(families(police.famille));
+  font.setFamily(family(police.famille));
   font.setPixelSize(std::max(1, length(police.points * pixels_per_point)));
   font.setBold(police.gras);
   return font;

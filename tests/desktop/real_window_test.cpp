@@ -3,6 +3,8 @@
 
 #include <QGuiApplication>
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QTest>
 #include <QWheelEvent>
@@ -28,11 +30,13 @@ class RealWindow : public ProgramTest {
     return *found;
   }
   double scale() { return desktop().renderer().scale().value(); }
-  QSize beside() { return {0, widget("barre_de_menus").height()}; }
-  /// The size at which map and panel just fit at that scale.
+  /// The size at which map and panel just fit at that scale, and the menu bar above them.
   QSize window_for(double wanted) {
     const Point needed = Taille_confortable(screen());
-    return QSize(qRound(needed.x * wanted), qRound(needed.y * wanted)) + beside();
+    QMenuBar menu;
+    menu.addMenu("Fichier");
+    menu.setFont(Scale().font({}));
+    return QSize(needed.x, needed.y + menu.sizeHint().height()) * wanted;
   }
   void resize(QSize size) {
     frame()->resize(size);
@@ -111,6 +115,27 @@ TEST_F(RealWindow, LettersGrowWithTheMap) {
   const int before = widget("que_faire").font().pixelSize();
   resize(window_for(2));
   EXPECT_EQ(widget("que_faire").font().pixelSize(), 2 * before);
+}
+
+TEST_F(RealWindow, ItsMenusGrowWithTheMapToo) {
+  start();
+  const QMenuBar &bar = *frame()->findChild<QMenuBar *>();
+  const QMenu &menu = *bar.actions().first()->menu();
+  for (const double wanted : {1.0, 1.5, 2.0, 3.0}) {
+    resize(window_for(wanted));
+    EXPECT_EQ(bar.font().pixelSize(), qRound(11 * wanted)) << wanted;
+    EXPECT_EQ(menu.font().pixelSize(), qRound(11 * wanted)) << wanted;
+    EXPECT_LE(QFontMetrics(bar.font()).height(), bar.height()) << wanted;
+  }
+}
+
+TEST_F(RealWindow, AtItsSmallestItsMenusAreStillAllThere) {
+  start();
+  resize(frame()->minimumSize());
+  const QMenuBar &bar = *frame()->findChild<QMenuBar *>();
+  for (const QAction *entry : bar.actions())
+    EXPECT_TRUE(bar.rect().contains(bar.actionGeometry(const_cast<QAction *>(entry))))
+        << entry->text().toStdString();
 }
 
 TEST_F(RealWindow, WhatItHasTooMuchOfLiesOnBothSides) {

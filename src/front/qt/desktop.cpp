@@ -78,9 +78,8 @@ Desktop::~Desktop() {
 
 void Desktop::frame_main_window() {
   const Point size = Taille_confortable(programme_.principale());
-  const QSize needed(size.x, size.y);
-  WindowView &view = renderer_.play_in(programme_.principale(), needed);
-  if (!memory_.restore(view.frame())) place_for_the_first_time(view.frame(), needed, view.beside());
+  WindowView &view = renderer_.play_in(programme_.principale(), QSize(size.x, size.y));
+  if (!memory_.restore(view.frame())) place_for_the_first_time(view.frame(), view.needed());
   view.choose_scale(memory_.scale());
   screen_view_ = &view;
   view.frame().installEventFilter(this);

@@ -61,7 +61,16 @@ MenuView::MenuView(const ViewContext &context, QWidget *parent)
     if (is_menu(control)) entries_.push_back({&control, make_action(control)});
   connect(make_child<QShortcut>(QKeySequence(Qt::Key_F10), parent), &QShortcut::activated, this,
           [this] { open_first(); });
+  show_at(Scale());
   sync();
+}
+
+void MenuView::show_at(Scale scale) {
+  const QFont font = scale.font({});
+  if (bar_.font() == font) return;
+  bar_.setFont(font);
+  for (const Entry &entry : entries_)
+    if (QMenu *menu = entry.action->menu()) menu->setFont(font);
 }
 
 void MenuView::open_first() {

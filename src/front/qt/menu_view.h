@@ -20,6 +20,8 @@ class MenuView : public QObject {
   MenuView(const ViewContext &context, QWidget *parent);
 
   QMenuBar &bar() { return bar_; }
+  /// Sets the letters of bar and menus as large as those of what the window shows.
+  void show_at(Scale scale);
   void sync();
 
  private:

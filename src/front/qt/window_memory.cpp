@@ -38,9 +38,8 @@ QVariant kept(const std::filesystem::path &file, const QString &key) {
 }
 
 /// The largest scale at which the contents fit the room.
-double largest(QSizeF room, QSize needed, QSize beside) {
-  return std::min((room.width() - beside.width()) / needed.width(),
-                  (room.height() - beside.height() - title_height) / needed.height());
+double largest(QSizeF room, QSize needed) {
+  return std::min(room.width() / needed.width(), (room.height() - title_height) / needed.height());
 }
 
 }  // namespace
@@ -65,14 +64,14 @@ void WindowMemory::keep(const QWidget &window, std::optional<double> scale) cons
     settings->remove(scale_key);
 }
 
-void place_for_the_first_time(QWidget &window, QSize needed, QSize beside) {
+void place_for_the_first_time(QWidget &window, QSize needed) {
   const QRect room = window.screen()->availableGeometry();
-  const double whole = largest(room.size(), needed, beside);
+  const double whole = largest(room.size(), needed);
   // Who has asked his desktop for large letters needs a large map, too.
   const double letters = QApplication::font().pointSizeF() / designed_points;
-  const double comfortable = largest(QSizeF(room.size()) * comfortable_share, needed, beside);
+  const double comfortable = largest(QSizeF(room.size()) * comfortable_share, needed);
   const double scale = std::max(smallest_scale, std::min(whole, std::max(comfortable, letters)));
-  QRect place({}, QSize(qRound(needed.width() * scale), qRound(needed.height() * scale)) + beside);
+  QRect place({}, needed * scale);
   place.setSize(place.size().boundedTo(room.size()));
   place.moveCenter(room.center());
   window.setGeometry(place);

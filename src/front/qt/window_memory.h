@@ -26,7 +26,7 @@ class WindowMemory {
 };
 
 /// Gives a window that was never seen the middle of its monitor, as large as its contents make good use of.
-/// `needed` is what they take at scale 1, `beside` what the window has beside them, in the toolkit's pixels.
-void place_for_the_first_time(QWidget &window, QSize needed, QSize beside);
+/// `needed` is what they take at scale 1.
+void place_for_the_first_time(QWidget &window, QSize needed);
 
 }  // namespace ardane

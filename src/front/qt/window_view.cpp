@@ -51,9 +51,7 @@ class Frame : public QWidget {
     setObjectName(to_qt(window.nom));
   }
 
-  QWidget *client = nullptr;
-  QWidget *menu = nullptr;
-  std::function<void()> resized;  ///< in place of giving the client area all that the menu leaves
+  std::function<void()> resized;
   std::function<void(int)> zoom;  ///< by so many steps; back to what fits for 0
   bool outlined = false;          ///< draws the border that no window manager gives it
 
@@ -64,10 +62,7 @@ class Frame : public QWidget {
   }
   void moveEvent(QMoveEvent *) override { events_.moved(); }
   void resizeEvent(QResizeEvent *) override {
-    const int top = menu == nullptr ? 0 : menu->sizeHint().height();
-    if (menu != nullptr) menu->setGeometry(0, 0, width(), top);
-    if (resized) return resized();
-    if (client != nullptr) client->setGeometry(0, top, width(), std::max(0, height() - top));
+    if (resized) resized();
   }
   void keyPressEvent(QKeyEvent *event) override {
     if (event->key() == Qt::Key_F1) events_.help_asked();
@@ -140,10 +135,10 @@ WindowView::WindowView(Fenêtre &window_shown, const WindowParts &parts, const W
       client_(*make_child<QWidget>(&frame_)),
       fitted_(events.fitted) {
   auto &frame = static_cast<Frame &>(frame_);
-  frame.client = &client_;
+  frame.resized = [this] { lay_out(); };
   if (has_menu(window())) {
     menu_ = std::make_unique<MenuView>(context_, &frame_);
-    frame.menu = &menu_->bar();
+    designed_menu_height_ = menu_->bar().sizeHint().height();
   }
   frame.outlined = !window().avec_titre && !window().est_principale;
   if (!window().est_principale) frame_.setWindowIcon(context_.pictures.icon(window().nom));
@@ -159,12 +154,9 @@ WindowView::~WindowView() {
   if (fit_) context_.screen.play_on(std::nullopt);
   views_.clear();
   menu_.reset();
+  static_cast<Frame &>(frame_).resized = {};
   // The window may be taken off by an event of its own, whose widget is still at work.
   frame_.deleteLater();
-}
-
-int WindowView::menu_height() const {
-  return menu_ == nullptr ? 0 : menu_->bar().sizeHint().height();
 }
 
 QSize WindowView::client_size() const {
@@ -178,12 +170,28 @@ void WindowView::become_screen(QSize needed) {
   frame.setWindowFlags(Qt::Window);
   const QSize least = smallest_screen * smallest_scale;
   frame.setMinimumSize(least.width(), least.height() + menu_height());
-  frame.resized = [this] { fit_contents(); };
   frame.zoom = [this](int steps) { zoom(steps); };
   fit_contents();
 }
 
+/// The menu bar on top, and below it what the window shows.
+void WindowView::lay_out() {
+  if (fit_) return fit_contents();
+  lay_out_menu();
+  client_.setGeometry({QPoint(0, menu_height()), client_size()});
+}
+
+/// A bar that is a pixel too low hides its entries: small letters may take a little of the margin below it.
+void WindowView::lay_out_menu() {
+  if (menu_ == nullptr) return;
+  menu_->show_at(menu_scale_);
+  QMenuBar &bar = menu_->bar();
+  bar.setGeometry(0, 0, frame_.width(), std::max(menu_height(), bar.sizeHint().height()));
+}
+
 void WindowView::fit_contents() {
+  menu_scale_ = Scale(WindowFit{needed(), fit_->chosen}.scale(frame_.size()));
+  lay_out_menu();
   const QSize client = client_size();
   const QRect area = fit_->area(client);
   scale_ = Scale(fit_->scale(client));

@@ -41,8 +41,8 @@ class WindowView : public QObject {
   /// Makes the window one that the player sizes: what it shows is scaled to it, and the program takes it for
   /// its screen. `needed` is what the contents take, in pixels of the data.
   void become_screen(QSize needed);
-  /// What the window has beside what it shows: the menu bar's room.
-  QSize beside() const { return {0, menu_height()}; }
+  /// What they take with the menu bar, which has the same scale.
+  QSize needed() const { return with_menu(fit_->needed); }
   /// The scale that the player has set; none for the one at which all fits.
   void choose_scale(std::optional<double> scale);
   std::optional<double> chosen_scale() const { return fit_ ? fit_->chosen : std::nullopt; }
@@ -70,8 +70,13 @@ class WindowView : public QObject {
     friend bool operator==(const Geometry &, const Geometry &) = default;
   };
 
-  int menu_height() const;
+  /// With the menu bar's room.
+  QSize with_menu(QSize logical) const { return logical + QSize(0, designed_menu_height_); }
+  /// Rounded down: what it shows below keeps the scale that the window was made for.
+  int menu_height() const { return static_cast<int>(designed_menu_height_ * menu_scale_.value()); }
   QSize client_size() const;
+  void lay_out();
+  void lay_out_menu();
   void fit_contents();
   void zoom(int steps);
   void sync_geometry();
@@ -92,8 +97,10 @@ class WindowView : public QObject {
 
   Scale scale_;
   const ViewContext context_;
-  QWidget &frame_;                                   ///< deleted after the view, by Qt
-  std::unique_ptr<MenuView> menu_;                   ///< null for a window without menus
+  QWidget &frame_;                  ///< deleted after the view, by Qt
+  std::unique_ptr<MenuView> menu_;  ///< null for a window without menus
+  int designed_menu_height_ = 0;    ///< at scale 1
+  Scale menu_scale_;
   QWidget &client_;                                  ///< where the controls stand
   std::vector<std::unique_ptr<ControlView>> views_;  ///< in the order of their making
   std::vector<ControlView *> stacked_;               ///< the lowest first

@@ -3,10 +3,13 @@
 #include <QCoreApplication>
 #include <algorithm>
 
+#include "front/qt/style.h"
+
 namespace ardane {
 
 Renderer::Renderer(Dispatcher &dispatcher, PictureStore &pictures, ScreenQt &screen)
     : dispatcher_(dispatcher), pictures_(pictures), screen_(screen) {
+  install_style();
   dispatcher_.after_event = [this] { sync(); };
 }
 

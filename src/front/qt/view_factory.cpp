@@ -1,7 +1,4 @@
-#include <QApplication>
 #include <QCheckBox>
-#include <QPointer>
-#include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -12,31 +9,11 @@
 namespace ardane {
 namespace {
 
-/// The desktop's style, with marks as high as the letters beside them, whatever their scale.
-class MarkStyle : public QProxyStyle {
- public:
-  int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override {
-    const bool mark = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight ||
-                      metric == PM_ExclusiveIndicatorWidth || metric == PM_ExclusiveIndicatorHeight;
-    return mark && widget != nullptr ? widget->fontMetrics().height()
-                                     : QProxyStyle::pixelMetric(metric, option, widget);
-  }
-};
-
-QStyle *mark_style() {
-  static QPointer<MarkStyle> style;
-  if (style.isNull()) {
-    style = make_child<MarkStyle>();
-    style->setParent(qApp);
-  }
-  return style;
-}
-
 /// A button that takes clicks in its whole rectangle, not on its mark and text alone.
 template <class Button>
 class WholeArea : public Button {
  public:
-  explicit WholeArea(QWidget *parent) : Button(parent) { this->setStyle(mark_style()); }
+  using Button::Button;
 
  protected:
   bool hitButton(const QPoint &place) const override { return this->rect().contains(place); }

@@ -19,9 +19,28 @@ bool looks_like_picture(const QString &path) {
   return head == "GIF8" || head == "\x89PNG" || head.startsWith("\xff\xd8\xff");
 }
 
+/// A picture as netpbm writes it, three bytes a pixel, behind a header without comments. For this form the
+/// toolkit would load every decoder that it has, to ask each whether it knows it.
+QImage read_netpbm(const QString &path, QSize size) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  const QByteArray head = QStringLiteral("P6\n%1 %2\n255\n").arg(size.width()).arg(size.height()).toLatin1();
+  QByteArray row(3 * size.width(), 0);
+  if (file.size() != head.size() + row.size() * size.height() || file.read(head.size()) != head) return {};
+  QImage image(size, QImage::Format_RGB32);
+  for (int y = 0; y < size.height(); ++y) {
+    if (file.read(row.data(), row.size()) != row.size()) return {};
+    auto *pixel = reinterpret_cast<QRgb *>(image.scanLine(y));
+    for (const char *part = row.cbegin(); part != row.cend(); part += 3)
+      *pixel++ = qRgb(static_cast<uchar>(part[0]), static_cast<uchar>(part[1]), static_cast<uchar>(part[2]));
+  }
+  return image;
+}
+
 /// What says that it has another size is not decoded: to do so could take all the memory there is.
 QImage decode(const QString &path, QSize size) {
   if (!is_plain_file(path)) return {};
+  if (path.endsWith(QLatin1String(".ppm"))) return read_netpbm(path, size);
   QImageReader reader(path, QFileInfo(path).suffix().toLatin1());
   return reader.size() == size ? reader.read() : QImage();
 }
@@ -61,7 +80,7 @@ QPixmap PictureStore::load(Image image, Detail detail) const {
   const QSize size(image.largeur, image.hauteur);
   if (detail == Detail::single) return first_of({name + QLatin1String(".ppm"), name + suffix}, size);
   const QString twice = name + QLatin1String("@2x");
-  QPixmap doubled = first_of({twice + QLatin1String(".png"), twice + QLatin1String(".ppm"),
+  QPixmap doubled = first_of({twice + QLatin1String(".ppm"), twice + QLatin1String(".png"),
                               twice + QLatin1String(".jpg"), twice + suffix},
                              size * 2);
   if (!doubled.isNull()) return doubled;

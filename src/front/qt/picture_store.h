@@ -27,7 +27,7 @@ class PictureStore {
   PictureStore(const CatalogueImages &catalogue, QString folder);
 
   /// The picture from its own file, or from the one with ".ppm" in place of its suffix, which is quick to
-  /// read since it is not compressed; doubled, from the one with "@2x.png", "@2x.ppm" or "@2x.jpg" in place
+  /// read since it is not compressed; doubled, from the one with "@2x.ppm", "@2x.png" or "@2x.jpg" in place
   /// of its suffix or "@2x" before it, and where there is none, enlarged from the single one. A null pixmap
   /// for no picture, or for a file that is absent, no picture, or one of another size than the catalogue's.
   const QPixmap &pixmap(Image image, Detail detail);

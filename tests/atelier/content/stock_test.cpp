@@ -79,9 +79,12 @@ TEST(Stock, TheMapPictureHasItsSizeAndNoHole) {
   }
 }
 
-TEST(Stock, TheMapPictureThatIsNotCompressedIsTheOtherPixelByPixel) {
+TEST(Stock, APictureThatIsNotCompressedIsTheOtherPixelByPixel) {
   const auto images = resources() / "images";
-  EXPECT_TRUE(atelier::lire_image(images / "carte.ppm") == atelier::lire_image(images / "carte.gif"));
+  for (const char *name : {"carte", "icons/accueil", "icons/accueil@2x"}) {
+    const auto file = [&](const char *suffix) { return images / (std::string(name) + suffix); };
+    EXPECT_TRUE(atelier::lire_image(file(".ppm")) == atelier::lire_image(file(".gif"))) << name;
+  }
 }
 
 TEST(Stock, LandAndSeaOfTheMapPictureLieWhereThePointsFileHasThem) {

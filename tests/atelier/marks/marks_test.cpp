@@ -115,10 +115,12 @@ TEST_P(Small_picture, AgreesInShapeWithItsLargeDrawing) {
   EXPECT_LE(different, small.width() * small.height() / 20);
 }
 
-TEST_P(Small_picture, LeavesTheGroundFreeAtItsCorners) {
+// That of the welcome window is read at every start, and uncompressed: such a file knows no ground.
+TEST_P(Small_picture, LeavesTheGroundFreeAtItsCornersUnlessItIsTheWelcomesWhichHasNoGround) {
   const Image image = picture(GetParam().file);
-  EXPECT_LT(image.at(0, 0).a, 128);
-  EXPECT_LT(image.at(image.width() - 1, image.height() - 1).a, 128);
+  const bool ground = GetParam().file != std::string_view("icons/accueil.gif");
+  EXPECT_EQ(image.at(0, 0).a < 128, ground);
+  EXPECT_EQ(image.at(image.width() - 1, image.height() - 1).a < 128, ground);
 }
 
 INSTANTIATE_TEST_SUITE_P(Stock, Small_picture, testing::ValuesIn(sizes), [](const auto &parameter) {

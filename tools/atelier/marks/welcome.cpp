@@ -3,6 +3,9 @@
 #include <cmath>
 
 #include "drawing/raster.h"
+#include "files/catalogue.h"
+#include "files/gif_file.h"
+#include "files/image_file.h"
 #include "marks/figure.h"
 #include "numbers/math.h"
 
@@ -155,10 +158,10 @@ Image paysage(double échelle) {
   const auto poser = [&](const Path &forme, Pixel couleur) {
     fill(image, forme.transformed(agrandissement), couleur);
   };
-  poser(rectangle_arrondi(0, 0, largeur, hauteur, 8), teinte::ivoire);
+  poser(rectangle_arrondi(0, 0, largeur, hauteur, 0), teinte::ivoire);
   poser(rectangle_arrondi(2.2, 2.2, largeur - 4.4, hauteur - 4.4, 6.6), {176, 136, 62});
   draw(image, toile.image, 0, 0);
-  return with_hard_edges(image);
+  return image;
 }
 
 }  // namespace
@@ -166,6 +169,8 @@ Image paysage(double échelle) {
 void dessiner_accueil(const fs::path &images, Catalogue &catalogue) {
   catalogue.écrire(images, "Patience.Image1", fichier, paysage(1));
   écrire_gif(images / fichier_double(fichier), paysage(2));
+  écrire_ppm(images / fichier_sans_compression(fichier), lire_gif(images / fichier));
+  écrire_ppm(images / fichier_double_sans_compression(fichier), lire_gif(images / fichier_double(fichier)));
 }
 
 }  // namespace atelier

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
-#include <sstream>
 #include <string_view>
 
 #include "core/paths.h"
@@ -11,6 +9,7 @@
 #include "persistence/score_file.h"
 #include "platform/file_replacement.h"
 #include "platform/log.h"
+#include "platform/whole_file.h"
 
 namespace ardane {
 namespace {
@@ -68,26 +67,15 @@ std::vector<Scores_anciens> copies_du_fichier(std::vector<Scores_anciens> copies
   return copies;
 }
 
-std::optional<std::string> contenu(const fs::path &fichier) {
-  std::error_code erreur;
-  const bool lisible =
-      fs::is_regular_file(fichier, erreur) && fs::file_size(fichier, erreur) <= plus_gros_gardé;
-  if (!lisible || erreur) return std::nullopt;
-  std::ifstream flux(fichier, std::ios::binary);
-  std::ostringstream octets;
-  octets << flux.rdbuf();
-  return flux.is_open() ? std::optional(octets.str()) : std::nullopt;
-}
-
 }  // namespace
 
 void Garder_scores(const fs::path &dossier, const std::string &fichier, const Horloge &horloge) {
   const fs::path source = chemin_natif(fichier).lexically_normal();
-  const auto octets = contenu(source);
+  const auto octets = octets_du_fichier(source, plus_gros_gardé);
   if (!octets) return;
   const std::vector<Scores_anciens> toutes = copies_sous(dossier);
   const std::vector<Scores_anciens> siennes = copies_du_fichier(toutes, texte_du_chemin(source));
-  if (!siennes.empty() && contenu(siennes.front().copie) == octets) return;
+  if (!siennes.empty() && octets_du_fichier(siennes.front().copie) == octets) return;
 
   const int dernier = toutes.empty() ? 0 : std::ranges::max(toutes, {}, &Scores_anciens::numéro).numéro;
   const fs::path le_sien = dossier / en_noms(source);

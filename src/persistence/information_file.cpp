@@ -1,7 +1,5 @@
 #include "persistence/information_file.h"
 
-#include <array>
-#include <fstream>
 #include <string>
 #include <string_view>
 
@@ -14,6 +12,7 @@
 #include "persistence/folders.h"
 #include "platform/file_replacement.h"
 #include "platform/log.h"
+#include "platform/whole_file.h"
 
 namespace ardane {
 namespace {
@@ -26,13 +25,7 @@ std::string chemin_du_fichier(const Contexte &c, int langue) {
 std::optional<std::string> lire_octets(const std::string &chemin) {
   if (!est_fichier_ordinaire(chemin))
     return fichier_peut_exister(chemin) ? std::nullopt : std::optional(std::string{});
-  std::ifstream flux(chemin_natif(chemin), std::ios::binary);
-  std::string octets;
-  std::array<char, 16384> bloc{};
-  while (flux.read(bloc.data(), bloc.size()) || flux.gcount() > 0)
-    octets.append(bloc.data(), static_cast<std::size_t>(flux.gcount()));
-  if (!flux.eof()) return std::nullopt;
-  return octets;
+  return octets_du_fichier(chemin_natif(chemin));
 }
 
 std::string octets_lisibles(const Contexte &c) {

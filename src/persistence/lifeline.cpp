@@ -7,6 +7,7 @@
 #include "platform/file_replacement.h"
 #include "platform/log.h"
 #include "platform/player_folders.h"
+#include "platform/whole_file.h"
 
 namespace ardane {
 namespace {
@@ -50,14 +51,6 @@ std::ifstream ouvrir(const fs::path &fichier) {
   std::ifstream flux;
   if (fs::is_regular_file(fichier, erreur)) flux.open(fichier, std::ios::binary);
   return flux;
-}
-
-bool tient(const fs::path &fichier, const std::string &octets) {
-  std::error_code erreur;
-  if (fs::file_size(fichier, erreur) != octets.size() || erreur) return false;
-  std::ostringstream contenu;
-  contenu << ouvrir(fichier).rdbuf();
-  return contenu.str() == octets;
 }
 
 }  // namespace
@@ -143,7 +136,7 @@ void Secours::achever(const Horloge &horloge) {
   const auto annonce = flux.is_open() ? lire_annonce(flux) : std::nullopt;
   if (!annonce) return;
   const fs::path fichier = chemin_natif(annonce->fichier);
-  if (!tient(fichier, annonce->octets)) {
+  if (octets_du_fichier(fichier, annonce->octets.size()) != annonce->octets) {
     garder_scores(annonce->fichier, horloge);
     if (const auto échec = remplacer_fichier(fichier, annonce->octets))
       return consigner("Les scores attendus dans « " + annonce->fichier +

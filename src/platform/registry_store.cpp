@@ -1,7 +1,5 @@
 #include "platform/registry_store.h"
 
-#include <array>
-#include <fstream>
 #include <iterator>
 #include <list>
 #include <system_error>
@@ -15,6 +13,7 @@
 #include "platform/registry_key.h"
 #include "platform/registry_lock.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 
 namespace ardane {
 namespace {
@@ -203,18 +202,11 @@ class Document {
 };
 
 /// What stands in the file, nothing of it where there is no file; no value if there is one and it cannot be
-/// read. Opening a pipe or a device could wait for ever, so only a plain file is opened.
+/// read.
 std::optional<std::string> lire_octets(const fs::path &fichier) {
   std::error_code erreur;
-  const fs::file_status état = fs::status(fichier, erreur);
-  if (état.type() == fs::file_type::not_found) return std::string{};
-  if (état.type() != fs::file_type::regular) return std::nullopt;
-  std::ifstream flux(fichier, std::ios::binary);
-  if (!flux) return std::nullopt;
-  std::string contenu;
-  for (std::array<char, 4096> morceau{}; flux.read(morceau.data(), morceau.size()), flux.gcount() > 0;)
-    contenu.append(morceau.data(), static_cast<std::size_t>(flux.gcount()));
-  return flux.bad() ? std::nullopt : std::optional(contenu);
+  const bool absent = fs::status(fichier, erreur).type() == fs::file_type::not_found;
+  return absent ? std::string{} : octets_du_fichier(fichier);
 }
 
 std::string en_clair(const fs::path &chemin) {

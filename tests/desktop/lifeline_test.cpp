@@ -10,6 +10,7 @@
 #include "front/qt/appearance.h"
 #include "front/qt/rescue.h"
 #include "kept_run.h"
+#include "persistence/earlier_scores.h"
 #include "persistence/score_file.h"
 #include "platform/system_clock.h"
 
@@ -196,6 +197,20 @@ TEST_F(EarlierScoresOfThePlayer, ANumberThatIsNoneAndAFileThatCannotBeWrittenAre
   const Rescue refused = give_scores_back(places().secours, 1);
   EXPECT_EQ(refused.code, 1);
   EXPECT_THAT(refused.text, HasSubstr("n'est pas écrit"));
+}
+
+TEST_F(EarlierScoresOfThePlayer, OneThatCannotBeReadToItsEndIsNotGivenBackInPart) {
+  start();
+  write("Ann", 1);
+  write("Ann", 2);
+  const std::string now = bytes_of(file());
+  const auto kept = Lister_scores_anciens(Secours({places().secours}).dossier_des_scores());
+  fs::remove(kept.front().copie);
+  fs::create_symlink("/proc/self/mem", kept.front().copie);
+  const Rescue refused = give_scores_back(places().secours, kept.front().numéro);
+  EXPECT_EQ(refused.code, 1);
+  EXPECT_THAT(refused.text, HasSubstr("ne peut pas être lu"));
+  EXPECT_EQ(bytes_of(file()), now);
 }
 
 TEST_F(EarlierScoresOfThePlayer, WhatCannotBeReadIsSaidToBeSoAndAGameThatWaitsIsNamed) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <sstream>
 
 #include "core/paths.h"
 #include "core/resources.h"
@@ -12,15 +11,10 @@
 #include "persistence/score_format.h"
 #include "platform/file_replacement.h"
 #include "platform/system_clock.h"
+#include "platform/whole_file.h"
 
 namespace ardane {
 namespace {
-
-std::string bytes_of(const std::filesystem::path &file) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(file, std::ios::binary).rdbuf();
-  return bytes.str();
-}
 
 /// "3 scores, le meilleur de Ann : 999 812".
 std::string describe(const std::filesystem::path &copy) {
@@ -72,10 +66,13 @@ Rescue give_scores_back(const std::filesystem::path &lifeline, int number) {
   if (found == earlier.end())
     return {1, "Le numéro " + std::to_string(number) +
                    " n'est pas dans la liste : ardane --secours la montre.\n"};
-  const std::string bytes = bytes_of(found->copie), content = describe(found->copie);
+  const auto bytes = octets_du_fichier(found->copie);
+  if (!bytes)
+    return {1, "Le contenu gardé ne peut pas être lu : « " + texte_du_chemin(found->copie) + " ».\n"};
+  const std::string content = describe(found->copie);
   // It may push the content that is asked for out of the last five.
   secours.garder_scores(found->fichier, clock);
-  if (const auto failure = remplacer_fichier(chemin_natif(found->fichier), bytes))
+  if (const auto failure = remplacer_fichier(chemin_natif(found->fichier), *bytes))
     return {1, "Le fichier « " + found->fichier + " » n'est pas écrit : " + std::string(*failure) + ".\n"};
   return {0, "Le fichier « " + found->fichier + " » a retrouvé son contenu d'avant le " + found->quand +
                  " : " + content +

@@ -8,7 +8,6 @@
 #include "core/game_state.h"
 #include "front/qt/demonstration/mouse.h"
 #include "front/qt/demonstration/scratch_folder.h"
-#include "map/layout.h"
 #include "script.h"
 #include "timing.h"
 
@@ -26,9 +25,7 @@ class WindowFigures {
         scale_(scale) {}
 
   void measure() {
-    const Point needed = Taille_confortable(main_);
-    const int menu = frame_.findChild<QWidget *>("barre_de_menus")->height();
-    const QSize size(qRound(needed.x * scale_), qRound(needed.y * scale_) + menu);
+    const QSize size = script_.window_for(scale_);
     frame_.resize(size);
     settle();
     std::printf("Scale %.3f, window of %d x %d\n", desktop_.renderer().scale().value(), frame_.width(),

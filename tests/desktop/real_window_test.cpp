@@ -30,14 +30,7 @@ class RealWindow : public ProgramTest {
     return *found;
   }
   double scale() { return desktop().renderer().scale().value(); }
-  /// The size at which map and panel just fit at that scale, and the menu bar above them.
-  QSize window_for(double wanted) {
-    const Point needed = Taille_confortable(screen());
-    QMenuBar menu;
-    menu.addMenu("Fichier");
-    menu.setFont(Scale().font({}));
-    return QSize(needed.x, needed.y + menu.sizeHint().height()) * wanted;
-  }
+  QSize window_for(double wanted) { return script().window_for(wanted); }
   void resize(QSize size) {
     frame()->resize(size);
     QApplication::processEvents();

@@ -1,8 +1,10 @@
 #include "script.h"
 
 #include <QApplication>
+#include <QMenuBar>
 
 #include "front/qt/appearance.h"
+#include "map/layout.h"
 
 namespace ardane {
 
@@ -14,6 +16,14 @@ std::string Script::run(const std::function<bool()> &until) {
   } while (desktop_.programme().en_cours() && !(at_rest_ && (!until || until())));
   player.rest();
   return player.trouble();
+}
+
+QSize Script::window_for(double scale) const {
+  const Point needed = Taille_confortable(desktop_.programme().principale());
+  QMenuBar menus;
+  menus.addMenu(QStringLiteral("Fichier"));
+  menus.setFont(Scale().font({}));
+  return QSize(needed.x, needed.y + menus.sizeHint().height()) * scale;
 }
 
 void Script::at_box(AutomaticPlayer &, const QMessageBox &box) {

@@ -1,6 +1,7 @@
 // Orders to a player that a test gives one by one.
 #pragma once
 
+#include <QSize>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,9 @@ class Script : public Plan {
   /// Runs until every order has been carried out and the map waits for the player again, and `until`, if it
   /// is given, is true; or until the program has ended. Returns why the player gave up; empty if he did not.
   std::string run(const std::function<bool()> &until = {});
+
+  /// The size at which the real window shows map and panel just whole at that scale, below its menus.
+  QSize window_for(double scale) const;
 
   void at_box(AutomaticPlayer &, const QMessageBox &box) override;
   /// A window that is left open is a mistake of the script's.

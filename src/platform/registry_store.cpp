@@ -319,11 +319,13 @@ std::optional<std::string> RegistreFichier::lire(std::string_view clé, std::str
 
 bool RegistreFichier::créer(std::string_view clé) {
   if (mémoire_.existe(clé) && en_attente_.empty()) return true;
-  return mémoire_.créer(clé) && garder({clé_nette(clé), std::nullopt, {}});
+  return mémoire_.créer(clé) && garder({clé_nette(clé), std::nullopt, {}, true});
 }
 
 bool RegistreFichier::écrire(std::string_view clé, std::string_view nom, std::string_view texte) {
-  return mémoire_.écrire(clé, nom, texte) && garder({clé_nette(clé), std::string(nom), std::string(texte)});
+  const bool nouveau = mémoire_.lire(clé, nom) != texte;
+  return mémoire_.écrire(clé, nom, texte) &&
+         garder({clé_nette(clé), std::string(nom), std::string(texte), nouveau});
 }
 
 void RegistreFichier::ensemble(const std::function<void()> &changements) {
@@ -372,6 +374,11 @@ std::optional<std::string_view> RegistreFichier::enregistrer() {
   }
   auto octets = lire_octets(fichier_);
   if (!octets) return "il ne peut pas être lu";
+  const bool des_autres = octets != lus_;
+  if (!des_autres && std::ranges::none_of(en_attente_, &Changement::nouveau)) {
+    en_attente_.clear();
+    return std::nullopt;
+  }
   Document document(*octets);
   for (const Changement &changement : en_attente_) {
     if (changement.nom)
@@ -379,7 +386,6 @@ std::optional<std::string_view> RegistreFichier::enregistrer() {
     else
       document.créer(changement.clé);
   }
-  const bool des_autres = octets != lus_;
   if (document.est_changé()) {
     octets = document.contenu();
     if (const auto échec = remplacer_fichier(fichier_, *octets)) return échec;

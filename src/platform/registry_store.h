@@ -110,6 +110,7 @@ class RegistreFichier : public RegistreGardé {
     std::string clé;
     std::optional<std::string> nom;  ///< none for a key to make
     std::string texte;
+    bool nouveau;  ///< this run did not know it yet
   };
   bool garder(Changement changement);
   bool garder_ce_qui_attend();

@@ -319,6 +319,15 @@ TEST_F(FileRegistry, AnInstanceThatWritesUndoesNoChangeOfAnother) {
   EXPECT_EQ(ouvrir().lire("R", "c"), "5");
 }
 
+TEST_F(FileRegistry, WhatAnInstanceWritesAgainGoesOverWhatAnotherHasMadeOfIt) {
+  RegistreFichier première = ouvrir();
+  première.créer("R");
+  première.écrire("R", "a", "1");
+  EXPECT_TRUE(ouvrir().écrire("R", "a", "2"));
+  première.écrire("R", "a", "1");
+  EXPECT_EQ(ouvrir().lire("R", "a"), "1");
+}
+
 TEST_F(FileRegistry, InstancesThatWriteAtOnceLoseNothing) {
   constexpr int instances = 4, réglages = 25;
   std::vector<std::thread> fils;

@@ -271,7 +271,8 @@ TEST_P(Scales, ALineWeighsTheSameInEveryDirection) {
 /// Square map pixels that a fine drawing bounds: its yellow and the inner half of its line.
 double fine_area(int province) {
   double area = 0;
-  for (const atelier::Pixel &pixel : province_layer(province, 2, true).image.pixels())
+  const Layer layer = province_layer(province, 2, true);
+  for (const atelier::Pixel &pixel : layer.image.pixels())
     area += pixel.a / 255.0 * (1 + pixel.r / 255.0) / 2;
   return area / 4;
 }

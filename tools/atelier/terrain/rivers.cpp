@@ -24,30 +24,118 @@ void smooth(std::vector<Point> &line, int rounds) {
   }
 }
 
-/// Sideways swing of rivers, in map pixels: in wide and in narrow bends through flat land, and a little in
-/// the hills, where the grid's eight directions would show. It hangs on the place alone, so that rivers that
-/// meet swing alike.
-Point swung(Point p, const Field &height, std::uint64_t seed) {
-  const double flat = 1 - smooth_step(20, 150, sampled(height, p.x * fine, p.y * fine));
-  const double narrow = mix(1.2, 2.6, flat);
-  const double wide = 3.6 * flat;
-  return {
-      p.x + narrow * fractal_noise(seed + 61, p.x, p.y, 10, 2) + wide * noise(seed + 63, p.x / 27, p.y / 27),
-      p.y + narrow * fractal_noise(seed + 62, p.x, p.y, 10, 2) + wide * noise(seed + 64, p.x / 27, p.y / 27)};
+/// How free a river is in its way at each point of its line: 1 in the plain, 0 in hills and at a lake, from
+/// point to point little changed.
+std::vector<double> freedom_along(const std::vector<Point> &line, const Field &height, const Field &lake) {
+  std::vector<double> free;
+  free.reserve(line.size());
+  for (const Point &p : line)
+    free.push_back((1 - smooth_step(20, 170, sampled(height, p.x * fine, p.y * fine))) *
+                   smooth_step(8, 18, -sampled(lake, p.x * fine, p.y * fine)));
+  for (int round = 0; round < 20; ++round)
+    for (std::size_t i = 1; i + 1 < free.size(); ++i) free[i] = (free[i - 1] + 2 * free[i] + free[i + 1]) / 4;
+  return free;
 }
 
-/// How many points below the place where its water comes in a tributary meets the line of the river: it joins
-/// at an acute angle, downstream.
-constexpr std::size_t downstream = 5;
-/// Points of a tributary that make way for the bend to its mouth.
-constexpr std::size_t bend = 10;
+/// In flat land the way over the cells is any: what is kept of it is its drift alone.
+void straighten(std::vector<Point> &line, const std::vector<double> &free) {
+  constexpr int rounds = 110;
+  for (int round = 0; round < rounds; ++round) {
+    const std::vector<Point> before = line;
+    smooth(line, 1);
+    for (std::size_t i = 0; i < line.size(); ++i) line[i] = before[i] + (line[i] - before[i]) * free[i];
+  }
+}
+
+/// Sideways swing of rivers: narrow in the hills, where the grid's eight directions would show, wide in the
+/// plain. It hangs on the place alone.
+Point swung(Point p, double flat, std::uint64_t seed) {
+  const Point narrow{fractal_noise(seed + 61, p.x, p.y, 10, 2), fractal_noise(seed + 62, p.x, p.y, 10, 2)};
+  const Point wide{noise(seed + 66, p.x / 32, p.y / 32), noise(seed + 67, p.x / 32, p.y / 32)};
+  return p + narrow * mix(1.2, 0.8, flat) + wide * (5 * flat);
+}
+
 /// Points over which a river grows from nothing.
 constexpr double youth = 16;
 
+/// Bends where the river is free, the longer the wider it is, and rounder than a wave: the line runs ahead in
+/// the bow of a bend and lags between two. They grow from nothing over `ends` points from the mouth.
+void meander(River &river, const std::vector<double> &free, double ends, std::uint64_t seed) {
+  const std::vector<Point> course = river.line;
+  const std::size_t last = course.size() - 1;
+  double phase = 40 * noise(seed + 63, course[last].x / 7, course[last].y / 7);
+  for (std::size_t k = 1; k < last; ++k) {
+    const Point p = course[k];
+    const Point way = course[std::min(k + 4, last)] - course[k - std::min<std::size_t>(k, 4)];
+    if (length(way) == 0) continue;
+    const double usual = 6.5 + 6.5 * river.widths[k];
+    const double reach = 1.6 * usual;
+    const double wavelength = usual * (1 + 0.4 * noise(seed + 64, p.x / reach, p.y / reach));
+    phase += 2 * pi * length(course[k] - course[k - 1]) / wavelength;
+    const double lively = std::max(0.0, 0.75 + 0.9 * noise(seed + 65, p.x / reach / 1.5, p.y / reach / 1.5));
+    const double height =
+        0.165 * wavelength * free[k] * lively * mix(0.6, 1, smooth_step(0.4, 1.5, river.widths[k])) *
+        std::min({1.0, static_cast<double>(k) / ends, static_cast<double>(last - k) / youth});
+    const Point along = way * (1 / length(way));
+    const Point across{-along.y, along.x};
+    river.line[k] = p + across * (height * sine(phase)) - along * (0.25 * height * sine(2 * phase));
+  }
+}
+
+/// Nearest point of a line to p, and how far it is.
+struct Nearest {
+  std::size_t index = 0;
+  double distance = 1e30;
+};
+
+Nearest nearest_on(const std::vector<Point> &line, Point p) {
+  Nearest best;
+  for (std::size_t i = 0; i < line.size(); ++i)
+    if (const double d = length(line[i] - p); d < best.distance) best = {i, d};
+  return best;
+}
+
+void drop_mouth(River &river, std::size_t points) {
+  const auto count = static_cast<std::ptrdiff_t>(points);
+  river.line.erase(river.line.begin(), river.line.begin() + count);
+  river.widths.erase(river.widths.begin(), river.widths.begin() + count);
+}
+
+/// Leads a tributary into a river, where it first meets it or else near `wish`: in a bend that ends
+/// downstream at an acute angle.
+void join(River &tributary, const River &river, Point wish) {
+  constexpr std::size_t downstream = 5;
+  auto &line = tributary.line;
+  std::size_t met = 0;
+  for (std::size_t k = 0; k < line.size(); ++k)
+    if (const Nearest n = nearest_on(river.line, line[k]); n.distance < 0.6 + river.widths[n.index] / 2) {
+      met = k;
+      wish = line[k];
+    }
+  drop_mouth(tributary, std::min(met, line.size() - 2));
+  const std::size_t meeting = nearest_on(river.line, wish).index;
+  const std::size_t mouth = meeting - std::min(meeting, downstream);
+  const Point end = river.line[mouth];
+  const double gap = length(line[std::min<std::size_t>(12, line.size() - 1)] - end);
+  const std::size_t bend = std::min(static_cast<std::size_t>(12 + 2 * gap), line.size() - 1);
+  const Point upstream = river.line[std::min(mouth + 6, river.line.size() - 1)] - end;
+  const Point control =
+      end + (line[bend] - end) * 0.3 + upstream * (0.5 * gap / std::max(0.1, length(upstream)));
+  for (std::size_t k = 0; k < bend; ++k) {
+    const double t = static_cast<double>(k) / static_cast<double>(bend);
+    line[k] = end * ((1 - t) * (1 - t)) + control * (2 * t * (1 - t)) + line[bend] * (t * t);
+  }
+  smooth(line, 6);
+}
+
 class Tracer {
  public:
-  Tracer(const Plan &plan, const Terrain &terrain, double smallest_area)
-      : plan_(plan), terrain_(terrain), smallest_(smallest_area), donors_(terrain.height.size()) {
+  Tracer(const Plan &plan, const Terrain &terrain, const Shores &shores, double smallest_area)
+      : plan_(plan),
+        terrain_(terrain),
+        shores_(shores),
+        smallest_(smallest_area),
+        donors_(terrain.height.size()) {
     const Drainage &d = terrain.drainage;
     for (const std::size_t i : d.order)
       if (d.receiver[i] != i && d.area[i] >= smallest_) donors_[d.receiver[i]].push_back(i);
@@ -61,9 +149,9 @@ class Tracer {
   }
 
  private:
-  /// Follows the greatest water upward from `first`, which flows into `joined`; then the tributaries. `mouth`
-  /// is the point where the river ends, or null where that is the sea.
-  void follow(std::size_t joined, std::size_t first, const Point *mouth) {
+  /// Follows the greatest water upward from `first`, which flows into the cell `joined`; then the
+  /// tributaries. `parent` is the river that it ends in, or null where that is the sea.
+  void follow(std::size_t joined, std::size_t first, const River *parent) {
     const Drainage &d = terrain_.drainage;
     River river;
     river.line.push_back(centre(terrain_.height, joined));
@@ -71,7 +159,6 @@ class Tracer {
     struct Tributary {
       std::size_t at;
       std::size_t from;
-      std::size_t position;
     };
     std::vector<Tributary> tributaries;
     for (std::size_t i = first;;) {
@@ -82,34 +169,36 @@ class Tracer {
       const std::size_t main = *std::max_element(
           above.begin(), above.end(), [&d](std::size_t a, std::size_t b) { return d.area[a] < d.area[b]; });
       for (const std::size_t other : above)
-        if (other != main) tributaries.push_back({i, other, river.line.size() - 1});
+        if (other != main) tributaries.push_back({i, other});
       i = main;
     }
     constexpr std::size_t shortest = 24;
     if (river.line.size() >= shortest) {
-      smooth(river.line, 10);
-      // Straight out to sea at the mouth, lest a bend run along the coast.
-      for (std::size_t k = 0; k < river.line.size(); ++k) {
-        const double free = mouth != nullptr ? 1 : std::min(1.0, static_cast<double>(k) / youth);
-        river.line[k] =
-            river.line[k] + (swung(river.line[k], terrain_.height, plan_.seed) - river.line[k]) * free;
-      }
-      if (mouth == nullptr) run_out(river.line);
-      if (mouth != nullptr) {
-        for (std::size_t k = 0; k < bend; ++k)
-          river.line[k] = *mouth + (river.line[bend] - *mouth) * (static_cast<double>(k) / bend);
-        smooth(river.line, 6);
-      }
-      for (std::size_t k = 0; k < river.widths.size(); ++k)
-        river.widths[k] *=
-            mix(0.3, 1, std::min(1.0, static_cast<double>(river.widths.size() - 1 - k) / youth));
+      draw(river, parent);
       rivers_.push_back(river);
     }
-    const std::vector<Point> line = river.line;
-    for (const Tributary &t : tributaries) {
-      const Point &meeting = line[t.position > downstream ? t.position - downstream : 0];
-      follow(t.at, t.from, &meeting);
+    for (const Tributary &t : tributaries) follow(t.at, t.from, &river);
+  }
+
+  /// Makes a river of the way over the cells.
+  void draw(River &river, const River *parent) const {
+    const Point wish = river.line.front();
+    smooth(river.line, 10);
+    const std::vector<double> free = freedom_along(river.line, terrain_.height, shores_.lake);
+    straighten(river.line, free);
+    // Straight out to sea at the mouth, lest a bend run along the coast.
+    for (std::size_t k = 0; k < river.line.size(); ++k) {
+      const double off_shore = parent != nullptr ? 1 : std::min(1.0, static_cast<double>(k) / youth);
+      const Point swing = swung(river.line[k], free[k], plan_.seed) - river.line[k];
+      river.line[k] = river.line[k] + swing * off_shore;
     }
+    meander(river, free, parent != nullptr ? 6 : 2 * youth, plan_.seed);
+    if (parent == nullptr)
+      run_out(river.line);
+    else if (parent->line.size() > 1)
+      join(river, *parent, wish);
+    for (std::size_t k = 0; k < river.widths.size(); ++k)
+      river.widths[k] *= mix(0.3, 1, std::min(1.0, static_cast<double>(river.widths.size() - 1 - k) / youth));
   }
 
   /// Leads the last of a river straight on into the sea; the way of the water over the grid's last cells
@@ -134,6 +223,7 @@ class Tracer {
 
   const Plan &plan_;
   const Terrain &terrain_;
+  const Shores &shores_;
   double smallest_;
   std::vector<std::vector<std::size_t>> donors_;
   std::vector<River> rivers_;
@@ -164,19 +254,6 @@ River arm_of(const Delta_arm &arm, const Field &land, std::uint64_t seed) {
   return river;
 }
 
-/// Nearest point of a line to p, and how far it is.
-struct Nearest {
-  std::size_t index = 0;
-  double distance = 1e30;
-};
-
-Nearest nearest_on(const std::vector<Point> &line, Point p) {
-  Nearest best;
-  for (std::size_t i = 0; i < line.size(); ++i)
-    if (const double d = length(line[i] - p); d < best.distance) best = {i, d};
-  return best;
-}
-
 /// A stream that would cross an arm of the delta ends in it.
 void end_in_arms(std::vector<River> &rivers, const std::vector<River> &arms) {
   constexpr double crossing = 2.2;
@@ -190,8 +267,7 @@ void end_in_arms(std::vector<River> &rivers, const std::vector<River> &arms) {
           at = arm.line[std::min(n.index + 3, arm.line.size() - 1)];
         }
       if (last == 0) continue;
-      river.line.erase(river.line.begin(), river.line.begin() + static_cast<std::ptrdiff_t>(last));
-      river.widths.erase(river.widths.begin(), river.widths.begin() + static_cast<std::ptrdiff_t>(last));
+      drop_mouth(river, last);
       river.line.front() = at;
     }
   std::erase_if(rivers, [](const River &river) { return river.line.size() < 12; });
@@ -201,7 +277,7 @@ void end_in_arms(std::vector<River> &rivers, const std::vector<River> &arms) {
 
 std::vector<River> trace_rivers(const Plan &plan, const Terrain &terrain, const Shores &shores,
                                 double smallest_area) {
-  std::vector<River> rivers = Tracer(plan, terrain, smallest_area).all();
+  std::vector<River> rivers = Tracer(plan, terrain, shores, smallest_area).all();
   std::vector<River> arms;
   // The greatest river of the country is the one whose arms were drawn.
   const auto size = [](const River &river) {
@@ -220,9 +296,7 @@ std::vector<River> trace_rivers(const Plan &plan, const Terrain &terrain, const 
     River &river = rivers[main];
     constexpr std::size_t easing = 10;
     const std::size_t nearest = nearest_on(river.line, plan.arms.front().course.front()).index;
-    const auto fork = static_cast<std::ptrdiff_t>(std::min(nearest + easing, river.line.size() - 2));
-    river.line.erase(river.line.begin(), river.line.begin() + fork);
-    river.widths.erase(river.widths.begin(), river.widths.begin() + fork);
+    drop_mouth(river, std::min(nearest + easing, river.line.size() - 2));
   }
   for (const Delta_arm &arm : plan.arms) {
     River river = arm_of(arm, shores.land, plan.seed);
@@ -237,7 +311,8 @@ std::vector<River> trace_rivers(const Plan &plan, const Terrain &terrain, const 
       }
     river.line.insert(river.line.begin(), start);
     river.widths.insert(river.widths.begin(), arm.first_width);
-    smooth(river.line, 6);
+    smooth(river.line, 24);
+    meander(river, std::vector<double>(river.line.size(), 0.7), youth, plan.seed);
     arms.push_back(river);
   }
   if (main < rivers.size()) {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <span>
 
+#include "drawing/contour.h"
 #include "drawing/raster.h"
 #include "numbers/math.h"
 #include "numbers/noise.h"
@@ -67,6 +68,8 @@ constexpr Colour snow{253, 254, 255};
 constexpr Colour snow_shade{168, 184, 208};
 constexpr Colour crown{124, 160, 112};
 constexpr Colour fir{100, 140, 114};
+constexpr Colour cliff{222, 208, 182};
+constexpr Colour cliff_ink{112, 92, 80};
 constexpr Colour sand{242, 231, 190};
 constexpr Colour marsh{166, 202, 184};
 constexpr Colour reed{112, 162, 168};
@@ -488,12 +491,40 @@ Path sign_of(const Pass &pass, double width) {
   return sign;
 }
 
-/// 1 in the middle of a stretch, 0 from its edge on; `torn` moves the edge.
+/// The same with a torn edge.
 double torn_within(const std::vector<Stretch> &stretches, double px, double py, double torn) {
-  double most = 0;
-  for (const Stretch &s : stretches)
-    most = std::max(most, 1 - length({px - s.centre.x, py - s.centre.y}) / s.radius);
+  const double most = within(stretches, {px, py});
   return most <= 0 ? 0 : most + torn;
+}
+
+/// Strokes from the shore up the rock, where the coast falls steeply into the sea.
+Path cliffs_of(const Scene &scene) {
+  constexpr double apart = 1.15;
+  const Field &land = scene.shores.land;
+  const auto at = [&](double x, double y) { return sampled(land, x * fine, y * fine); };
+  Path strokes;
+  std::int64_t count = 0;
+  const Path shores = contour(land, 0).transformed(Affine::scaling(1.0 / fine, 1.0 / fine));
+  for (const Contour &shore : shores.contours()) {
+    double walked = 0;
+    for (std::size_t k = 1; k < shore.points.size(); ++k) {
+      const Point p = shore.points[k];
+      walked += length(p - shore.points[k - 1]);
+      const std::uint64_t h = hash(scene.plan.seed + 97, count, 0);
+      const double chance = static_cast<double>(h & 0xFF) / 255;
+      if (walked < apart * (0.7 + 0.6 * chance)) continue;
+      walked = 0;
+      ++count;
+      const double steep = smooth_step(0, 0.25, within(scene.plan.cliffs, p));
+      if (steep == 0 || sampled(scene.shores.bank, p.x * fine, p.y * fine) > -1) continue;
+      const Point up{at(p.x + 0.7, p.y) - at(p.x - 0.7, p.y), at(p.x, p.y + 0.7) - at(p.x, p.y - 0.7)};
+      if (length(up) == 0) continue;
+      const Point way = up * (1 / length(up));
+      const double high = steep * (1.1 + 1.5 * static_cast<double>((h >> 8) & 0xFF) / 255);
+      strokes.add(stroked(Path().move_to(p + way * 0.4).line_to(p + way * (0.4 + high)), 0.42));
+    }
+  }
+  return strokes;
 }
 
 /// What the painter needs at every cell, worked out once.
@@ -543,6 +574,7 @@ class Painter {
     }
     pass_paper_ = coverage(casings.transformed(to_fine), height.width(), height.height());
     pass_signs_ = coverage(signs.transformed(to_fine), height.width(), height.height());
+    cliffs_ = coverage(cliffs_of(scene).transformed(to_fine), height.width(), height.height());
     Path rivers = river_shape(scene.rivers, 0.36);
     rivers.add(glaciers.brooks);
     water_ = coverage(rivers.transformed(to_fine), height.width(), height.height());
@@ -603,6 +635,7 @@ class Painter {
     colour = blend(colour, neighbour, grey);
     colour = lit(colour, brightness * mix(0.8, 1, ours));
     colour = under_trees(colour, x, y, height, brightness, 1 - grey);
+    colour = under_cliff(colour, x, y);
     colour = under_water(colour, x, y, ours);
     colour = under_snow(colour, x, y, height, brightness);
     colour = under_ice(colour, x, y, brightness);
@@ -630,7 +663,7 @@ class Painter {
     const double low = 1 - smooth_step(250, 700, height);
     const double south = smooth_step(360, 520, py + 30 * fractal_noise(seed + 83, px, py, 60, 3));
     colour = blend(colour, dry, 0.5 * low * south * smooth_step(225, 300, px));
-    const double wet = (1 - smooth_step(4, 16, height)) *
+    const double wet = (1 - smooth_step(4, 16, height)) * (within(scene_.plan.cliffs, {px, py}) > 0 ? 0 : 1) *
                        smooth_step(0.1, 0.45, 0.25 + fractal_noise(seed + 84, px, py, 14, 3));
     colour = blend(colour, marsh, 0.6 * wet);
     colour = blend(colour, reed, 0.7 * smooth_step(0.75, 0.95, wet) * reeds(seed, px * fine, py * fine));
@@ -722,6 +755,16 @@ class Painter {
     return blend(colour, {112, 156, 198}, 0.7 * bare * static_cast<double>(ice_strokes_.at(x, y)));
   }
 
+  /// Bare rock along the shore, with its strokes.
+  Colour under_cliff(Colour colour, int x, int y) const {
+    const double inland = scene_.terrain.inland.at(x, y);
+    if (inland > 4) return colour;
+    const double steep =
+        smooth_step(0, 0.25, within(scene_.plan.cliffs, {(x + 0.5) / fine, (y + 0.5) / fine}));
+    colour = blend(colour, cliff, 0.75 * steep * (1 - smooth_step(0.8, 2.6, inland)));
+    return blend(colour, cliff_ink, 0.75 * static_cast<double>(cliffs_.at(x, y)));
+  }
+
   Colour under_water(Colour colour, int x, int y, double ours) const {
     const double shore = edge_distance(scene_.shores.lake, x, y);
     const double lake = clamp01(0.5 + shore * fine);
@@ -737,13 +780,18 @@ class Painter {
   double soft_coast(double px, double py) const {
     double best = 1e18;
     double raggedness = 1;
-    for (const Coast_point &c : scene_.plan.coast) {
-      const double d = (c.place.x - px) * (c.place.x - px) + (c.place.y - py) * (c.place.y - py);
-      if (d >= best) continue;
-      best = d;
-      raggedness = c.raggedness;
-    }
-    return 1 - smooth_step(0.12, 0.26, raggedness);
+    const auto look = [&](const std::vector<Coast_point> &coast) {
+      for (const Coast_point &c : coast) {
+        const double d = (c.place.x - px) * (c.place.x - px) + (c.place.y - py) * (c.place.y - py);
+        if (d >= best) continue;
+        best = d;
+        raggedness = c.raggedness;
+      }
+    };
+    look(scene_.plan.coast);
+    for (const auto &island : scene_.plan.islands) look(island);
+    return (1 - smooth_step(0.12, 0.26, raggedness)) *
+           (1 - smooth_step(0, 0.2, within(scene_.plan.cliffs, {px, py})));
   }
 
   /// Warm light on the lit side, cool shadow on the other, neither ever quite full.
@@ -765,6 +813,7 @@ class Painter {
   Coverage ice_;
   Coverage ice_edge_;
   Coverage ice_strokes_;
+  Coverage cliffs_;
   Coverage pass_paper_;
   Coverage pass_signs_;
 };

@@ -99,6 +99,11 @@ const std::map<std::string, std::function<void(Plan &, const Fields &)>> &line_k
       {"forêt", [](Plan &p, const Fields &f) { p.forests.push_back(stretch(f)); }},
       {"vignes", [](Plan &p, const Fields &f) { p.vineyards.push_back(stretch(f)); }},
       {"karst", [](Plan &p, const Fields &f) { p.karst.push_back(stretch(f)); }},
+      {"falaise", [](Plan &p, const Fields &f) { p.cliffs.push_back(stretch(f)); }},
+      {"volcan",
+       [](Plan &p, const Fields &f) {
+         p.volcanoes.push_back({stretch(f), number(f.at(4))});
+       }},
       {"îlot",
        [](Plan &p, const Fields &f) {
          p.islets.push_back({number(f.at(1)), points(f.at(2))});
@@ -160,6 +165,12 @@ std::vector<Point> smooth_line(const std::vector<Point> &points, double step, bo
   }
   if (!closed) result.push_back(points.back());
   return result;
+}
+
+double within(const std::vector<Stretch> &stretches, Point p) {
+  double most = 0;
+  for (const Stretch &s : stretches) most = std::max(most, 1 - length(p - s.centre) / s.radius);
+  return most;
 }
 
 double distance_to_line(const std::vector<Point> &line, Point p) {

@@ -49,6 +49,15 @@ struct Stretch {
   double radius = 0;
 };
 
+/// How much of a place lies in one of the stretches: 1 in its middle, 0 from its edge on.
+double within(const std::vector<Stretch> &stretches, Point p);
+
+struct Volcano {
+  /// Its foot.
+  Stretch foot;
+  double height = 0;
+};
+
 /// A bank of sand or a row of rocks off the coast, of no province.
 struct Islet {
   double half_width = 0;
@@ -74,6 +83,9 @@ struct Plan {
   std::vector<Stretch> forests;
   std::vector<Stretch> vineyards;
   std::vector<Stretch> karst;
+  /// Coasts that fall steeply into the sea.
+  std::vector<Stretch> cliffs;
+  std::vector<Volcano> volcanoes;
   std::vector<Islet> islets;
   std::vector<Ria> rias;
   /// By region number from 1; regions of the islands have no anchor and stand at (0, 0).

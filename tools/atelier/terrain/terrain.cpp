@@ -314,10 +314,11 @@ Level first_relief(const Plan &plan, const Shores &shores) {
       const double plain = 12 + 75 * smooth_step(0, 160, inland.at(i, j));
       const double hills = 30 * (0.6 + fractal_noise(plan.seed + 13, p.x, p.y, 60, 5));
       const double basin = mix(0.66, 1, rim_of_basin(plan, p));
+      const double cliff = smooth_step(0, 0.3, within(plan.cliffs, p));
       const double wanted = basin *
-                            (plain + std::max(0.0, hills) +
+                            (plain + std::max(0.0, hills) + 70 * cliff +
                              ridge * (0.35 + 1.0 * power(ridged_noise(plan.seed + 14, p.x, p.y, 40, 4), 2))) *
-                            smooth_step(-2, 14, inland.at(i, j));
+                            smooth_step(-2, mix(14, 3, cliff), inland.at(i, j));
       const Valley valley = valley_at(beds, {p.x + 0.35 * wx, p.y + 0.35 * wy});
       const double open = smooth_step(1, 20, valley.distance);
       level.height.at(i, j) = mix(std::min(wanted, valley.height + 2), wanted, open) +
@@ -364,6 +365,25 @@ void flatten_lakes(Level &level, const Field &lake) {
     }
   for (std::size_t i = 0; i < lake.size(); ++i)
     if (numbers[i] != 0) level.height[i] = surface[static_cast<std::size_t>(numbers[i])];
+}
+
+/// Young cones on the worn land: slopes that steepen towards the rim of a crater, furrowed by the rain.
+void raise_volcanoes(Level &level, const Plan &plan, const Field &inland) {
+  constexpr double crater = 0.2;
+  constexpr double steepening = 1.5;
+  for (const Volcano &volcano : plan.volcanoes)
+    for (int j = 0; j < level.height.height(); ++j)
+      for (int i = 0; i < level.height.width(); ++i) {
+        const Point from = Point{(i + 0.5) * level.cell, (j + 0.5) * level.cell} - volcano.foot.centre;
+        const double t = length(from) / volcano.foot.radius;
+        if (t >= 1 || !level.land.at(i, j)) continue;
+        const Point way = from * (2.6 / std::max(0.01, length(from)));
+        const double furrow = fractal_noise(plan.seed + 45, way.x, way.y, 1, 2) * smooth_step(crater, 0.5, t);
+        const double slope =
+            power(1 - std::max(t, 2 * crater - t), steepening) * (1 - 0.3 * furrow * (1 - t));
+        double &h = level.height.at(i, j);
+        h = std::max(h, volcano.height * slope * smooth_step(0, 4, inland.at(i, j)));
+      }
 }
 
 /// Worn anew on a finer grid, for the eye alone: rivers and borders keep to the level's own.
@@ -418,11 +438,11 @@ Terrain raise_terrain(const Plan &plan, const Shores &whole) {
   for (int step = 0; step < 60; ++step) erode(level, {1, erodibility, 0.3, 0.04});
   level = refined(level, shores.land, 0.08, plan.seed + 42);
   for (int step = 0; step < 18; ++step) erode(level, {2, erodibility, 0.1, 0.02});
-  flatten_lakes(level, shores.lake);
-
   Terrain terrain;
-  terrain.relief = relief_of(level, shores, plan.seed + 43);
   terrain.inland = coast_distance(level.land, level.cell);
+  raise_volcanoes(level, plan, terrain.inland);
+  flatten_lakes(level, shores.lake);
+  terrain.relief = relief_of(level, shores, plan.seed + 43);
   terrain.drainage = drain(level.height, level.land, level.cell);
   terrain.height = level.height;
   for (std::size_t i = 0; i < terrain.height.size(); ++i)

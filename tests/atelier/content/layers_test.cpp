@@ -355,7 +355,7 @@ TEST_P(Scales, RegionsDrawNoBorderAroundTheLakesInside) {
 
 /// How much of a highlight's pixel is red line and not casing, 0 to 1.
 double redness(const atelier::Pixel &pixel) {
-  return pixel.a == 0 ? 0 : std::clamp((240.0 - pixel.g) / (240 - 22), 0.0, 1.0);
+  return pixel.a == 0 ? 0 : std::clamp((228.0 - pixel.g) / (228 - 48), 0.0, 1.0);
 }
 
 TEST_P(Scales, ARegionsHighlightIsOneSolidRedLineWithAPaleCasing) {
@@ -407,7 +407,7 @@ TEST_P(Scales, TheHighlightsOfTwoRegionsShareTheirLine) {
   for (std::size_t d = 0; d < 4; ++d) {
     EXPECT_GT(widths.count(d), 20) << Widths::directions[d];
     if (scale() == 2)
-      EXPECT_NEAR(widths.width(d), 3.4, 0.15) << Widths::directions[d];
+      EXPECT_NEAR(widths.width(d), 2.8, 0.15) << Widths::directions[d];
     else
       EXPECT_NEAR(widths.width(d), 1.85, 0.2) << Widths::directions[d];
   }

@@ -13,13 +13,19 @@ namespace {
 
 constexpr Pixel yellow{255, 255, 127, 255};
 constexpr Pixel black{0, 0, 0, 255};
-constexpr Pixel dark_red{140, 22, 32, 255};
-constexpr Pixel casing{255, 240, 214, 255};
+constexpr Pixel dark_red{144, 48, 50, 255};
+constexpr Pixel casing{243, 228, 200, 255};
 
 /// Widths of lines in map pixels.
 constexpr double outline_width = 1;
-constexpr double red_width = 1.7;
-constexpr double cased_width = 3.3;
+struct Highlight_width {
+  double red = 0;
+  double cased = 0;
+};
+/// Whole pixels need the wider line to lie on either side of the border.
+constexpr Highlight_width highlight_width(int scale) {
+  return scale == 1 ? Highlight_width{1.7, 3.3} : Highlight_width{1.4, 2.8};
+}
 
 /// By how many fine pixels a border is rounded off before it is drawn along: as much as takes the steps out.
 constexpr double rounding = 1.2;
@@ -143,7 +149,7 @@ Highlights::Highlights(Grid<int> regions, const Grid<int> &fine_regions, std::ve
   for (const int scale : {1, 2}) {
     Grid<float> red(regions_.width() * scale, regions_.height() * scale, 0);
     for (int r = 1; r < static_cast<int>(frames_.size()); ++r) {
-      const Coverage line = stroke(r, red_width, scale);
+      const Coverage line = stroke(r, highlight_width(scale).red, scale);
       for (int y = 0; y < line.height; ++y)
         for (int x = 0; x < line.width; ++x) {
           float &most = red.at(frame(r).left * scale + x, frame(r).top * scale + y);
@@ -185,8 +191,8 @@ void Highlights::close_gaps(Coverage &line, int region) const {
 }
 
 Image Highlights::draw(int region, int scale) const {
-  const Coverage line = stroke(region, red_width, scale);
-  const Coverage cased = stroke(region, cased_width, scale);
+  const Coverage line = stroke(region, highlight_width(scale).red, scale);
+  const Coverage cased = stroke(region, highlight_width(scale).cased, scale);
   const Grid<float> &red = red_[static_cast<std::size_t>(scale - 1)];
   Image image(line.width, line.height);
   for (int y = 0; y < image.height(); ++y)

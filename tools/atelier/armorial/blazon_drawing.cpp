@@ -245,7 +245,7 @@ class Peintre {
         au_sol = true;
       } else {
         compagnies.push_back(
-            {&annexe.objet, places_prises(annexe, meubles_.chercher(annexe.objet.meuble), zone_, c)});
+            {&annexe.objet, places_prises(annexe, meubles_.chercher(annexe.objet.meuble), meuble, zone_, c)});
       }
     }
     for (const Compagnie &compagnie : compagnies)

@@ -60,7 +60,8 @@ std::vector<int> répartis(int nombre, std::size_t cadres, Pièce pièce, Lieu l
   return result;
 }
 
-std::vector<Place> places_prises(const Annexe &annexe, const Meuble &meuble, const Zone &zone, Cadre &c) {
+std::vector<Place> places_prises(const Annexe &annexe, const Meuble &meuble, const Meuble &principal,
+                                 const Zone &zone, Cadre &c) {
   const Objet &objet = annexe.objet;
   if (annexe.relation == Relation::accosté) return places_des_côtés(objet.nombre, c);
   if (annexe.relation == Relation::cantonné || objet.nombre == 4) return places_des_cantons(c);
@@ -71,7 +72,9 @@ std::vector<Place> places_prises(const Annexe &annexe, const Meuble &meuble, con
     c.h -= h;
     return disposés(objet, objet.nombre, {c.x, c.bas(), c.l, h}, zone, meuble);
   }
-  const double h = c.h * (objet.nombre <= 2 ? 0.36 : 0.31);
+  // A charge that is wider than high leaves more above it to two others, which have but half its width each.
+  const bool couché = principal.largeur > principal.hauteur;
+  const double h = c.h * (objet.nombre > 2 ? 0.31 : objet.nombre == 2 && couché ? 0.43 : 0.36);
   const Cadre chef{c.x, c.y, c.l, h};
   c = {c.x, c.y + h, c.l, c.h - h};
   return disposés(objet, objet.nombre, chef, zone, meuble);

@@ -14,6 +14,7 @@ std::vector<int> répartis(int nombre, std::size_t cadres, Pièce pièce, Lieu l
 
 /// The places of what accompanies a charge, `meuble` being its kind; their room is taken from the charge's
 /// frame.
-std::vector<Place> places_prises(const Annexe &annexe, const Meuble &meuble, const Zone &zone, Cadre &cadre);
+std::vector<Place> places_prises(const Annexe &annexe, const Meuble &meuble, const Meuble &principal,
+                                 const Zone &zone, Cadre &c);
 
 }  // namespace atelier

@@ -620,6 +620,8 @@ class Painter {
       line = std::max(line, 1 - clamp01(std::abs(pixels) - 0.35));
     }
     const double px = offshore_.at(x, y) / fine;
+    // Where the ground hardly slopes the line would fall into dots.
+    line *= smooth_step(0.05, 0.25, slope);
     colour = blend(colour, {96, 140, 178}, 0.3 * line * smooth_step(2, 5, px));
     return blend(colour, {234, 244, 243}, 0.6 * exponential(-px / 3.4));
   }

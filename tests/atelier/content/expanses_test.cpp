@@ -1,6 +1,7 @@
 // "etendues.txt": what is told of the map picture is what the picture shows, and what answers clicks.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -37,6 +38,12 @@ TEST(Expanses, CoverTheMap) {
     ASSERT_EQ(row.size(), map_width);
     EXPECT_EQ(row.find_first_not_of("mlvip"), row.npos);
   }
+}
+
+TEST(Expanses, TheSeaIsLessThanNineTwentiethsOfTheMap) {
+  long sea = 0;
+  for (const std::string &row : expanses()) sea += std::count(row.begin(), row.end(), 'm');
+  EXPECT_LT(sea, map_width * map_height * 9 / 20);
 }
 
 TEST(Expanses, AreProvincesWhereClicksAreAnswered) {

@@ -24,7 +24,9 @@ bool écrire_sonde(const std::string &chemin) {
   std::ostringstream octets;
   Scripteur_de_cases cases(octets);
   cases.texte(chemin);
-  return cases.terminer() && écrire_neuf(chemin_natif(chemin), octets.str()) == Ecriture::faite;
+  if (!cases.terminer()) return false;
+  return écrire_octets(chemin_natif(chemin), octets.str(), Nom_de_fichier::libre, Disque::non_attendu) ==
+         Ecriture::faite;
 }
 
 /// A link is its own file here: what it leads to is not the folder's.

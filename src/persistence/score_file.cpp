@@ -42,7 +42,7 @@ std::optional<std::string> écrire_fichier(const std::string &chemin, const Cont
   std::ostringstream flux;
   const auto défaut = écrire_scores(flux, contenu);
   const std::filesystem::path fichier = chemin_natif(chemin);
-  const Ecriture écriture = écrire_durablement(fichier, flux.str(), Nom_de_fichier::quelconque);
+  const Ecriture écriture = écrire_octets(fichier, flux.str(), Nom_de_fichier::quelconque, Disque::attendu);
   if (écriture == Ecriture::sans_fichier) return "il ne peut pas être créé";
   if (écriture == Ecriture::incomplète) return "le disque est plein ou en panne";
   fixer_dossier(fichier.parent_path());

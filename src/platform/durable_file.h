@@ -15,13 +15,13 @@ enum class Nom_de_fichier : std::uint8_t {
   quelconque  ///< a file that is emptied first, or a link that is followed
 };
 
-/// Makes a file of a name that is free, with `octets` in it. `sans_fichier` if it could not be made,
-/// `incomplète` if the disk is full or fails; the file then stays with what has been written.
-Ecriture écrire_neuf(const std::filesystem::path &fichier, std::string_view octets);
+/// Whether the disk is waited for until it has the bytes.
+enum class Disque : std::uint8_t { attendu, non_attendu };
 
-/// The same under either kind of name, and waits for the disk to have them.
-Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_view octets,
-                            Nom_de_fichier nom);
+/// Makes a file with `octets` in it. `sans_fichier` if it could not be made, `incomplète` if the disk is full
+/// or fails; the file then stays with what has been written.
+Ecriture écrire_octets(const std::filesystem::path &fichier, std::string_view octets, Nom_de_fichier nom,
+                       Disque disque);
 
 /// Gives a file the name of another, in whose place it is then, and waits for the disk to know of it. False,
 /// and both stay as they were, where the system refuses.

@@ -38,24 +38,15 @@ class Descripteur {
 
 constexpr mode_t droits = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;  // less the umask
 
-Ecriture écrire(const std::filesystem::path &fichier, std::string_view octets, Nom_de_fichier nom,
-                bool durablement) {
+}  // namespace
+
+Ecriture écrire_octets(const std::filesystem::path &fichier, std::string_view octets, Nom_de_fichier nom,
+                       Disque disque) {
   const int selon_le_nom = nom == Nom_de_fichier::libre ? O_EXCL | O_NOFOLLOW : O_TRUNC;
   const Descripteur ouvert(open(fichier.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | selon_le_nom, droits));
   if (!ouvert.est_ouvert()) return Ecriture::sans_fichier;
-  const bool écrits = ouvert.écrire(octets) && (!durablement || ouvert.attendre_le_disque());
+  const bool écrits = ouvert.écrire(octets) && (disque == Disque::non_attendu || ouvert.attendre_le_disque());
   return écrits ? Ecriture::faite : Ecriture::incomplète;
-}
-
-}  // namespace
-
-Ecriture écrire_neuf(const std::filesystem::path &fichier, std::string_view octets) {
-  return écrire(fichier, octets, Nom_de_fichier::libre, false);
-}
-
-Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_view octets,
-                            Nom_de_fichier nom) {
-  return écrire(fichier, octets, nom, true);
 }
 
 bool prendre_le_nom(const std::filesystem::path &fichier, const std::filesystem::path &nom) {

@@ -6,12 +6,8 @@
 
 namespace ardane {
 
-Ecriture écrire_neuf(const std::filesystem::path &fichier, std::string_view octets) {
-  return écrire_durablement(fichier, octets, Nom_de_fichier::libre);
-}
-
-Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_view octets,
-                            Nom_de_fichier nom) {
+Ecriture écrire_octets(const std::filesystem::path &fichier, std::string_view octets, Nom_de_fichier nom,
+                       Disque) {
   std::error_code erreur;
   if (nom == Nom_de_fichier::libre &&
       std::filesystem::exists(std::filesystem::symlink_status(fichier, erreur)))

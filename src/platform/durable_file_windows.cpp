@@ -38,16 +38,6 @@ class Poignée {
   HANDLE poignée_;
 };
 
-Ecriture écrire(const std::filesystem::path &fichier, std::string_view octets, Nom_de_fichier nom,
-                bool durablement) {
-  const DWORD selon_le_nom = nom == Nom_de_fichier::libre ? CREATE_NEW : CREATE_ALWAYS;
-  const Poignée ouverte(CreateFileW(fichier.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                                    nullptr, selon_le_nom, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!ouverte.est_ouverte()) return Ecriture::sans_fichier;
-  const bool écrits = ouverte.écrire(octets) && (!durablement || ouverte.attendre_le_disque());
-  return écrits ? Ecriture::faite : Ecriture::incomplète;
-}
-
 /// A virus scanner or an indexer may have the file open for a moment.
 constexpr int essais = 20;
 constexpr DWORD entre_deux_essais_ms = 10;
@@ -58,13 +48,15 @@ bool est_passager(DWORD erreur) {
 
 }  // namespace
 
-Ecriture écrire_neuf(const std::filesystem::path &fichier, std::string_view octets) {
-  return écrire(fichier, octets, Nom_de_fichier::libre, false);
-}
-
-Ecriture écrire_durablement(const std::filesystem::path &fichier, std::string_view octets,
-                            Nom_de_fichier nom) {
-  return écrire(fichier, octets, nom, true);
+Ecriture écrire_octets(const std::filesystem::path &fichier, std::string_view octets, Nom_de_fichier nom,
+                       Disque disque) {
+  const DWORD selon_le_nom = nom == Nom_de_fichier::libre ? CREATE_NEW : CREATE_ALWAYS;
+  const Poignée ouverte(CreateFileW(fichier.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                    nullptr, selon_le_nom, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!ouverte.est_ouverte()) return Ecriture::sans_fichier;
+  const bool écrits =
+      ouverte.écrire(octets) && (disque == Disque::non_attendu || ouverte.attendre_le_disque());
+  return écrits ? Ecriture::faite : Ecriture::incomplète;
 }
 
 bool prendre_le_nom(const std::filesystem::path &fichier, const std::filesystem::path &nom) {

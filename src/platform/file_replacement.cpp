@@ -73,7 +73,7 @@ std::optional<std::string_view> remplacer_fichier(const fs::path &fichier, std::
   if (fs::exists(ancien) && est_protégé(cible)) return "il est protégé contre l'écriture";
 
   const fs::path provisoire = nom_provisoire(cible);
-  const Ecriture écriture = écrire_durablement(provisoire, octets, Nom_de_fichier::libre);
+  const Ecriture écriture = écrire_octets(provisoire, octets, Nom_de_fichier::libre, Disque::attendu);
   if (écriture == Ecriture::sans_fichier) return "son dossier refuse un nouveau fichier";
   if (écriture == Ecriture::faite) {
     if (fs::exists(ancien)) fs::permissions(provisoire, ancien.permissions(), erreur);

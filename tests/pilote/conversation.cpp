@@ -49,6 +49,11 @@ std::string Réplique::texte() const {
   return texte;
 }
 
+Réplique Conversation::dire(const std::string &commande) {
+  if (finie()) throw std::logic_error("the pilot has left already");
+  return pilote_->répondre(commande);
+}
+
 Json Conversation::état(const std::string &chemin) {
   return dire("état " + chemin).valeur("état");
 }

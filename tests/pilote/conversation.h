@@ -43,26 +43,32 @@ struct Réplique {
   std::string texte() const;
 };
 
+/// The pilot at the other end of a conversation: on Windows a process of its own, the program that ships.
+struct Interlocuteur {
+  virtual ~Interlocuteur() = default;
+  virtual Réplique répondre(const std::string &commande) = 0;
+
+  bool fini = false;
+  int code = 0;
+};
+
 class Conversation {
  public:
+  /// Not on Windows.
   explicit Conversation(const OptionsPilote &options);
-  /// The same by the words of a command line. On Windows it is a process of its own, the program that ships.
+  /// The same by the words of a command line.
   explicit Conversation(const std::vector<std::string> &arguments);
-  ~Conversation();
-  Conversation(const Conversation &) = delete;
-  Conversation &operator=(const Conversation &) = delete;
 
   /// Says one command and waits for the answer. Nothing must be said once the pilot has left.
   Réplique dire(const std::string &commande);
   /// Value of a variable, as `état PATH` tells it.
   Json état(const std::string &chemin);
   /// True once the pilot has left; its exit code.
-  bool finie() const;
-  int code() const;
+  bool finie() const { return pilote_->fini; }
+  int code() const { return pilote_->code; }
 
  private:
-  struct Fil;
-  std::unique_ptr<Fil> fil_;
+  std::unique_ptr<Interlocuteur> pilote_;
 };
 
 }  // namespace ardane

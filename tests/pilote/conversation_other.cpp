@@ -1,7 +1,6 @@
 // Systems other than Windows: the pilot is a thread of this process, which a debugger follows.
 #include <semaphore>
 #include <sstream>
-#include <stdexcept>
 #include <streambuf>
 #include <thread>
 
@@ -9,9 +8,10 @@
 #include "front/pilote/pilot.h"
 
 namespace ardane {
+namespace {
 
 /// The pilot's thread and the test's take turns: one of them always waits.
-struct Conversation::Fil {
+struct Fil : Interlocuteur {
   /// Where the pilot reads: to ask for a line is to end its turn.
   class Entrée : public std::streambuf {
    public:
@@ -39,19 +39,30 @@ struct Conversation::Fil {
     tour_du_test.acquire();
   }
 
-  ~Fil() {
+  ~Fil() override {
     if (!fini) {
       muet = true;
       tour_du_pilote.release();
     }
     fil.join();
   }
+  Fil(const Fil &) = delete;
+  Fil &operator=(const Fil &) = delete;
+
+  Réplique répondre(const std::string &dite) override {
+    commande = dite;
+    tour_du_pilote.release();
+    tour_du_test.acquire();
+    std::istringstream lignes(sortie.str());
+    sortie.str({});
+    Réplique réplique;
+    for (std::string ligne; std::getline(lignes, ligne);) réplique.lignes.push_back(Json::parse(ligne));
+    return réplique;
+  }
 
   std::binary_semaphore tour_du_test{0}, tour_du_pilote{0};
   std::string commande;
   bool muet = false;  ///< nothing more will be said
-  bool fini = false;
-  int code = 0;
   Entrée entrée{*this};
   std::istream flux_entrée{&entrée};
   std::ostringstream sortie;
@@ -59,31 +70,11 @@ struct Conversation::Fil {
   std::thread fil;
 };
 
-Conversation::Conversation(const OptionsPilote &options) : fil_(std::make_unique<Fil>(options)) {}
+}  // namespace
+
+Conversation::Conversation(const OptionsPilote &options) : pilote_(std::make_unique<Fil>(options)) {}
 
 Conversation::Conversation(const std::vector<std::string> &arguments)
     : Conversation(lire_options(arguments)) {}
-
-Conversation::~Conversation() = default;
-
-Réplique Conversation::dire(const std::string &commande) {
-  if (fil_->fini) throw std::logic_error("the pilot has left already");
-  fil_->commande = commande;
-  fil_->tour_du_pilote.release();
-  fil_->tour_du_test.acquire();
-  std::istringstream sortie(fil_->sortie.str());
-  fil_->sortie.str({});
-  Réplique réplique;
-  for (std::string ligne; std::getline(sortie, ligne);) réplique.lignes.push_back(Json::parse(ligne));
-  return réplique;
-}
-
-bool Conversation::finie() const {
-  return fil_->fini;
-}
-
-int Conversation::code() const {
-  return fil_->code;
-}
 
 }  // namespace ardane

@@ -26,10 +26,8 @@ struct Tuyau {
   HANDLE lecture = nullptr, écriture = nullptr;
 };
 
-}  // namespace
-
-struct Conversation::Fil {
-  explicit Fil(const std::vector<std::string> &arguments) {
+struct Processus : Interlocuteur {
+  explicit Processus(const std::vector<std::string> &arguments) {
     std::wstring ligne = L'"' + programme_voisin(L"ardane-pilote.exe") + L'"';
     for (const std::string &argument : arguments) ligne += L" \"" + texte_large(argument) + L'"';
     STARTUPINFOW départ{};
@@ -43,17 +41,30 @@ struct Conversation::Fil {
     CloseHandle(vers.lecture);
     CloseHandle(depuis.écriture);
   }
-  ~Fil() {
+  ~Processus() override {
     CloseHandle(vers.écriture);
     WaitForSingleObject(processus.hProcess, INFINITE);
     for (const HANDLE poignée : {depuis.lecture, processus.hThread, processus.hProcess}) CloseHandle(poignée);
   }
-  Fil(const Fil &) = delete;
-  Fil &operator=(const Fil &) = delete;
+  Processus(const Processus &) = delete;
+  Processus &operator=(const Processus &) = delete;
 
-  void dire(const std::string &ligne) const {
+  Réplique répondre(const std::string &commande) override {
+    const std::string dite = commande + "\n";
     DWORD écrits = 0;
-    WriteFile(vers.écriture, ligne.data(), static_cast<DWORD>(ligne.size()), &écrits, nullptr);
+    WriteFile(vers.écriture, dite.data(), static_cast<DWORD>(dite.size()), &écrits, nullptr);
+    Réplique réplique;
+    while (réplique.attend().empty()) {
+      const auto lue = ligne();
+      fini = !lue;
+      if (!lue) break;
+      réplique.lignes.push_back(Json::parse(*lue));
+    }
+    if (réplique.attend() == "fin") {
+      fini = true;
+      code = réplique.lignes.back().value("code", 0);
+    }
+    return réplique;
   }
   /// Nothing once the pilot has left.
   std::optional<std::string> ligne() {
@@ -74,38 +85,11 @@ struct Conversation::Fil {
   Tuyau vers{true}, depuis{false};
   PROCESS_INFORMATION processus{};
   std::string reçu;
-  bool fini = false;
-  int code = 0;
 };
 
+}  // namespace
+
 Conversation::Conversation(const std::vector<std::string> &arguments)
-    : fil_(std::make_unique<Fil>(arguments)) {}
-
-Conversation::~Conversation() = default;
-
-Réplique Conversation::dire(const std::string &commande) {
-  if (fil_->fini) throw std::logic_error("the pilot has left already");
-  fil_->dire(commande + "\n");
-  Réplique réplique;
-  while (réplique.attend().empty()) {
-    const auto ligne = fil_->ligne();
-    fil_->fini = !ligne;
-    if (!ligne) break;
-    réplique.lignes.push_back(Json::parse(*ligne));
-  }
-  if (réplique.attend() == "fin") {
-    fil_->fini = true;
-    fil_->code = réplique.lignes.back().value("code", 0);
-  }
-  return réplique;
-}
-
-bool Conversation::finie() const {
-  return fil_->fini;
-}
-
-int Conversation::code() const {
-  return fil_->code;
-}
+    : pilote_(std::make_unique<Processus>(arguments)) {}
 
 }  // namespace ardane

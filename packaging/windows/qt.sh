@@ -14,10 +14,6 @@ off=(sql dbus testlib concurrent xml printsupport icu glib zstd brotli vulkan ta
 options=(-DFEATURE_opengl=OFF -DINPUT_opengl=no -DINPUT_openssl=no -DFEATURE_schannel=ON)
 for feature in "${off[@]}"; do options+=("-DFEATURE_$feature=OFF"); done
 
-# What Qt contains of others, by the folders of its source.
-contained=(blake2 double-conversion easing freetype harfbuzz-ng icc libpng md4 md4c md5 pcre2 pixman rfc6234 sha1 sha3
-  tinycbor zlib)
-
 source_folder=$cache/qt-source
 build_folder=$cache/qt-build
 "$windows_folder/debian_source.sh" qt6-base-dev "$source_folder"
@@ -41,13 +37,6 @@ for part in "${parts[@]}"; do
 done >"$build_folder/install.log"
 cd "$project"
 
-# The licences go with the libraries, and so do those of what they contain.
-mkdir -p "$qt_folder/notices/contenus"
-cp "$source_folder/debian/copyright" "$source_folder"/LICENSES/{LGPL-3.0-only,GPL-3.0-only}.txt "$qt_folder/notices/"
-for part in "${contained[@]}"; do
-  for text in "$source_folder/src/3rdparty/$part"/{LICENSE,LICENSE.txt,LICENCE,COPYING,COPYRIGHT,FTL.TXT}; do
-    [ ! -f "$text" ] || cp "$text" "$qt_folder/notices/contenus/$part-$(basename "$text" .txt).txt"
-  done
-done
+"$windows_folder/qt_notices.sh" "$source_folder" "$qt_folder/notices"
 rm -rf "$build_folder" "$source_folder"
 echo "$version" >"$qt_folder/version"

@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
 """Plays the installed program under wine with the real mouse and keyboard of its screen.
 
-    play.py PROGRAM_FOLDER LIFELINE PICTURES
+    play.py parties|doubles-clics PROGRAM_FOLDER LIFELINE DOCUMENTS PICTURES
 
-PROGRAM_FOLDER is a path of the host, LIFELINE the folder that the program keeps the game under way in. What is asked
-is read there, by the program without a screen, which takes the game up from a copy and tells where the answer lies.
+`doubles-clics` takes up the game that `parties` has saved. These are folders of the host: LIFELINE is where the program keeps the game under way. What is asked is read there, by the program without a screen, which takes the game up from a copy and tells where the answer lies.
 """
 import json
 import pathlib
@@ -16,9 +15,10 @@ import time
 
 SCREEN = "1280x1024x32"
 NEXT_STAGE = "Etape suivante"
+PROVINCES, REGIONS = 1, 4  # the first two stages
 SOMEWHERE = 200, 300  # on land, in pixels of the window
 MENU = 21  # the height of the menu bar, in pixels
-PATIENCE = 60  # seconds
+PATIENCE = 300  # seconds, on a machine that is busy otherwise
 
 
 def xdotool(*words):
@@ -121,7 +121,7 @@ class Game:
         if not self.kept():  # a game in which nothing has been clicked yet is not
             click(window, *SOMEWHERE)
             wait_for(self.kept, "la partie gardée")
-        while (asked := self.asked()) and asked["Etape"] == 1 and 110 - asked["ProvincesRestantes"] < until:
+        while (asked := self.asked()) and asked["Etape"] == PROVINCES and 110 - asked["ProvincesRestantes"] < until:
             kept = self.kept()
             click(window, asked["x"], MENU + asked["y"])
             clicks += 1
@@ -166,6 +166,25 @@ def start(game, *options):
     return subprocess.Popen(["wine", str(game.program / "ardane.exe"), *options])
 
 
+def double_click(path):
+    """What the desktop does then; lives as long as the program that it starts."""
+    return subprocess.Popen(["wine", "start", "/wait", "/unix", str(path)])
+
+
+def ended(process, what):
+    if process.wait(PATIENCE) != 0:
+        raise SystemExit(f"{what} s'est terminé par {process.returncode}.")
+
+
+def main_window():
+    return named("L'Ardane et ses provinces")
+
+
+def expect(condition, what):
+    if not condition:
+        raise SystemExit(f"Il n'en est rien : {what}. À l'écran : {windows()}")
+
+
 def leave(game, process):
     """Quits, and says yes or OK to what is asked."""
     key("ctrl+q")
@@ -178,8 +197,7 @@ def leave(game, process):
         else:
             key("Left", "Return")  # to the first of two buttons
         time.sleep(1)
-    if process.wait(PATIENCE) != 0:
-        raise SystemExit(f"Le programme s'est terminé par {process.returncode}.")
+    ended(process, "Le programme")
 
 
 def first_start(game):
@@ -194,7 +212,7 @@ def first_start(game):
     answer("Publicité gratuite", "Return")
     game.picture("accueil")
     answer("Création du fichier", "Return")
-    named("L'Ardane et ses provinces")
+    main_window()
     time.sleep(2)
     game.picture("la fenêtre")
     leave(game, process)
@@ -210,17 +228,42 @@ def new_game(game):
     wait_for(lambda: window not in windows(), "la partie commencée")
 
 
-def main():
-    program, lifeline, pictures = (pathlib.Path(argument) for argument in sys.argv[1:])
-    game = Game(program, lifeline, pictures)
-    first_start(game)
-    process = start(game, "--sans-cadre")
-    window = named("L'Ardane et ses provinces")
-    time.sleep(3)
-    new_game(game)
-    game.play(window, 40)
-    game.picture("quarante réponses")
+def in_front():
+    """The window on top; wine gives it no keyboard where another program asks for it."""
+    told = subprocess.run(["xprop", "-root", "_NET_CLIENT_LIST_STACKING"], check=True, capture_output=True, text=True)
+    return str(int(told.stdout.split()[-1], 16))
 
+
+def second_start(game, window):
+    """Ends at once, and the first one's window stands before what covered it."""
+    other = subprocess.Popen(["wine", "notepad"])
+    named("Notepad")
+    wait_for(lambda: in_front() != window, "une autre fenêtre devant")
+    ended(start(game), "Le second programme")
+    wait_for(lambda: in_front() == window, "la première fenêtre devant")
+    expect(list(windows().values()).count(windows()[window]) == 1, "une seule partie est ouverte")
+    game.picture("le second lancement")
+    other.terminate()
+    xdotool("windowactivate", window)
+
+
+def end_of_session(game, process):
+    """Asks nothing, and the next start offers the game as it stood."""
+    before = game.asked()
+    subprocess.run(["wineboot", "-e"], check=True, timeout=PATIENCE)
+    ended(process, "Le programme, à la fin de la session,")
+    process = start(game, "--sans-cadre")
+    named("Partie en cours")
+    game.picture("la partie interrompue")
+    answer("Partie en cours", "Return")
+    window = main_window()
+    time.sleep(3)
+    game.picture("après la fin de la session")
+    expect(game.asked() == before, "la partie reprise est celle que la fin de la session a interrompue")
+    return process, window
+
+
+def save(game):
     key("ctrl+s")
     chooser = named("Arrêt en cours de jeu")
     xdotool("windowactivate", chooser)
@@ -228,6 +271,35 @@ def main():
     game.picture("enregistrer")
     key("Return")
     wait_for(lambda: chooser not in windows(), "la partie enregistrée")
+
+
+def double_clicks(game, documents):
+    """A saved game goes on, at the stage it was saved in, and a configuration is taken up."""
+    process = double_click(documents / "Souper.CAI")
+    main_window()
+    wait_for(lambda: not (documents / "Souper.CAI").exists(), "la partie du double clic")
+    time.sleep(2)
+    game.picture("double clic sur une partie")
+    expect(game.asked()["Etape"] == REGIONS, "la partie du double clic est dans sa deuxième étape")
+    leave(game, process)
+    process = double_click(documents / "ARDANE.SCI")
+    named("Chargement")
+    game.picture("double clic sur un paramétrage")
+    answer("Chargement", "Return")
+    leave(game, process)
+
+
+def games(game):
+    first_start(game)
+    process = start(game, "--sans-cadre")
+    window = main_window()
+    time.sleep(3)
+    new_game(game)
+    game.play(window, 40)
+    game.picture("quarante réponses")
+    second_start(game, window)
+
+    save(game)
     key("ctrl+o")
     chooser = named("Arrêt en cours de jeu")
     time.sleep(1)
@@ -237,10 +309,22 @@ def main():
     wait_for(lambda: chooser not in windows(), "la partie reprise")
     time.sleep(1)
     game.picture("la partie reprise")
+    process, window = end_of_session(game, process)
     game.play(window, 110)
     time.sleep(2)
     game.picture("la deuxième étape")
+    save(game)
     leave(game, process)
+
+
+def main():
+    program, lifeline, documents, pictures = (pathlib.Path(argument) for argument in sys.argv[2:])
+    pictures.mkdir(parents=True)
+    game = Game(program, lifeline, pictures)
+    if sys.argv[1] == "parties":
+        games(game)
+    else:
+        double_clicks(game, documents)
 
 
 if __name__ == "__main__":

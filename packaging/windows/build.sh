@@ -19,7 +19,7 @@ cmake --install build/windows --prefix "$folder" --strip >/dev/null
 
 # What the program runs on. Qt stays beside it as libraries that a player may replace.
 cp "$qt_folder"/bin/Qt6{Core,Gui,Widgets,Network}.dll "$folder/"
-for plugin in platforms/qwindows imageformats/qgif styles/qwindowsvistastyle tls/qschannelbackend; do
+for plugin in platforms/qwindows imageformats/qgif imageformats/qjpeg styles/qwindowsvistastyle tls/qschannelbackend; do
   cp "$qt_folder/plugins/$plugin.dll" "$folder/plugins/$(dirname $plugin)/"
 done
 cp /usr/share/qt6/translations/qtbase_fr.qm "$folder/translations/"

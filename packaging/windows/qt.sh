@@ -26,7 +26,7 @@ cmake -S "$source_folder" -B "$build_folder" -G Ninja \
   -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF "${options[@]}"
 # The libraries, and of the plugins those that ship.
 plugins=(platforms/windows:QWindowsIntegrationPlugin imageformats/gif:QGifPlugin
-  styles/windowsvista:QWindowsVistaStylePlugin tls/schannel:QSchannelBackendPlugin)
+  imageformats/jpeg:QJpegPlugin styles/windowsvista:QWindowsVistaStylePlugin tls/schannel:QSchannelBackendPlugin)
 with_progress '^\[[0-9]+/[0-9]+\] ' cmake --build "$build_folder" --parallel "$jobs" \
   --target Core Gui Widgets Network EntryPointImplementation DeviceDiscoverySupportPrivate FbSupportPrivate "${plugins[@]#*:}"
 cd "$build_folder"

@@ -5,8 +5,8 @@ source_folder=$1
 notices=$2
 
 # The folders of Qt's source that are in what ships; each tells in "qt_attribution.json" whose work it is.
-contained=(3rdparty/{blake2,double-conversion,easing,freetype,harfbuzz-ng,icc,libpng,libpsl,md4,md4c,md5,pcre2,pixman}
-  3rdparty/{rfc6234,sha1,sha3,tinycbor,zlib} corelib/{text,tools} gui/{painting,text} network/kernel)
+contained=(3rdparty/{blake2,double-conversion,easing,freetype,harfbuzz-ng,icc,libjpeg,libpng,libpsl,md4,md4c,md5}
+  3rdparty/{pcre2,pixman,rfc6234,sha1,sha3,tinycbor,zlib} corelib/{text,tools} gui/{painting,text} network/kernel)
 
 rm -rf "$notices"
 mkdir -p "$notices/contenus"
@@ -15,7 +15,7 @@ for part in "${contained[@]}"; do
   folder=$source_folder/src/$part
   name=$notices/contenus/${part//\//-}
   cp "$folder/qt_attribution.json" "$name.json"
-  sed -n 's/.*"LicenseFile": *"\(.*\)".*/\1/p' "$folder/qt_attribution.json" | while read -r text; do
+  for text in $(sed -nE 's/.*"LicenseFiles?"://p' "$folder/qt_attribution.json" | tr '[],"' ' '); do
     cp "$folder/$text" "$name-$(basename "$text" .txt).txt"
   done
 done

@@ -1,17 +1,18 @@
 #!/usr/bin/env bash
 # Tries what is built for Windows under wine, on a screen and in a Windows of its own:
 #   packaging/windows/essai/essai.sh FOLDER [STEP...]
-# The steps are tests, scenarios and desktop; all without any. FOLDER holds that Windows and the pictures of the
-# desktop step, which are there to be looked at. Build first: packaging/windows/build.sh.
+# The steps are tests, scenarios, desktop and https; all without any. FOLDER holds that Windows and pictures of the last
+# two steps, which are there to be looked at. Build first: packaging/windows/build.sh.
 set -euo pipefail
 [ $# -ge 1 ] || { sed -n '2,5s/^# \{0,1\}//p' "$0" >&2; exit 2; }
 source "$(dirname "$0")/../common.sh"
 folder=$(realpath -m "$1")
 shift
-[ $# -gt 0 ] || set -- tests scenarios desktop
+[ $# -gt 0 ] || set -- tests scenarios desktop https
 cd "$project"
 source packaging/build.sh
-install_missing $packages_for_windows wine64 wine fonts-wine xvfb openbox xdotool imagemagick libgtest-dev googletest python3
+install_missing $packages_for_windows wine64 wine fonts-wine xvfb openbox xdotool x11-utils imagemagick libgtest-dev googletest python3 \
+  unzip openssl iproute2
 
 mkdir -p "$folder/maison/Documents"
 player_home=$HOME
@@ -65,6 +66,13 @@ step_scenarios() {
 
 step_desktop() {
   "$windows_folder/essai/desktop.sh" "$folder" build/windows/paquets/ardane-*-installation.exe
+}
+
+# By the program as the zip has it.
+step_https() {
+  rm -rf "$folder/zip" "$folder/images/https"
+  unzip -q build/windows/paquets/ardane-*-windows.zip -d "$folder/zip"
+  "$windows_folder/essai/https.sh" "$folder" "$folder"/zip/ardane-*
 }
 
 for step in "$@"; do

@@ -25,7 +25,7 @@ QImage read_netpbm(const QString &path, QSize size) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return {};
   const QByteArray head = QStringLiteral("P6\n%1 %2\n255\n").arg(size.width()).arg(size.height()).toLatin1();
-  QByteArray row(3 * size.width(), 0);
+  QByteArray row(qsizetype{3} * size.width(), 0);
   if (file.size() != head.size() + row.size() * size.height() || file.read(head.size()) != head) return {};
   QImage image(size, QImage::Format_RGB32);
   for (int y = 0; y < size.height(); ++y) {

@@ -64,6 +64,12 @@ TEST_F(Player, GivesUpOverAControlOfAnotherWindow) {
   expect_given_up("rien à utiliser sous le nom Carte dans nouvelle_partie");
 }
 
+TEST_F(Player, GivesUpOverAListThatIsNoneOrLacksTheItem) {
+  open_new_game();
+  script.player.pick("boîte_nom_joueur", "Zoé");
+  expect_given_up("boîte_nom_joueur n'est pas une liste");
+}
+
 TEST_F(Player, GivesUpOverAMenuEntryThatIsDisabledAndClosesTheMenu) {
   desktop.programme().principale().menu("MenuFicheur").actif = false;
   script.player.choose("menu_paramétrer", "MenuFicheur");

@@ -45,7 +45,7 @@ void fail(std::string_view way) {
     table(4) = 1;
   }
   if (way == "inconnue") throw 7;
-  throw ErreurFatale("Panne", Lieu{"src/play/regle.cpp", 12});
+  throw ErreurFatale("Panne <b>", Lieu{"src/play/regle.cpp", 12});
 }
 
 /// The folder of the settings is a file; or they cannot be read for a moment.

@@ -32,7 +32,7 @@ QString box(const char *cause) {
 TEST(Crash, AFatalErrorNamesItsPlace) {
   const Death death = die("fatale");
   EXPECT_EQ(death.code, 1);
-  EXPECT_EQ(death.output, box("Panne (regle.cpp, ligne 12)"));
+  EXPECT_EQ(death.output, box("Panne &lt;b&gt; (regle.cpp, ligne 12)"));
 }
 
 TEST(Crash, AnIndexOutsideItsTableIsFatal) {
@@ -57,6 +57,7 @@ TEST(Crash, SettingsThatCannotBeKeptEndTheStartInWordsThatHelp) {
       << lines[1].toStdString();
   EXPECT_TRUE(lines[2].contains("ardane.pts »")) << "which folder";
   EXPECT_TRUE(lines[2].contains("--registre")) << "what to do";
+  EXPECT_TRUE(death.output.endsWith("||1\n")) << "and no small print: the player can help himself";
 }
 
 TEST(Crash, SettingsThatCannotBeReadAtTheStartAreNotTakenForEmpty) {
@@ -70,7 +71,7 @@ TEST(Crash, SettingsThatCannotBeReadAtTheStartAreNotTakenForEmpty) {
 TEST(Crash, AnErrorInAModalWindowEndsTheProgramFromThere) {
   const Death death = die("boucle");
   EXPECT_EQ(death.code, 1);
-  EXPECT_EQ(death.output, box("Panne (regle.cpp, ligne 12)"));
+  EXPECT_EQ(death.output, box("Panne &lt;b&gt; (regle.cpp, ligne 12)"));
 }
 
 }  // namespace

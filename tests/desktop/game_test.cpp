@@ -8,6 +8,17 @@
 
 #include "program_test.h"
 
+namespace {
+
+int refusals = 0;
+
+}  // namespace
+
+/// In place of the toolkit's, which tells a session's manager; the offscreen platform has none.
+void QSessionManager::cancel() {
+  ++refusals;
+}
+
 namespace ardane {
 namespace {
 
@@ -105,6 +116,7 @@ TEST_F(Game, TheEndOfTheSessionAsksAsTheCloseControlDoes) {
   ASSERT_NE(session, nullptr);
   for (const Réponse answer : {Réponse::non, Réponse::oui}) {
     EXPECT_TRUE(desktop().programme().en_cours());
+    refusals = 0;
     order().then([&] { Q_EMIT qApp->commitDataRequest(*session); });
     order().answer(answer);
     if (answer == Réponse::oui) {
@@ -112,6 +124,7 @@ TEST_F(Game, TheEndOfTheSessionAsksAsTheCloseControlDoes) {
       order().click("Command1");
     }
     EXPECT_EQ(script().run(), "");
+    EXPECT_EQ(refusals, answer == Réponse::non ? 1 : 0) << "the session goes on with a game that does";
   }
   EXPECT_FALSE(desktop().programme().en_cours());
 }

@@ -13,6 +13,7 @@
 #include <QTextFrame>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
 #include <fstream>
 
 #include "front/qt/help_window.h"
@@ -37,6 +38,10 @@ class Help : public testing::Test {
   QLineEdit &field() { return *child<QLineEdit>("recherche_aide"); }
   QString status() { return child<QLabel>("résultat_recherche")->text().replace(QChar::Nbsp, ' '); }
   QPushButton &button(const char *name) { return *child<QPushButton>(name); }
+  QPushButton &button_called(const char *words) {
+    const auto buttons = help.window()->findChildren<QPushButton *>();
+    return **std::ranges::find(buttons, QString::fromUtf8(words), &QPushButton::text);
+  }
   void type(const char *words) { field().setText(QString::fromUtf8(words)); }
   /// Of the word behind that text.
   bool is_bold(const QString &word, const QString &after) {
@@ -109,6 +114,19 @@ TEST_F(Help, AQuestionIsAnsweredByAPageOfLinksThatOneCanComeBackTo) {
   EXPECT_EQ(field().text(), "comment sauver ma partie ?");
   page().backward();
   EXPECT_EQ(file(), "jouer.html");
+}
+
+TEST_F(Help, TheButtonsAboveThePageGoBackAndToTheContents) {
+  QTextBrowser &shown = open_shipped();
+  QPushButton &back = button_called("Page précédente");
+  EXPECT_FALSE(back.isEnabled()) << "there is none yet";
+  button_called("Sommaire").click();
+  EXPECT_EQ(file(), "index.html");
+  EXPECT_TRUE(back.isEnabled());
+  back.click();
+  EXPECT_EQ(file(), "jouer.html");
+  EXPECT_TRUE(shown.isForwardAvailable());
+  EXPECT_FALSE(back.isEnabled());
 }
 
 TEST_F(Help, AResultLeadsToItsHeading) {

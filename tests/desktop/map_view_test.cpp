@@ -1,12 +1,16 @@
 // The map's viewport: stacking order, damage, fine pictures, presses and tool tips.
 #include "front/qt/map_view.h"
 
+#include <gmock/gmock.h>
+
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
 
+#include "listener.h"
 #include "map/pointing.h"
 #include "stage.h"
 
@@ -306,6 +310,18 @@ TEST_F(MapByKeys, ControlAndAnArrowGoToTheNextThingInThatDirection) {
   EXPECT_EQ(place(), QPoint(60, 4)) << "what lies more to the side is not below";
 }
 
+TEST_F(MapByKeys, ControlAndThePageKeysReadOnAndBackRowByRow) {
+  guide.targets = [] { return std::vector<Point>{{60, 4}, {12, 11}, {30, 4}, {5, 50}}; };
+  for (const QPoint next : {QPoint(30, 4), QPoint(60, 4), QPoint(12, 11), QPoint(5, 50), QPoint(5, 50)}) {
+    press(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(place(), next);
+  }
+  for (const QPoint next : {QPoint(12, 11), QPoint(60, 4), QPoint(30, 4), QPoint(30, 4)}) {
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(place(), next);
+  }
+}
+
 TEST_F(MapByKeys, WhereNothingIsShownThereIsNothingToGoTo) {
   press(Qt::Key_Right, Qt::ControlModifier);
   EXPECT_EQ(place(), QPoint(0, 0));
@@ -331,6 +347,88 @@ TEST_F(MapByKeys, TheToolTipUnderTheCursorIsShown) {
   press(Qt::Key_Down);
   EXPECT_EQ(QToolTip::text(), "Saulonde");
   QToolTip::hideText();
+}
+
+/// What the map tells a listener: where its cursor is, and by three keys more.
+class MapByEar : protected Listener, public MapByKeys {
+ protected:
+  MapByEar() {
+    guide.tell = [](Point from, Point to) { return "de " + in_words(from) + " à " + in_words(to); };
+    guide.locate = [](Point here) { return "situé " + in_words(here); };
+    guide.sweep = [](Point here) { return "autour de " + in_words(here); };
+    guide.repeat = [] { return std::string("encore"); };
+  }
+  static std::string in_words(Point place) { return std::to_string(place.x) + "," + std::to_string(place.y); }
+  /// The one item of the picture; null before anything is told.
+  QAccessibleInterface *item() { return QAccessible::queryAccessibleInterface(&shown())->child(0); }
+  std::string told() { return item() == nullptr ? "" : item()->text(QAccessible::Name).toStdString(); }
+};
+
+TEST_F(MapByEar, EachPlaceIsAnItemOfThePictureNamedByTheWayToIt) {
+  EXPECT_EQ(item(), nullptr);
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&shown())->childCount(), 0);
+  press(Qt::Key_Right, Qt::ShiftModifier);
+  EXPECT_EQ(told(), "de 0,0 à 10,0");
+  press(Qt::Key_Down);
+  EXPECT_EQ(told(), "de 10,0 à 10,1");
+  for (const QAccessible::Event kind : {QAccessible::NameChanged, QAccessible::Focus})
+    EXPECT_THAT(heard(kind), testing::ElementsAre("de 0,0 à 10,0", "de 10,0 à 10,1"));
+  ASSERT_NE(item(), nullptr);
+  EXPECT_EQ(item()->text(QAccessible::Description), "");
+  EXPECT_TRUE(item()->isValid());
+  EXPECT_EQ(item()->role(), QAccessible::StaticText);
+  EXPECT_TRUE(item()->state().focusable);
+  EXPECT_TRUE(item()->rect().contains(shown().mapToGlobal(QPoint(10, 1))));
+  EXPECT_EQ(item()->childCount(), 0);
+  QAccessibleInterface *picture = item()->parent();
+  ASSERT_EQ(picture, QAccessible::queryAccessibleInterface(&shown()));
+  EXPECT_EQ(picture->childCount(), 1);
+  EXPECT_EQ(picture->child(1), nullptr);
+  EXPECT_EQ(picture->indexOfChild(item()), 0);
+  EXPECT_EQ(picture->indexOfChild(picture), -1);
+}
+
+TEST_F(MapByEar, TheItemHasTheFocusThatThePictureHas) {
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&shown()));
+  shown().setFocus();
+  press(Qt::Key_Right);
+  EXPECT_TRUE(item()->state().focused);
+  const QAccessibleInterface *before = item();
+  press(Qt::Key_Right);
+  EXPECT_TRUE(item()->state().focused);
+  EXPECT_FALSE(before->state().focused) << "it was another's turn";
+  shown().clearFocus();
+  EXPECT_FALSE(item()->state().focused);
+}
+
+TEST_F(MapByEar, ThreeKeysTellMoreOfThePlaceAndOfTheQuestion) {
+  press(Qt::Key_Right);
+  const std::pair<Qt::Key, const char *> answers[] = {
+      {Qt::Key_O, "situé 1,0"}, {Qt::Key_T, "autour de 1,0"}, {Qt::Key_R, "encore"}};
+  for (const auto &[key, answer] : answers) {
+    press(key);
+    EXPECT_EQ(told(), answer);
+    press(Qt::Key_Z);
+    EXPECT_EQ(told(), answer) << "another key tells nothing";
+  }
+  press(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(told(), "encore") << "that is another key";
+}
+
+TEST_F(MapByEar, WhereNobodyListensNothingIsTold) {
+  leave();
+  guide.tell = [](Point, Point) -> std::string { throw std::logic_error("asked"); };
+  guide.locate = [](Point) -> std::string { throw std::logic_error("asked"); };
+  EXPECT_NO_THROW(press(Qt::Key_Right));
+  EXPECT_NO_THROW(press(Qt::Key_O));
+  EXPECT_EQ(item(), nullptr);
+}
+
+TEST_F(MapByEar, AMapWithoutAGuideTellsNothing) {
+  guide = {};
+  EXPECT_NO_THROW(press(Qt::Key_Right));
+  EXPECT_NO_THROW(press(Qt::Key_O));
+  EXPECT_EQ(item(), nullptr);
 }
 
 /// The largest difference of a channel between two pictures of one size.
@@ -415,8 +513,10 @@ TEST_F(MapViews, AToolTipGoesWithTheMouseFromItsPictureAndWhereThereIsNone) {
   };
   const auto goes = [] { return QTest::qWaitFor([] { return !QToolTip::isVisible(); }); };
   under = &dot;
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&shown())) << "which hides a tool tip by itself";
   rest_at({22, 22});
   move_to({24, 24});
+  QApplication::processEvents();
   EXPECT_TRUE(QToolTip::isVisible());
   move_to({40, 24});
   EXPECT_TRUE(goes());

@@ -289,6 +289,23 @@ TEST_F(ScrolledWindow, TheViewFollowsTheKeyboardsCursor) {
   EXPECT_EQ(screen().barre_h.valeur, 0);
 }
 
+TEST_F(ScrolledWindow, ThePlayerWhoPlaysByHimselfReachesWhatIsOutOfSightOnEachSide) {
+  const auto capital = [this](auto further) {
+    int found = 1;
+    for (int p = 2; p <= nombre_provinces; ++p)
+      if (further(state().TableVilles(p), state().TableVilles(found))) found = p;
+    return found;
+  };
+  const int west = capital([](const auto &a, const auto &b) { return a.x < b.x; }),
+            east = capital([](const auto &a, const auto &b) { return a.x > b.x; }),
+            north = capital([](const auto &a, const auto &b) { return a.y < b.y; }),
+            south = capital([](const auto &a, const auto &b) { return a.y > b.y; });
+  for (const int p : {south, north, south, east, west, east}) {
+    order().click(province(p));
+    play();
+  }
+}
+
 TEST_F(RealWindow, FocusReturnsToTheMapWhenThePassButtonHasGone) {
   start();
   begin_game();

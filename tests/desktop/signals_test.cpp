@@ -1,10 +1,12 @@
 // The program is asked to end by others than the player.
 #include <gmock/gmock.h>
 
+#include <array>
 #include <csignal>
 #include <fstream>
 #include <sstream>
 
+#include "front/qt/end_signals.h"
 #include "front/qt/one_instance.h"
 #include "kept_run.h"
 
@@ -87,6 +89,39 @@ TEST_F(Signalled, WhatTheStarterHasItIgnoreIsIgnored) {
   for (int time = 0; time < 2; ++time)
     EXPECT_EQ(OneInstance(places().registre).place(), OneInstance::Place::second) << "it still answers";
   end_by(SIGTERM, running);
+}
+
+using Handler = void (*)(int);
+
+Handler handler_of(int signal) {
+  struct sigaction now {};
+  sigaction(signal, nullptr, &now);
+  return now.sa_handler;
+}
+
+TEST(EndSignals, AreTakenFromThoseThatHadThemAndGivenBack) {
+  const std::array own = {SIGTERM, SIGINT, SIGHUP};
+  const std::array<Handler, 3> found = {SIG_DFL, SIG_DFL, SIG_IGN};
+  std::array<Handler, 3> before{};
+  for (std::size_t i = 0; i < own.size(); ++i) before.at(i) = std::signal(own.at(i), found.at(i));
+  int asked = 0;
+  {
+    const EndSignals signals([&] { ++asked; });
+    EXPECT_NE(handler_of(SIGTERM), SIG_DFL);
+    EXPECT_NE(handler_of(SIGINT), SIG_DFL);
+    EXPECT_EQ(handler_of(SIGHUP), SIG_IGN) << "what is ignored stays so";
+    std::raise(SIGTERM);
+    std::raise(SIGINT);
+    EXPECT_EQ(asked, 0) << "the event loop is waited for";
+    for (int turn = 0; turn < 2; ++turn) {
+      QCoreApplication::processEvents();
+      EXPECT_EQ(asked, 1);
+    }
+  }
+  for (std::size_t i = 0; i < own.size(); ++i) {
+    EXPECT_EQ(handler_of(own.at(i)), found.at(i));
+    std::signal(own.at(i), before.at(i));
+  }
 }
 
 class SignalledChild : public KeptRun {

@@ -65,6 +65,12 @@ TEST_F(Windows, NamesTitlesAndSizesAreTheDatas) {
   EXPECT_TRUE(window.ouverte);
 }
 
+TEST_F(Windows, AWindowWithoutATitleIsSpokenOfByANameOfItsOwn) {
+  window.nom_parlé = "Choix d’une couleur";
+  stage.renderer.montrer(window);
+  EXPECT_EQ(stage.renderer.frame(window)->accessibleName(), "Choix d’une couleur");
+}
+
 TEST_F(Windows, AResizableWindowKeepsThePlayersSize) {
   window.redimensionnable = true;
   stage.renderer.montrer(window);
@@ -299,11 +305,14 @@ TEST_F(Windows, TheMenuBarIsTheDatas) {
   EXPECT_FALSE(quit_action->isEnabled());
   EXPECT_EQ(stage.renderer.frame(window)->height(), 200) << "the bar counts in the window's height";
   EXPECT_EQ(bar->geometry(), QRect(0, 0, 300, bar->sizeHint().height()));
-  quit.texte = "Partir";
+  for (const char *caption : {"Filer", "Partir"}) {
+    quit.texte = caption;
+    stage.renderer.sync();
+    EXPECT_EQ(quit_action->text(), caption);
+  }
   quit.visible = false;
   quit.coché = true;
   stage.renderer.sync();
-  EXPECT_EQ(quit_action->text(), "Partir");
   EXPECT_FALSE(quit_action->isVisible());
   EXPECT_TRUE(quit_action->isChecked());
   quit.texte = "";

@@ -36,7 +36,13 @@ class ScoreFile : public testing::Test {
     return autre.cases.back();
   }
   void poser() { écrire_fichier(fichier, octets.octets()); }
-  void charger() { Charger_scores(m.c()); }
+  /// Under settings and a configuration that no repair leaves so.
+  void charger() {
+    Ecrire_registre(m.registre, clé_du_jeu, réglage_fichier_lancement, fichier);
+    g().Ordre_jeux = Ordre_de_jeu({étape_villes, étape_provinces, 0, 0});
+    g().TableProvinces(7).inhibée = true;
+    Charger_scores(m.c());
+  }
   /// What loading the file writes to the error stream.
   std::string journal_de_lecture() {
     g().Fichier_lancement = fichier;
@@ -61,7 +67,7 @@ class ScoreFile : public testing::Test {
       if (g().TableProvinces(p).inhibée) return false;
     return valeurs(g().Ordre_jeux) == std::vector<int>{1, 4, 2, 3};
   }
-  std::string réglage() { return m.registre.lire(clé_du_jeu, "fichier de lancement").value_or("absent"); }
+  std::string réglage() { return m.registre.lire(clé_du_jeu, réglage_fichier_lancement).value_or("absent"); }
   void attendre_boîte_d_écriture() {
     ASSERT_THAT(m.boîtes.montrées, SizeIs(1));
     EXPECT_EQ(m.dernière_boîte().icône, Icône::information);

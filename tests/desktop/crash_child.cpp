@@ -32,6 +32,7 @@ struct Witness {
 void tell_box() {
   auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
   if (box == nullptr) return;
+  if (QGuiApplication::overrideCursor() != nullptr) std::printf("sablier|");
   std::printf("%d|%s|%s|%s|%d\n", box->icon(), box->windowTitle().toUtf8().constData(),
               box->text().toUtf8().constData(), box->informativeText().toUtf8().constData(),
               static_cast<int>(box->buttons().size()));
@@ -167,7 +168,10 @@ int crash(std::string_view way) {
   Stage stage;
   Fenêtre window("fenêtre");
   Contrôle &button = place(window, "bouton", Genre::bouton, {0, 0, 50, 20});
-  button.clic = [&] { fail(way); };
+  button.clic = [&] {
+    stage.screen.sablier(true);
+    fail(way);
+  };
   QTimer::singleShot(0, [&] {
     QTimer::singleShot(0, tell_box);
     stage.widget<QPushButton>(window, "bouton")->click();

@@ -336,11 +336,14 @@ TEST_F(ScoreFile, AFileCutInAnySlotOfItsFixedPartIsRefused) {
 TEST_F(ScoreFile, AFileCutAmongItsScoresKeepsTheWholeOnes) {
   octets.score("Ann", 5, 1);
   octets.score("Zoé", 4, 1);
-  écrire_fichier(fichier, octets.octets().substr(0, 118 * 128 + 5));
-  charger();
-  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
-  EXPECT_EQ(g().Nombre_scores(1), 1);
-  EXPECT_EQ(g().Fichier_lancement, fichier);
+  // In the length of a name, in the name, in the score, in the level.
+  for (const std::size_t reste : {1U, 4U, 8U, 10U}) {
+    écrire_fichier(fichier, octets.octets().substr(0, 118 * 128 + reste));
+    charger();
+    EXPECT_THAT(m.boîtes.montrées, IsEmpty());
+    EXPECT_EQ(g().Nombre_scores(1), 1) << reste;
+    EXPECT_EQ(g().Fichier_lancement, fichier);
+  }
 }
 
 TEST_F(ScoreFile, ADamagedConfigurationIsRefused) {

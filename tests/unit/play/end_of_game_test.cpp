@@ -129,6 +129,16 @@ TEST_F(EndOfGame, TownsWeighSixAndCountByTowns) {
   EXPECT_EQ(m.g().Score, -999999 + 10 * 6 * 324);
 }
 
+TEST_F(EndOfGame, RegionsWeighOneAndCountByProvinces) {
+  m.g().Ordre_jeux.remplir(0);
+  m.g().Ordre_jeux(1) = étape_régions;
+  m.nouvelle_partie(1);
+  const Fiche_région région = m.g().TableRégions(m.g().RégionCourante);
+  for (int k = 1; k <= région.nombre_provinces; ++k) ClicProvince(m.c(), région.membres(k));
+  ScoreDeProgression(m.c());
+  EXPECT_EQ(m.g().Score, -999999 + région.nombre_provinces * 324);
+}
+
 TEST_F(EndOfGame, WithNothingInPlayTheProgressIsNone) {
   for (int i = 1; i <= nombre_provinces; ++i) m.g().TableProvinces(i).inhibée = true;
   m.nouvelle_partie(1);

@@ -246,6 +246,17 @@ TEST_F(Regions, SelectedProvincesBlinkAtFacileAndBearTheMarkerAbove) {
   }
 }
 
+TEST_F(Regions, AWrongSelectionLeavesNoMarkBehind) {
+  for (int niveau = 1; niveau <= 4; ++niveau) {
+    jouer_avec_régions(niveau, {2, 6});
+    const int p = étrangère();
+    ClicProvince(m.c(), p);
+    ClicProvince(m.c(), étrangère(2));
+    EXPECT_FALSE(m.g().TableClignotement(p)) << niveau;
+    EXPECT_FALSE(m.e().rond(p).visible) << niveau;
+  }
+}
+
 TEST_F(Regions, AWrongSelectionSoundsPicksThenError) {
   jouer_avec_régions(3, {2, 6});
   ClicProvince(m.c(), étrangère(1));

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "map/panel.h"
+#include "play/map_clicks.h"
+#include "support/fake_world.h"
 
 namespace ardane {
 namespace {
@@ -89,6 +91,57 @@ TEST(SpokenGame, ThousandsAreReadApart) {
   EXPECT_EQ(En_milliers(1'000), "1 000");
   EXPECT_EQ(En_milliers(999'999), "999 999");
   EXPECT_EQ(En_milliers(-1'023), "-1 023");
+}
+
+class HeardGame : public testing::Test {
+ protected:
+  HeardGame() { m.démarrer(); }
+  void jouer(int étape, int niveau) {
+    m.g().Ordre_jeux.remplir(0);
+    m.g().Ordre_jeux(1) = static_cast<std::int16_t>(étape);
+    m.nouvelle_partie(niveau);
+  }
+  Partie_entendue entendue() { return Ecouter(m.c()); }
+
+  MondeFactice m;
+};
+
+TEST_F(HeardGame, WhereNothingIsAskedNothingIsHeardButThat) {
+  m.e().que_faire.visible = true;
+  EXPECT_EQ(entendue(), Partie_entendue{});
+  jouer(étape_provinces, niveau_facile);
+  m.e().que_faire.visible = false;
+  Partie_entendue sans_question;
+  sans_question.étape = étape_provinces;
+  EXPECT_EQ(entendue(), sans_question);
+}
+
+TEST_F(HeardGame, AQuestionIsWhatThePanelShows) {
+  jouer(étape_provinces, niveau_facile);
+  m.répondre_juste();
+  m.répondre_faux();
+  Partie_entendue attendue;
+  attendue.étape = étape_provinces;
+  attendue.consigne = m.e().que_faire.texte + " " + m.g().TableProvinces(m.g().ProvinceCourante).nom;
+  attendue.score = m.g().Score;
+  attendue.compté = true;
+  attendue.reste = nombre_provinces - 1;
+  attendue.erreurs = 1;
+  EXPECT_EQ(entendue(), attendue);
+}
+
+TEST_F(HeardGame, AFlagIsAskedByItsBlazonAndAGameToLearnFromHasNoScore) {
+  jouer(étape_drapeaux, aucun_niveau);
+  ASSERT_NE(m.e().Image_recherchée.nom_parlé, "");
+  EXPECT_EQ(entendue().consigne, m.e().que_faire.texte + " drapeau " + m.e().Image_recherchée.nom_parlé);
+  EXPECT_FALSE(entendue().compté);
+}
+
+TEST_F(HeardGame, OfARegionTheProvincesChosenCount) {
+  jouer(étape_régions, niveau_moyen);
+  EXPECT_EQ(entendue().choisies, 0);
+  ClicProvince(m.c(), m.autre_province());
+  EXPECT_EQ(entendue().choisies, 1);
 }
 
 }  // namespace

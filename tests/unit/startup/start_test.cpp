@@ -297,6 +297,30 @@ TEST_F(Start, NoMenuEntryIsADeadEnd) {
   EXPECT_TRUE(m.e().menu("fichier_nouveau").actif);
 }
 
+TEST_F(Start, AMenuEntryForAWindowOpensItsOwn) {
+  m.démarrer();
+  const std::pair<const char *, const char *> fenêtres[] = {{"fichier_nouveau", "nouvelle_partie"},
+                                                            {"Fichier_lire", "Sélection_partie"},
+                                                            {"MenuCouleurPréfectures", "Palette"},
+                                                            {"MenuCouleurSousPréfectures", "Palette"},
+                                                            {"MenuFicheur", "Edition"},
+                                                            {"menu_inf", "Paramétrage_répertoires"}};
+  for (const auto &[entrée, fenêtre] : fenêtres) {
+    m.façade.ouvertes.clear();
+    cliquer(m.e(), m.e().menu(entrée));
+    EXPECT_THAT(m.façade.ouvertes, ElementsAre(fenêtre)) << entrée;
+  }
+  EXPECT_EQ(m.g().Mode_sélection, choix_dossier_information);
+  const std::pair<const char *, int> niveaux[] = {
+      {"score_facile", 1}, {"score_moyen", 2}, {"score_difficile", 3}, {"score_expert", 4}};
+  for (const auto &[entrée, niveau] : niveaux) {
+    m.façade.ouvertes.clear();
+    cliquer(m.e(), m.e().menu(entrée));
+    EXPECT_THAT(m.façade.ouvertes, ElementsAre("Affichage_scores")) << entrée;
+    EXPECT_EQ(m.g().Niveau_affiché, niveau);
+  }
+}
+
 TEST_F(Start, AWindowThatDoesNotExistIsAFatalErrorToldInFrench) {
   m.démarrer();
   try {

@@ -1,4 +1,5 @@
 // The whole program in its real windows: start, menus, abandoned games, closing.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QPaintEvent>
@@ -6,6 +7,7 @@
 #include <QTest>
 #include <QToolTip>
 
+#include "listener.h"
 #include "program_test.h"
 
 namespace {
@@ -21,6 +23,12 @@ void QSessionManager::cancel() {
 
 namespace ardane {
 namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::IsEmpty;
+using testing::StartsWith;
 
 class Game : public ProgramTest {
  protected:
@@ -127,6 +135,29 @@ TEST_F(Game, TheEndOfTheSessionAsksAsTheCloseControlDoes) {
     EXPECT_EQ(refusals, answer == Réponse::non ? 1 : 0) << "the session goes on with a game that does";
   }
   EXPECT_FALSE(desktop().programme().en_cours());
+}
+
+class GameByEar : protected Listener, public Game {};
+
+TEST_F(GameByEar, EachQuestionAndAnswerIsToldOnce) {
+  start();
+  forget();  // the boxes of a first start
+  begin_game();
+  order().click(province(state().ProvinceCourante));
+  EXPECT_EQ(script().run(), "");
+  const std::vector<std::string> alerts = heard(QAccessible::Alert);
+  EXPECT_THAT(alerts, ElementsAre(AllOf(StartsWith("Trouvez"), EndsWith("Reste 110.")),
+                                  StartsWith("Faux. Score : 999"),
+                                  AllOf(StartsWith("Juste. "), EndsWith("Reste 109."))));
+  EXPECT_THAT(heard(QAccessible::ObjectShow), testing::IsSupersetOf(alerts)) << "each is there to be told of";
+}
+
+TEST_F(GameByEar, WhereNobodyListensNothingIsTold) {
+  leave();
+  start();
+  begin_game();
+  EXPECT_THAT(heard(QAccessible::Alert), IsEmpty());
+  EXPECT_EQ(frame()->findChild<QWidget *>("annonce"), nullptr);
 }
 
 TEST_F(Game, WhatTheToolkitSaysByItselfIsFrench) {

@@ -17,6 +17,7 @@ class Listener {
 
   /// Names of what such an event was about, in order.
   std::vector<std::string> heard(QAccessible::Event kind) const;
+  void forget() { heard_.clear(); }
   void hear(const QAccessibleEvent &event);
   /// Hears nothing more.
   static void leave();

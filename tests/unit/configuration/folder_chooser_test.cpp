@@ -294,7 +294,8 @@ TEST_F(FolderChooser, AFolderThatCannotBeWrittenKeepsTheWindowOpen) {
 
 TEST_F(FolderChooser, WithoutAUseItCannotOpen) {
   m.g().Mode_sélection = choix_nouveau_nom;
-  EXPECT_THROW(f(), ErreurFatale);
+  EXPECT_THAT([this] { f(); },
+              testing::ThrowsMessage<ErreurFatale>(testing::StartsWith("Choix de dossier sans objet")));
 }
 
 TEST_F(FolderChooser, WhereTheCurrentFolderIsGoneItOpensOnTheRoot) {

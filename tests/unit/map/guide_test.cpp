@@ -49,6 +49,17 @@ TEST_F(Guide, WhereTheMapShowsNothingNothingCanBeGoneTo) {
   EXPECT_THAT(cibles(), IsEmpty());
 }
 
+TEST_F(Guide, OfAProvinceThatIsShownWithoutADotAPixelOfItsOwnIsGoneTo) {
+  jouer(étape_repos, aucun_niveau);
+  for (int p = 1; p <= nombre_provinces; ++p) m.e().Pays(p).visible = m.e().Pays(p).actif = true;
+  const std::vector<Point> trouvées = cibles();
+  ASSERT_THAT(trouvées, SizeIs(nombre_provinces));
+  for (int p = 1; p <= nombre_provinces; ++p) {
+    const auto [x, y] = trouvées.at(static_cast<std::size_t>(p - 1));
+    EXPECT_EQ(code_du_pixel(m.g(), 0, x, y), p);
+  }
+}
+
 TEST_F(Guide, WhereDotsAreShownTheyAreGoneTo) {
   jouer(étape_provinces, niveau_facile);
   EXPECT_THAT(cibles(), SizeIs(nombre_provinces));

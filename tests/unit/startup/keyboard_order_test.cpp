@@ -56,6 +56,7 @@ void préparer(MondeFactice &m) {
 TEST(KeyboardOrder, OfEveryWindowThatRulesOpen) {
   MondeFactice m;
   préparer(m);
+  EXPECT_EQ(m.programme.fenêtres().size(), ordres().size());
   for (const std::string_view nom : m.programme.fenêtres()) {
     ASSERT_TRUE(ordres().contains(nom)) << nom << " has no order here";
     Noms trouvé;

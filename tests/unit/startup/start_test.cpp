@@ -112,6 +112,8 @@ TEST_F(Start, ADateThatCannotBeReadBringsNoReminderAndTheStartGoesOn) {
   poser("date", "hier", clé_de_famille);
   ASSERT_TRUE(démarrer());
   EXPECT_THAT(titres(), IsEmpty());
+  for (int i = 1; i <= m.g().NombreJeux; ++i)
+    EXPECT_EQ(m.g().TableJeux(i).version_locale, "") << "nor are the versions looked at";
   EXPECT_EQ(m.g().Nom_joueur, "Ann");
 }
 
@@ -171,6 +173,7 @@ TEST_F(Start, ANewVersionKeepsNameAndLanguageAndResetsTheFolders) {
   poser("répertoire", "/ailleurs");
   ASSERT_TRUE(démarrer());
   EXPECT_EQ(réglage("version"), m.g().Version_programme);
+  EXPECT_EQ(réglage("date", clé_de_famille), "21/11/2026 00:00:00");
   EXPECT_EQ(réglage("répertoire"), m.dossier.chemin());
   EXPECT_EQ(réglage("joueur"), "Ann");
   EXPECT_EQ(m.g().Nom_joueur, "Ann");

@@ -4,8 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <algorithm>
+#include <numeric>
+#include <vector>
 
+#include "core/game_state.h"
 #include "front/qt/demonstration/scratch_folder.h"
+#include "play/question_selection.h"
 #include "script.h"
 
 namespace ardane {
@@ -68,6 +73,36 @@ TEST_F(Player, GivesUpOverAListThatIsNoneOrLacksTheItem) {
   open_new_game();
   script.player.pick("boîte_nom_joueur", "Zoé");
   expect_given_up("boîte_nom_joueur n'est pas une liste");
+}
+
+TEST_F(Player, GivesUpOverAMenuEntryThatNoKeyReaches) {
+  Script by_keys(desktop, AutomaticPlayer::Hand::keys);
+  by_keys.player.choose("menu_fichier", "entrée_absente");
+  EXPECT_EQ(by_keys.run(), "rien à choisir sous le nom entrée_absente");
+  EXPECT_FALSE(desktop.programme().en_cours());
+}
+
+TEST_F(Player, GoesByKeysToAProvinceFromWhereverTheCursorIs) {
+  GameState &g = desktop.programme().état();
+  g.Ordre_jeux.remplir(0);
+  g.Ordre_jeux(1) = étape_provinces;
+  Script by_keys(desktop, AutomaticPlayer::Hand::keys);
+  by_keys.player.choose("menu_fichier", "fichier_nouveau");
+  by_keys.player.fill_in("boîte_nom_joueur", "Zoé");
+  by_keys.player.click("niveau_facile");
+  by_keys.player.click("bouton_sortie");
+  EXPECT_EQ(by_keys.run(), "");
+  const auto lies_higher = [](const Fiche_ville &a, const Fiche_ville &b) { return a.y < b.y; };
+  std::vector<int> provinces(nombre_provinces);
+  std::iota(provinces.begin(), provinces.end(), 1);
+  const auto [north, south] =
+      std::ranges::minmax(provinces, lies_higher, [&](int p) { return g.TableVilles(p); });
+  for (const int p : {south, north}) {
+    Poser_question(desktop.programme().contexte(), p);
+    by_keys.player.click(province(p));
+    EXPECT_EQ(by_keys.run(), "");
+    EXPECT_TRUE(g.TableProvinces(p).trouvée) << p;
+  }
 }
 
 TEST_F(Player, GivesUpOverAMenuEntryThatIsDisabledAndClosesTheMenu) {

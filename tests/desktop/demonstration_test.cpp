@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <fstream>
 #include <set>
 
 #include "front/qt/appearance.h"
@@ -72,9 +73,23 @@ TEST_F(Demonstration, PlaysAGameWithItsWindowsAndLeavesAPictureOfEach) {
     EXPECT_TRUE(output.contains("Image : " + file + '\n')) << to_utf8(file);
     const QImage picture(pictures.filePath(file));
     EXPECT_EQ(picture.size(), QSize(1280, 1024)) << to_utf8(file);
+    EXPECT_EQ(picture.pixelColor(1279, 1023), QColor(0x3a, 0x4a, 0x58)) << "the ground of the desktop";
     kinds.insert(QByteArray(reinterpret_cast<const char *>(picture.constBits()), picture.sizeInBytes()));
   }
   EXPECT_EQ(kinds.size(), 16U) << "each shows something else";
+}
+
+TEST_F(Demonstration, WhereTheMapHasNoRoomItSaysWhyItStops) {
+  std::ofstream(folder.filePath("petit.json").toStdString())
+      << R"({"screens": [{"name": "petit", "x": 0, "y": 0, "width": 300, "height": 200, "dpr": 1}]})";
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("QT_QPA_PLATFORM", "offscreen:configfile=" + folder.filePath("petit.json"));
+  program.setProcessEnvironment(environment);
+  run(folder.filePath("album"));
+  EXPECT_EQ(program.exitCode(), 1);
+  EXPECT_THAT(to_utf8(output),
+              testing::ContainsRegex(
+                  "La démonstration s'est arrêtée : pas un pixel libre pour la province [0-9]+\\.\n$"));
 }
 
 TEST_F(Demonstration, WhereNoPictureCanBeLeftItSaysSo) {

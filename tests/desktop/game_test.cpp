@@ -152,6 +152,14 @@ TEST_F(GameByEar, EachQuestionAndAnswerIsToldOnce) {
   EXPECT_THAT(heard(QAccessible::ObjectShow), testing::IsSupersetOf(alerts)) << "each is there to be told of";
 }
 
+TEST_F(GameByEar, WhatIsSaidIsANotification) {
+  start();
+  begin_game();
+  auto *speech = frame()->findChild<QWidget *>("annonce");
+  ASSERT_NE(speech, nullptr);
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(speech)->role(), QAccessible::Notification);
+}
+
 TEST_F(GameByEar, WhereNobodyListensNothingIsTold) {
   leave();
   start();
@@ -217,6 +225,7 @@ class GameWithSettingsOfItsOwn : public Game {
 
 TEST_F(GameWithSettingsOfItsOwn, SettingsThatCanBeKeptNoMoreAreToldOnce) {
   start();
+  settle();
   std::filesystem::remove_all(settings);
   std::ofstream(settings) << "no folder any more";
   for (const char *name : {"Ann", "Bob"}) {
@@ -247,7 +256,27 @@ TEST_F(Game, MissingPicturesAreToldOnceAndTheGameGoesOn) {
   const std::size_t pictures = ressources_du_programme().images.toutes().size();
   EXPECT_TRUE(told[0].starts_with(std::to_string(pictures) + " images manquent ou ne peuvent être lues : "))
       << told[0];
+  EXPECT_TRUE(told[0].ends_with("...\nLe jeu continue avec les autres.")) << "five names and no more";
+  EXPECT_EQ(std::ranges::count(told[0], ','), 4);
   EXPECT_TRUE(desktop().programme().en_cours());
+}
+
+TEST_F(Game, OneMissingPictureIsToldByItsName) {
+  namespace fs = std::filesystem;
+  const fs::path images = folder.path() / "images";
+  const fs::path shipped = fs::canonical(images);
+  fs::remove(images);
+  const auto link_all_but = [](const fs::path &one, const fs::path &place) {
+    fs::create_directory(place);
+    for (const fs::directory_entry &entry : fs::directory_iterator(one.parent_path()))
+      if (entry.path() != one) fs::create_symlink(entry.path(), place / entry.path().filename());
+  };
+  link_all_but(shipped / "buttons", images);
+  link_all_but(shipped / "buttons" / "etoile.gif", images / "buttons");
+  start();
+  const std::vector<std::string> &told = script().told;
+  ASSERT_EQ(script().run([&] { return !told.empty(); }), "");
+  EXPECT_EQ(told[0], "Une image manque ou ne peut être lue : BoutonEtoile\nLe jeu continue avec les autres.");
 }
 
 }  // namespace

@@ -79,6 +79,7 @@ TEST_F(Help, OpensThePageOfTheContext) {
   EXPECT_TRUE(open(10).toPlainText().contains("Cliquez."));
   EXPECT_TRUE(help.window()->isVisible());
   EXPECT_EQ(help.window()->windowTitle(), "Aide – L’Ardane et ses provinces");
+  EXPECT_EQ(help.window()->objectName(), "aide") << "by which a screen reader's scripts know it";
   EXPECT_EQ(open(10).source().fragment(), "ici");
   EXPECT_TRUE(open(65).toPlainText().contains("Param"));
 }
@@ -233,6 +234,17 @@ TEST_F(Help, FitsItsPicturesAndTables) {
     page().setSource(QUrl::fromLocalFile(file.filePath()));
     EXPECT_EQ(page().horizontalScrollBar()->maximum(), 0) << file.fileName().toStdString();
   }
+}
+
+TEST_F(Help, IsAsWideAsItsWidestPicture) {
+  write("contextes.txt", "10\tindex.html\n");
+  write("index.html", "<h1>Sommaire</h1>");
+  for (const int width : {300, 1000, 40})
+    ASSERT_TRUE(
+        QImage(width, 5, QImage::Format_RGB32).save(folder.filePath(QString("aide/%1.png").arg(width))));
+  open(10);
+  EXPECT_GE(page().viewport()->width(), 1000);
+  EXPECT_LT(help.window()->width(), 1200);
 }
 
 TEST_F(Help, FitsTheWorkArea) {

@@ -6,9 +6,12 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
+#include <set>
+#include <utility>
 
 #include "listener.h"
 #include "map/pointing.h"
@@ -133,23 +136,34 @@ TEST_F(MapViews, PicturesOutsideTheViewportCostNothing) {
   EXPECT_TRUE(damage().isNull());
 }
 
+/// What is painted of a widget that has been painted before.
+class PaintWatch : public QObject {
+ public:
+  explicit PaintWatch(QWidget &widget) {
+    QApplication::processEvents();
+    widget.installEventFilter(this);
+  }
+  /// Since it was last asked.
+  QRegion painted() {
+    QApplication::processEvents();
+    return std::exchange(painted_, {});
+  }
+
+ private:
+  bool eventFilter(QObject *, QEvent *event) override {
+    if (event->type() == QEvent::Paint) painted_ += static_cast<QPaintEvent *>(event)->region();
+    return false;
+  }
+  QRegion painted_;
+};
+
 TEST_F(MapViews, APaintCoversTheDamageAlone) {
   poser_image(map, stage.catalogue.chercher("mer"));
   Contrôle &high = picture("rond(1)", "point", 60, 50);
-  shown();
-  QApplication::processEvents();
-  struct Watch : QObject {
-    bool eventFilter(QObject *, QEvent *event) override {
-      if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent *>(event)->region();
-      return false;
-    }
-    QRegion painted;
-  } watch;
-  shown().installEventFilter(&watch);
+  PaintWatch watch(shown());
   high.visible = false;
   shown();
-  QApplication::processEvents();
-  EXPECT_EQ(watch.painted.boundingRect(), QRect(60, 50, 6, 6));
+  EXPECT_EQ(watch.painted().boundingRect(), QRect(60, 50, 6, 6));
 }
 
 TEST_F(MapViews, TheFinePictureHasTwiceTheResolution) {
@@ -162,6 +176,16 @@ TEST_F(MapViews, TheFinePictureHasTwiceTheResolution) {
 TEST_F(MapViews, APictureWithoutAFineOneIsEnlarged) {
   const Image coarse = stage.catalogue.chercher("terre");
   EXPECT_EQ(stage.pictures.pixmap(coarse, Detail::doubled).size(), QSize(60, 60));
+}
+
+TEST_F(MapViews, AScaledPictureComesFromTheFineOneUnlessItHasItsOwnSize) {
+  const Image point = stage.catalogue.chercher("point");
+  const auto colour = [&](QSize size, double ratio) {
+    return stage.pictures.scaled(point, size, ratio).toImage().pixelColor(1, 1);
+  };
+  EXPECT_EQ(colour({6, 6}, 1), mark);
+  EXPECT_EQ(colour({6, 6}, 2), QColor(55, 255, 255));
+  EXPECT_EQ(colour({9, 9}, 1), QColor(55, 255, 255));
 }
 
 TEST_F(MapViews, TheFinePicturesAreTakenForEveryScaleButTheirOwn) {
@@ -299,7 +323,7 @@ TEST_F(MapByKeys, NoArrowLeavesTheMap) {
 }
 
 TEST_F(MapByKeys, ControlAndAnArrowGoToTheNextThingInThatDirection) {
-  guide.targets = [] { return std::vector<Point>{{30, 2}, {12, 11}, {60, 4}, {5, 50}}; };
+  guide.targets = [] { return std::vector<Point>{{60, 4}, {30, 2}, {12, 11}, {5, 50}}; };
   press(Qt::Key_Right, Qt::ControlModifier);
   EXPECT_EQ(place(), QPoint(30, 2)) << "straight ahead before what is nearer but aslant";
   press(Qt::Key_Right, Qt::ControlModifier);
@@ -340,6 +364,42 @@ TEST_F(MapByKeys, TheCursorIsSeenOnEveryGroundAndGoesWithTheMouse) {
     QTest::mouseClick(&shown(), Qt::LeftButton);
     EXPECT_EQ(shown().grab().toImage(), before) << ground.name().toStdString();
   }
+}
+
+TEST(MapCursor, IsDrawnWithoutATraceOnThePainter) {
+  QImage image(40, 40, QImage::Format_RGB32);
+  image.fill(land);
+  QPainter painter(&image);
+  const QPen pen = painter.pen();
+  draw_cursor(painter, {20, 20}, 1);
+  std::set<QRgb> colours;
+  for (int i = 0; i < image.width() * image.height(); ++i)
+    colours.insert(image.pixel(i % image.width(), i / image.width()));
+  EXPECT_GT(colours.size(), 3U) << "its lines are smooth";
+  EXPECT_EQ(painter.pen(), pen);
+  EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing));
+}
+
+TEST_F(MapByKeys, ThePlacesThatTheCursorComesToAndLeavesArePainted) {
+  const QPoint left(30, 40), right(70, 40);
+  const auto move = [&](Qt::Key key, int steps) {
+    for (int i = 0; i < steps; ++i) press(key, Qt::ShiftModifier);
+  };
+  move(Qt::Key_Right, 3);
+  move(Qt::Key_Down, 4);
+  PaintWatch watch(shown());
+  watch.painted();
+  move(Qt::Key_Right, 4);
+  const QRegion moved = watch.painted();
+  EXPECT_TRUE(moved.contains(left) && moved.contains(right));
+  for (const bool comes : {false, true}) {
+    give_focus(comes, Qt::ActiveWindowFocusReason);
+    EXPECT_TRUE(watch.painted().contains(right));
+  }
+  QTest::mouseClick(&shown(), Qt::LeftButton);
+  EXPECT_TRUE(watch.painted().contains(right));
+  QTest::mouseClick(&shown(), Qt::LeftButton);
+  EXPECT_TRUE(watch.painted().isEmpty()) << "it has gone";
 }
 
 TEST_F(MapByKeys, TheToolTipUnderTheCursorIsShown) {

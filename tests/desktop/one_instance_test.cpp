@@ -101,6 +101,16 @@ TEST_F(Fronted, AMinimisedGameComesBack) {
   EXPECT_TRUE(QTest::qWaitForWindowActive(frame()));
 }
 
+TEST_F(Fronted, AGameBehindAnotherWindowComesBeforeIt) {
+  start();
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  desktop().come_to_front("");
+  EXPECT_TRUE(QTest::qWaitForWindowActive(frame()));
+}
+
 TEST_F(Fronted, WhatWaitsForThePlayerComesBeforeTheMap) {
   start();
   order().choose("menu_fichier", "fichier_nouveau");

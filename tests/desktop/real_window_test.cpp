@@ -11,6 +11,7 @@
 #include <fstream>
 
 #include "front/qt/demonstration/mouse.h"
+#include "front/qt/window_memory.h"
 #include "map/layout.h"
 #include "program_test.h"
 
@@ -69,6 +70,12 @@ TEST_F(RealWindow, FillsMostOfTheMonitorAtTheFirstStart) {
   EXPECT_TRUE(room.contains(frame()->frameGeometry()));
   EXPECT_GT(frame()->height(), room.height() * 8 / 10);
   EXPECT_GT(scale(), 1.1);
+}
+
+TEST_F(RealWindow, IsNoLargerThanTheMonitorAtTheFirstStartEvenAtTheSmallestScale) {
+  QWidget window;
+  place_for_the_first_time(window, {4000, 3000}, {0, 30});
+  EXPECT_EQ(window.geometry(), window.screen()->availableGeometry());
 }
 
 TEST_F(RealWindow, KeepsTheProportionsOfMapAndPanelAtTheFirstStart) {
@@ -266,17 +273,27 @@ TEST_F(ScrolledWindow, TheWheelWithControlSetsTheScale) {
   EXPECT_FALSE(turn_wheel(*map, {0, 120}, Qt::ControlModifier));
   turn_wheel(*frame(), {0, 120}, Qt::ControlModifier);
   EXPECT_NEAR(scale(), before * 1.1, 0.001);
+  turn_wheel(*frame(), {0, 60}, Qt::ControlModifier);
+  EXPECT_NEAR(scale(), before * 1.1, 0.001) << "half a notch is none yet";
+  turn_wheel(*frame(), {0, 60}, Qt::ControlModifier);
+  EXPECT_GT(scale(), before * 1.15);
   EXPECT_EQ(screen().barre_v.valeur, 0);
 }
 
 TEST_F(ScrolledWindow, TheMiddleButtonDragsTheMap) {
   QTest::mousePress(map, Qt::MiddleButton, {}, QPoint(100, 100));
+  EXPECT_EQ(map->cursor().shape(), Qt::ClosedHandCursor);
   QMouseEvent move(QEvent::MouseMove, QPointF(70, 85), map->mapToGlobal(QPointF(70, 85)), Qt::NoButton,
                    Qt::MiddleButton, Qt::NoModifier);
   QApplication::sendEvent(map, &move);
+  QTest::mouseRelease(map, Qt::LeftButton, {}, QPoint(70, 85));
+  EXPECT_EQ(map->cursor().shape(), Qt::ClosedHandCursor) << "another button lets nothing go";
   QTest::mouseRelease(map, Qt::MiddleButton, {}, QPoint(70, 85));
+  EXPECT_EQ(map->cursor().shape(), Qt::ArrowCursor);
   EXPECT_EQ(screen().barre_h.valeur, 40);
   EXPECT_EQ(screen().barre_v.valeur, 20);
+  QApplication::sendEvent(map, &move);
+  EXPECT_EQ(screen().barre_h.valeur, 40) << "it is let go";
 }
 
 TEST_F(ScrolledWindow, TheViewFollowsTheKeyboardsCursor) {
@@ -324,6 +341,25 @@ TEST_F(RealWindow, FocusReturnsToTheMapWhenThePassButtonHasGone) {
   const int score = state().Score;
   press(*frame(), Qt::Key_Space);
   EXPECT_EQ(state().Score, score);
+}
+
+TEST_F(RealWindow, FocusReturnsToTheMapUnderAnotherWindowToo) {
+  start();
+  begin_game();
+  order().click(province(state().ProvinceCourante % nombre_provinces + 1));
+  play();
+  frame()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(frame()));
+  widget("BoutonPasse").setFocus(Qt::TabFocusReason);
+  ASSERT_EQ(screen().focus, &screen().BoutonPasse);
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  screen().BoutonPasse.visible = false;
+  desktop().renderer().sync();
+  EXPECT_EQ(screen().focus, &screen().Carte);
+  EXPECT_EQ(frame()->focusWidget()->objectName(), "Carte");
 }
 
 TEST_F(RealWindow, ADialogGrowsWithItAndLiesOverItsMiddle) {
@@ -376,6 +412,37 @@ TEST_F(TwoMonitors, ADialogLiesWhollyOnTheMonitorOfItsWindow) {
   play();
 }
 
+TEST_F(TwoMonitors, ADialogFollowsItsWindowToEither) {
+  for (const QScreen *screen : QGuiApplication::screens()) {
+    const QRect monitor = screen->geometry();
+    frame()->move(monitor.topLeft() + QPoint(20, 20));
+    QApplication::processEvents();
+    order().choose("menu_fichier", "fichier_nouveau");
+    order().then([&] {
+      const QRect dialog = desktop().renderer().top_frame()->frameGeometry();
+      EXPECT_EQ(dialog & monitor, dialog);
+    });
+    order().click("Bouton_annuler");
+    play();
+  }
+}
+
+TEST_F(RealWindow, ADialogLiesWhollyOnTheMonitorWhereverItsWindowHangsOut) {
+  start();
+  const QRect monitor = frame()->screen()->availableGeometry();
+  for (const QPoint by : {QPoint(-700, 0), QPoint(0, -600), QPoint(700, 0), QPoint(0, 600)}) {
+    frame()->move(by);
+    QApplication::processEvents();
+    order().choose("menu_fichier", "fichier_nouveau");
+    order().then([&] {
+      const QRect dialog = desktop().renderer().top_frame()->frameGeometry();
+      EXPECT_EQ(dialog & monitor, dialog);
+    });
+    order().click("Bouton_annuler");
+    play();
+  }
+}
+
 TEST_F(RealWindow, HasItsSizeItsPlaceAndItsScaleAgainAtTheNextStart) {
   start();
   resize(window_for(1));
@@ -387,6 +454,17 @@ TEST_F(RealWindow, HasItsSizeItsPlaceAndItsScaleAgainAtTheNextStart) {
   start();
   EXPECT_EQ(frame()->geometry(), left);
   EXPECT_NEAR(scale(), scale_left, 1e-9);
+}
+
+TEST_F(RealWindow, IsRememberedAsItGoesAndNotAtWhateverItHears) {
+  const std::filesystem::path memory = folder.path() / "fenetre.ini";
+  start();
+  std::filesystem::remove(memory);
+  QEvent other(QEvent::User);
+  QApplication::sendEvent(frame(), &other);
+  EXPECT_FALSE(std::filesystem::exists(memory));
+  frame()->hide();
+  EXPECT_TRUE(std::filesystem::exists(memory));
 }
 
 TEST_F(RealWindow, AMemoryOfItThatIsDamagedIsAsGoodAsNone) {

@@ -31,6 +31,7 @@
 #include "front/qt/sound_file.h"
 #include "persistence/registry.h"
 #include "sound_child.h"
+#include "started_program.h"
 
 namespace ardane {
 namespace {
@@ -57,13 +58,18 @@ TEST(SoundOnDemand, AMissingFileAndAMissingDeviceAreSilent) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-/// How a program ends that has just begun to play a sound, with that sound server.
-int code_after_sound(const QString &server, const std::string &file) {
+/// How a program ends that has just begun to play a sound, with that sound server; with one that listens at a
+/// socket not before it has been asked.
+int code_after_sound(const QString &server, const std::string &file, int listening = -1) {
   QProcess child;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert("PULSE_SERVER", server);
   child.setProcessEnvironment(environment);
   child.start(QCoreApplication::applicationFilePath(), {to_qt(std::string(sound_option)), to_qt(file)});
+  EXPECT_TRUE(child.waitForStarted());
+  pollfd asked{listening, POLLIN, 0};
+  if (listening >= 0) EXPECT_EQ(poll(&asked, 1, end_ms), 1);
+  child.closeWriteChannel();
   if (!child.waitForFinished()) child.kill();
   child.waitForFinished();
   return child.exitStatus() == QProcess::NormalExit ? child.exitCode() : -1;
@@ -81,7 +87,7 @@ TEST(SoundOnDemand, AServerThatIsNotThereOrDoesNotAnswerNeitherHoldsUpNorBreaksT
   const int silent = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
   ASSERT_EQ(bind(silent, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
   ASSERT_EQ(listen(silent, 1), 0);
-  EXPECT_EQ(code_after_sound(to_qt("unix:" + name), file), sound_code);
+  EXPECT_EQ(code_after_sound(to_qt("unix:" + name), file, silent), sound_code);
   close(silent);
 }
 

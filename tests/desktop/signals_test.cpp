@@ -1,6 +1,7 @@
 // The program is asked to end by others than the player.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <fstream>
@@ -104,6 +105,10 @@ TEST(EndSignals, AreTakenFromThoseThatHadThemAndGivenBack) {
   const std::array<Handler, 3> found = {SIG_DFL, SIG_DFL, SIG_IGN};
   std::array<Handler, 3> before{};
   for (std::size_t i = 0; i < own.size(); ++i) before.at(i) = std::signal(own.at(i), found.at(i));
+  const auto descriptors = [] {
+    return std::ranges::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
+  };
+  const auto open_before = descriptors();
   int asked = 0;
   {
     const EndSignals signals([&] { ++asked; });
@@ -118,6 +123,7 @@ TEST(EndSignals, AreTakenFromThoseThatHadThemAndGivenBack) {
       EXPECT_EQ(asked, 1);
     }
   }
+  EXPECT_EQ(descriptors(), open_before);
   for (std::size_t i = 0; i < own.size(); ++i) {
     EXPECT_EQ(handler_of(own.at(i)), found.at(i));
     std::signal(own.at(i), before.at(i));

@@ -71,6 +71,18 @@ TEST_F(Windows, AWindowWithoutATitleIsSpokenOfByANameOfItsOwn) {
   EXPECT_EQ(stage.renderer.frame(window)->accessibleName(), "Choix d’une couleur");
 }
 
+TEST_F(Windows, AMapIsTheMainWindowsAlone) {
+  place(window, "Carte", Genre::vue, {0, 0, 100, 80});
+  EXPECT_THAT([this] { stage.renderer.montrer(window); },
+              testing::ThrowsMessage<ErreurFatale>(
+                  testing::StartsWith("Seule la fenêtre principale porte une carte")));
+}
+
+TEST_F(Windows, WhereNoWindowIsUpNoneIsClosed) {
+  stage.renderer.close_top();
+  EXPECT_EQ(stage.renderer.top_frame(), nullptr);
+}
+
 TEST_F(Windows, AResizableWindowKeepsThePlayersSize) {
   window.redimensionnable = true;
   stage.renderer.montrer(window);

@@ -403,7 +403,9 @@ def main():
                       f'[{number}; {reach} tests come by]' + (f'\n    changes nothing: {reason}' if reason else ''),
                       flush=True)
         list(pool.map(trial, drawn))
-    memory.write_text(json.dumps(results, ensure_ascii=False, indent=1))
+    learned = json.loads(memory.read_text()) if memory.exists() else {}  # from another run meanwhile
+    learned |= {ident(f): results[ident(f)] for f in tried}
+    memory.write_text(json.dumps(learned, ensure_ascii=False, indent=1))
     for name, wanted in (('outside the Qt front end', False), ('in the Qt front end', True)):
         here = [f for f in tried if in_qt(f.file) == wanted]
         left = [f for _, f in survivors if in_qt(f.file) == wanted]

@@ -216,6 +216,7 @@ TEST_F(Layout, TheConfigurationGridSitsJustRightOfTheMapLevelWithItsTop) {
   démarrer(1280, 1024);
   const double dx = 630 - 720, dy = 5 - 80;
   EXPECT_EQ(cadre(e().LBL_param(1)), (Cadre{630, 5, 216, 33}));
+  EXPECT_EQ(e().LBL_param(1).alignement, Alignement::centre);
   EXPECT_EQ(cadre(e().LBL_param(13)), (Cadre{912 + dx, 264 + dy, 17, 17}));
   EXPECT_EQ(cadre(e().BTN(1)), (Cadre{760 + dx, 544 + dy, 66, 31}));
   EXPECT_EQ(cadre(e().BTN(2)), (Cadre{840 + dx, 544 + dy, 66, 31}));

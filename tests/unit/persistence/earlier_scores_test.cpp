@@ -59,6 +59,24 @@ TEST_F(EarlierScores, TheLastFiveOfEachFileAreKeptTheLatestFirst) {
                                    "5 ARDANE.SCI a3", "4 Le nord.SCI n2", "2 Le nord.SCI n1"));
 }
 
+TEST_F(EarlierScores, WhichIsTheLatestIsToldByTheNumberInWhateverOrderAFolderGivesThem) {
+  for (const char *nom : {"A.SCI", "B.SCI"}) {
+    for (int i = 1; i <= 5; ++i) garder(nom, "a" + std::to_string(i));
+    std::vector<Scores_anciens> copies = Lister_scores_anciens(gardés());
+    std::erase_if(copies, [&](const Scores_anciens &s) { return !s.fichier.ends_with(nom); });
+    if (std::string_view(nom) == "B.SCI") std::ranges::reverse(copies);
+    for (const Scores_anciens &s : copies) {
+      const std::string octets = lire_fichier(texte_du_chemin(s.copie));
+      fs::remove(s.copie);
+      écrire_fichier(texte_du_chemin(s.copie), octets);
+    }
+    garder(nom, "a6");
+    garder(nom, "a6");
+  }
+  EXPECT_THAT(liste(), ElementsAre("6 A.SCI a6", "5 A.SCI a5", "4 A.SCI a4", "3 A.SCI a3", "2 A.SCI a2",
+                                   "12 B.SCI a6", "11 B.SCI a5", "10 B.SCI a4", "9 B.SCI a3", "8 B.SCI a2"));
+}
+
 TEST_F(EarlierScores, WhatIsKeptAlreadyIsNotKeptTwiceInARow) {
   for (const char *contenu : {"a", "a", "b", "b", "a"}) garder("ARDANE.SCI", contenu);
   EXPECT_THAT(liste(), ElementsAre("3 ARDANE.SCI a", "2 ARDANE.SCI b", "1 ARDANE.SCI a"));

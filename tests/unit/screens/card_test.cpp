@@ -44,6 +44,9 @@ TEST_F(Cards, ACardShowsNameFlagAndTextAndNoTitle) {
     EXPECT_TRUE(contrôle(f, "TXT_INFOS").lecture_seule);
     EXPECT_TRUE(contrôle(f, "TXT_INFOS").lignes_crlf);
     EXPECT_FALSE(est_bordé(contrôle(f, "TXT_INFOS")));
+    const Contrôle &texte = contrôle(f, "TXT_INFOS");
+    EXPECT_NEAR(texte.haut + texte.hauteur, contrôle(f, "BTN_OK").haut, 20) << "it fills the place above";
+    EXPECT_LT(texte.haut + texte.hauteur, contrôle(f, "BTN_OK").haut);
   });
 }
 
@@ -137,6 +140,13 @@ TEST_F(Cards, RevisionShowsTheWholeMapWithEveryName) {
     EXPECT_EQ(repère(m.e(), v).infobulle, m.g().TableVilles(v).nom);
   }
   EXPECT_FALSE(m.e().que_faire.visible || m.e().Boîte_score.visible);
+}
+
+TEST_F(Cards, RevisionAfterAGameCountsAsUntouched) {
+  m.g().PartieVierge = false;
+  m.g().PartieClose = true;
+  Révision(m.c());
+  EXPECT_TRUE(m.g().PartieVierge);
 }
 
 TEST_F(Cards, RevisionIsNotEnteredOverAGameThatThePlayerKeeps) {

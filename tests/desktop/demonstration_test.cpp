@@ -47,6 +47,20 @@ Image : 16-Palette.png
 Partie finie : 12 erreurs, score 999987.
 )";
 
+/// Whether there is a bar of the colour of titles with letters on it.
+bool has_a_title(const QImage &picture) {
+  for (int y = 0; y < picture.height(); ++y) {
+    int ground = 0, letters = 0;
+    for (int x = 0; x < picture.width(); ++x) {
+      const QColor colour = picture.pixelColor(x, y);
+      if (colour == QColor(0x24, 0x3c, 0x5a)) ++ground;
+      if (ground > 0 && colour.lightness() > 200) ++letters;
+    }
+    if (ground > 100 && letters > 0) return true;
+  }
+  return false;
+}
+
 class Demonstration : public testing::Test {
  protected:
   void run(const QString &where) {
@@ -77,6 +91,7 @@ TEST_F(Demonstration, PlaysAGameWithItsWindowsAndLeavesAPictureOfEach) {
     kinds.insert(QByteArray(reinterpret_cast<const char *>(picture.constBits()), picture.sizeInBytes()));
   }
   EXPECT_EQ(kinds.size(), 16U) << "each shows something else";
+  EXPECT_TRUE(has_a_title(QImage(pictures.filePath(QStringLiteral("02-Création du fichier Info.png")))));
 }
 
 TEST_F(Demonstration, WhereTheMapHasNoRoomItSaysWhyItStops) {

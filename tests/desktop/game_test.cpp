@@ -152,6 +152,23 @@ TEST_F(GameByEar, EachQuestionAndAnswerIsToldOnce) {
   EXPECT_THAT(heard(QAccessible::ObjectShow), testing::IsSupersetOf(alerts)) << "each is there to be told of";
 }
 
+TEST_F(GameByEar, TheMapTellsItsPlacesAndTheQuestionByKeys) {
+  start();
+  begin_game();
+  auto *map = frame()->findChild<QWidget *>("Carte");
+  const auto told = [&](Qt::Key key, Qt::KeyboardModifiers held = {}) {
+    forget();
+    QTest::keyClick(map, key, held);
+    const std::vector<std::string> names = heard(QAccessible::NameChanged);
+    return names.empty() ? std::string() : names.back();
+  };
+  EXPECT_THAT(told(Qt::Key_R), StartsWith("Trouvez"));
+  const std::string corner = told(Qt::Key_O);
+  EXPECT_NE(told(Qt::Key_PageDown, Qt::ControlModifier), "");
+  EXPECT_NE(told(Qt::Key_O), corner) << "there are places to go to";
+  EXPECT_NE(told(Qt::Key_T), told(Qt::Key_O));
+}
+
 TEST_F(GameByEar, WhatIsSaidIsANotification) {
   start();
   begin_game();

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <fstream>
 
+#include "front/qt/help_page.h"
 #include "front/qt/help_window.h"
 #include "stage.h"
 
@@ -200,6 +201,12 @@ TEST_F(Help, WordsAreMarkedAsTheyAreTypedAndGoneThroughByKeys) {
   EXPECT_FALSE(button("mot_suivant").isVisible());
 }
 
+TEST_F(Help, WhereNoWordIsMarkedThereIsNoneToGoTo) {
+  HelpPage empty;
+  empty.go_to_mark(false);
+  EXPECT_FALSE(empty.textCursor().hasSelection());
+}
+
 TEST_F(Help, ScrollsByKeysFromTheStart) {
   const QScrollBar &bar = *open_shipped().verticalScrollBar();
   const auto press = [&](Qt::Key key) {
@@ -214,6 +221,9 @@ TEST_F(Help, ScrollsByKeysFromTheStart) {
   QTest::keyClick(help.window()->windowHandle(), Qt::Key_F, Qt::ControlModifier);
   EXPECT_TRUE(field().hasFocus());
   EXPECT_GT(press(Qt::Key_PageDown), 0) << "from the field, too";
+  type("lampe");
+  QTest::keyClick(help.window()->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(field().selectedText(), "lampe") << "which the next letter replaces";
 }
 
 TEST_F(Help, F3GoesToTheFieldWhileNothingIsSoughtAndEscapeCloses) {

@@ -175,6 +175,13 @@ TEST_F(EarlierScoresOfThePlayer, AreListedInFrenchAndGivenBack) {
   EXPECT_EQ(bytes_of(file()), after);
 }
 
+TEST_F(EarlierScoresOfThePlayer, AFileThatHeldNoneIsListedAsThat) {
+  start();
+  Ecrire_scores(desktop().programme().contexte(), false);
+  write("Ann", 7);
+  EXPECT_THAT(list_earlier_scores(places().secours).text, HasSubstr("  aucun score\n"));
+}
+
 TEST_F(EarlierScoresOfThePlayer, TheOldestOfFiveCanBeGivenBack) {
   start();
   write("Ann", 1);

@@ -81,6 +81,30 @@ TEST_F(MapViews, TheHigherPlanIsPaintedLast) {
   EXPECT_EQ(at(22, 22), land);
 }
 
+TEST_F(MapViews, WhereNoPictureLiesTheWindowsGroundIsSeen) {
+  QPalette palette = shown().palette();
+  palette.setColor(QPalette::Window, Qt::magenta);
+  shown().setPalette(palette);
+  Contrôle &only = picture("Pays(1)", "terre", 10, 10);
+  poser_image(map, {});
+  EXPECT_EQ(at(12, 12), land);
+  EXPECT_EQ(at(50, 50), QColor(Qt::magenta));
+  only.visible = false;
+  EXPECT_EQ(at(12, 12), QColor(Qt::magenta));
+}
+
+TEST_F(MapViews, APictureKeepsWhatCanBeSeenThroughIt) {
+  QImage glass(30, 30, QImage::Format_ARGB32);
+  glass.fill(Qt::transparent);
+  ASSERT_TRUE(glass.save(stage.folder.filePath("terre.png")));
+  EXPECT_TRUE(stage.pictures.pixmap(stage.catalogue.chercher("terre"), Detail::single).hasAlphaChannel());
+  QImage wall(120, 90, QImage::Format_RGB32);
+  wall.fill(sea);
+  ASSERT_TRUE(wall.save(stage.folder.filePath("mer.png")));
+  EXPECT_FALSE(stage.pictures.pixmap(stage.catalogue.chercher("mer"), Detail::single).hasAlphaChannel())
+      << "or each painting would mix";
+}
+
 TEST_F(MapViews, HiddenPicturesAndThoseWithoutImageAreNotPainted) {
   poser_image(map, stage.catalogue.chercher("mer"));
   Contrôle &low = picture("Pays(1)", "terre", 10, 10);

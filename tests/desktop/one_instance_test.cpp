@@ -92,6 +92,16 @@ TEST_F(TwoStarts, WithoutSettingsNobodyKnows) {
 
 class Fronted : public ProgramTest {};
 
+class RaiseCounter : public QObject {
+ public:
+  explicit RaiseCounter(QWidget &widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject *, QEvent *event) override {
+    if (event->type() == QEvent::ZOrderChange) ++count;
+    return false;
+  }
+  int count = 0;
+};
+
 TEST_F(Fronted, AMinimisedGameComesBack) {
   start();
   frame()->showMinimized();
@@ -107,7 +117,9 @@ TEST_F(Fronted, AGameBehindAnotherWindowComesBeforeIt) {
   other.show();
   other.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-  desktop().come_to_front("");
+  desktop().come_to_front("jeton");
+  EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "jeton") << "with leave of the one who was started second";
+  qunsetenv("XDG_ACTIVATION_TOKEN");
   EXPECT_TRUE(QTest::qWaitForWindowActive(frame()));
 }
 
@@ -116,7 +128,9 @@ TEST_F(Fronted, WhatWaitsForThePlayerComesBeforeTheMap) {
   order().choose("menu_fichier", "fichier_nouveau");
   order().then([this] {
     frame()->activateWindow();
+    const RaiseCounter raised(*frame());
     desktop().come_to_front("");
+    EXPECT_EQ(raised.count, 1) << "under the dialog";
     EXPECT_EQ(QApplication::activeWindow()->objectName(), "nouvelle_partie");
   });
   order().click("Bouton_annuler");

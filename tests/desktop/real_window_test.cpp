@@ -323,6 +323,23 @@ TEST_F(ScrolledWindow, ThePlayerWhoPlaysByHimselfReachesWhatIsOutOfSightOnEachSi
   }
 }
 
+class ScrolledByKeys : public ScrolledWindow {
+ protected:
+  AutomaticPlayer::Hand hand() const override { return AutomaticPlayer::Hand::keys; }
+};
+
+TEST_F(ScrolledByKeys, ThePlayerWhoPlaysByHimselfBringsIntoViewWhatHeGoesTo) {
+  map->setFocus();
+  press(*map, Qt::Key_Home);
+  press(*map, Qt::Key_PageUp);
+  int furthest = 1;
+  for (int p = 2; p <= nombre_provinces; ++p)
+    if (state().TableVilles(p).y > state().TableVilles(furthest).y) furthest = p;
+  order().click(province(furthest));
+  play();
+  EXPECT_GT(screen().barre_v.valeur, 0);
+}
+
 TEST_F(RealWindow, FocusReturnsToTheMapWhenThePassButtonHasGone) {
   start();
   begin_game();

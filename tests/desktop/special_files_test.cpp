@@ -58,7 +58,12 @@ TEST_F(SpecialFiles, SettingsNamedFromAFolderThatHasGoneAreNoReasonToDie) {
   std::filesystem::create_directory(gone);
   std::filesystem::current_path(gone);
   std::filesystem::remove(gone);
-  EXPECT_NO_THROW(const OneInstance instance("registre"));
+  EXPECT_NO_THROW({
+    const OneInstance one("registre");
+    const OneInstance other("autre");
+    EXPECT_EQ(one.place(), OneInstance::Place::first);
+    EXPECT_EQ(other.place(), OneInstance::Place::first);
+  });
   std::filesystem::current_path(before);
 }
 

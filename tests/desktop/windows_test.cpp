@@ -90,6 +90,9 @@ TEST_F(Windows, AResizableWindowKeepsThePlayersSize) {
   frame->resize(400, 250);
   stage.renderer.sync();
   EXPECT_EQ(frame->size(), QSize(400, 250));
+  window.largeur = 500;
+  stage.renderer.sync();
+  EXPECT_EQ(frame->size(), QSize(500, 200)) << "until the data has another";
 }
 
 TEST_F(Windows, WhatHasNotChangedIsNotSet) {

@@ -46,6 +46,7 @@ TEST_F(FileChooser, EachJobHasItsTexts) {
     ouvrir(t.mode, t.type);
     EXPECT_EQ(fenêtre->titre, t.titre);
     EXPECT_EQ(k("Entête").texte, t.entête);
+    EXPECT_EQ(k("Entête").alignement, Alignement::centre);
     EXPECT_EQ(k("Bouton_OK").texte, "OK");
     EXPECT_EQ(k("Bouton_annuler").texte, "Annuler");
   }

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "core/resources.h"
 #include "persistence/registry.h"
 #include "support/fake_world.h"
@@ -222,6 +224,15 @@ TEST_F(UpdateList, WhatIsInstalledFillsTheLocalFields) {
   EXPECT_EQ(jeu(2).version_locale, "0.00");
   EXPECT_EQ(jeu(2).date_locale, "01/01/1900");
   EXPECT_EQ(jeu(3).version_locale, "");
+}
+
+TEST_F(UpdateList, AFullListTakesNothingThatIsInstalled) {
+  constexpr std::int16_t plein = std::numeric_limits<std::int16_t>::max();
+  installer("Zaphora", "Version 2.00 du 15/03/2006");
+  g().TableJeux.redimensionner(plein);
+  g().NombreJeux = plein;
+  Lire_versions_locales(m.c());
+  EXPECT_EQ(g().NombreJeux, plein);
 }
 
 TEST_F(UpdateList, NothingChangedLeavesTheStoreAlone) {

@@ -177,12 +177,30 @@ TEST_F(GameByEar, WhatIsSaidIsANotification) {
   EXPECT_EQ(QAccessible::queryAccessibleInterface(speech)->role(), QAccessible::Notification);
 }
 
+TEST_F(GameByEar, TheMainWindowIsAWindowAndADialogADialog) {
+  start();
+  const auto role = [](QWidget &widget) { return QAccessible::queryAccessibleInterface(&widget)->role(); };
+  EXPECT_EQ(role(*frame()), QAccessible::Window);
+  order().choose("menu_fichier", "fichier_nouveau");
+  order().then([&] { EXPECT_EQ(role(*desktop().renderer().top_frame()), QAccessible::Dialog); });
+  order().click("Bouton_annuler");
+  play();
+}
+
 TEST_F(GameByEar, WhereNobodyListensNothingIsTold) {
   leave();
   start();
   begin_game();
   EXPECT_THAT(heard(QAccessible::Alert), IsEmpty());
   EXPECT_EQ(frame()->findChild<QWidget *>("annonce"), nullptr);
+}
+
+TEST_F(Game, ThePlayersDesktopGetsItsIcons) {
+  QApplication::setWindowIcon({});
+  start();
+  settle();
+  EXPECT_FALSE(QApplication::windowIcon().isNull());
+  EXPECT_FALSE(frame()->windowIcon().isNull());
 }
 
 TEST_F(Game, WhatTheToolkitSaysByItselfIsFrench) {

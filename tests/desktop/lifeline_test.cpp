@@ -172,6 +172,9 @@ TEST_F(EarlierScoresOfThePlayer, AreListedInFrenchAndGivenBack) {
   EXPECT_THAT(given.text, HasSubstr(file()));
   EXPECT_EQ(bytes_of(file()), before);
   EXPECT_EQ(give_scores_back(places().secours, 2).code, 0) << "what was there is kept, too";
+  const QString longer = to_qt(list_earlier_scores(places().secours).text);
+  EXPECT_GT(longer.count("jusqu'au"), 1);
+  EXPECT_EQ(longer.count(to_qt(file())), 1) << "their file is named once";
   EXPECT_EQ(bytes_of(file()), after);
 }
 

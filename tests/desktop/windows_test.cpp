@@ -399,6 +399,16 @@ TEST_F(Windows, WhereYesThrowsSomethingAwayEnterAndEscapeAnswerNo) {
   EXPECT_EQ(stage.boxes.montrer({Icône::question, "Titre", "Texte", Boutons::oui_non, true}), Réponse::oui);
 }
 
+TEST_F(Windows, ABoxThatGoesWithoutAnAnswerHasTheOneForThat) {
+  stage.renderer.montrer(window);
+  for (const bool yes : {false, true}) {
+    Boîte question{Icône::question, "Titre", "Texte", Boutons::oui_non};
+    question.oui_si_fermée = yes;
+    then([this] { box()->done(0); });
+    EXPECT_EQ(stage.boxes.montrer(question), yes ? Réponse::oui : Réponse::non);
+  }
+}
+
 TEST_F(Windows, TheWindowsBehindABoxShowWhatHasBeenDone) {
   Contrôle &label = place(window, "nom", Genre::étiquette, {0, 50, 80, 20});
   stage.renderer.montrer(window);

@@ -353,7 +353,7 @@ def listed_reasons():
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument('--blind', type=int, metavar='SEED')
-    parser.add_argument('--again', action='store_true', help='only what survived the last time')
+    parser.add_argument('--again', action='store_true', help='only what survived the last time and has no reason to')
     parser.add_argument('--count', type=int, default=200)
     parser.add_argument('--where', choices=['all', 'qt', 'rest'], default='all')
     parser.add_argument('--file', default='', help='only faults of files with that in their names')
@@ -372,8 +372,9 @@ def main():
 
     numbered = [(n, f) for n, f in enumerate(every)
                 if f.key() not in left_out and asked.file in f.file and (asked.where == 'all' or in_qt(f.file) == (asked.where == 'qt'))]
+    reasons = {**listed_reasons(), **chosen_reasons}
     if asked.again:
-        drawn = [(n, f) for n, f in numbered if results.get(ident(f), '') is None]
+        drawn = [(n, f) for n, f in numbered if results.get(ident(f), '') is None and ident(f) not in reasons]
     elif asked.blind is None:
         drawn = [(n, f) for n, f in numbered if f.kind == 'chosen']
     else:
@@ -383,7 +384,6 @@ def main():
     neighbours = collections.defaultdict(set)
     for n, f in enumerate(every):
         neighbours[f.file].add(n)
-    reasons = {**listed_reasons(), **chosen_reasons}
     started, tried, survivors = time.monotonic(), [], []
     with concurrent.futures.ThreadPoolExecutor(asked.jobs) as pool:
         def trial(numbered_fault):

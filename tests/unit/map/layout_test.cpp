@@ -217,6 +217,11 @@ TEST_F(Layout, TheConfigurationGridSitsJustRightOfTheMapLevelWithItsTop) {
   const double dx = 630 - 720, dy = 5 - 80;
   EXPECT_EQ(cadre(e().LBL_param(1)), (Cadre{630, 5, 216, 33}));
   EXPECT_EQ(e().LBL_param(1).alignement, Alignement::centre);
+  for (int i = 1; i <= 13; ++i) {
+    const bool est_un_numéro = i == 13 || (i >= 7 && i <= 9);
+    EXPECT_EQ(e().LBL_param(i).multiligne, !est_un_numéro) << i;
+    EXPECT_EQ(e().LBL_param(i).déborde, est_un_numéro) << i;
+  }
   EXPECT_EQ(cadre(e().LBL_param(13)), (Cadre{912 + dx, 264 + dy, 17, 17}));
   EXPECT_EQ(cadre(e().BTN(1)), (Cadre{760 + dx, 544 + dy, 66, 31}));
   EXPECT_EQ(cadre(e().BTN(2)), (Cadre{840 + dx, 544 + dy, 66, 31}));

@@ -377,6 +377,11 @@ TEST_F(Controls, BordersComeAndGo) {
   auto *shown_label = stage.widget<QLabel>(window, "étiquette");
   EXPECT_TRUE(shown_line->hasFrame());
   EXPECT_NE(shown_page->frameShape(), QFrame::NoFrame);
+  for (const bool fixed : {true, false}) {
+    page.lecture_seule = fixed;
+    stage.renderer.sync();
+    EXPECT_EQ(shown_page->isReadOnly(), fixed);
+  }
   EXPECT_EQ(shown_label->frameShape(), QFrame::NoFrame);
   auto *shown_box = stage.widget<QFrame>(window, "boîte");
   for (const Bord edge : {Bord::avec, Bord::sans, Bord::avec}) {

@@ -97,12 +97,21 @@ TEST_F(Player, GoesByKeysToAProvinceFromWhereverTheCursorIs) {
   std::iota(provinces.begin(), provinces.end(), 1);
   const auto [north, south] =
       std::ranges::minmax(provinces, lies_higher, [&](int p) { return g.TableVilles(p); });
+  struct Mouse : QObject {
+    bool eventFilter(QObject *, QEvent *event) override {
+      pressed = pressed || event->type() == QEvent::MouseButtonPress;
+      return false;
+    }
+    bool pressed = false;
+  } mouse;
+  desktop.renderer().top_frame()->findChild<QWidget *>("Carte")->installEventFilter(&mouse);
   for (const int p : {south, north}) {
     Poser_question(desktop.programme().contexte(), p);
     by_keys.player.click(province(p));
     EXPECT_EQ(by_keys.run(), "");
     EXPECT_TRUE(g.TableProvinces(p).trouvée) << p;
   }
+  EXPECT_FALSE(mouse.pressed);
 }
 
 TEST_F(Player, GivesUpOverAMenuEntryThatIsDisabledAndClosesTheMenu) {

@@ -75,7 +75,7 @@ TEST_F(RealWindow, FillsMostOfTheMonitorAtTheFirstStart) {
 
 TEST_F(RealWindow, IsNoLargerThanTheMonitorAtTheFirstStartEvenAtTheSmallestScale) {
   QWidget window;
-  place_for_the_first_time(window, {4000, 3000}, {0, 30});
+  place_for_the_first_time(window, {4000, 3000});
   EXPECT_EQ(window.geometry(), window.screen()->availableGeometry());
 }
 
@@ -278,6 +278,9 @@ TEST_F(ScrolledWindow, TheWheelWithControlSetsTheScale) {
   EXPECT_NEAR(scale(), before * 1.1, 0.001) << "half a notch is none yet";
   turn_wheel(*frame(), {0, 60}, Qt::ControlModifier);
   EXPECT_GT(scale(), before * 1.15);
+  const double turned = scale();
+  EXPECT_FALSE(turn_wheel(*frame(), {0, 120})) << "without Control it is others' affair";
+  EXPECT_EQ(scale(), turned);
   EXPECT_EQ(screen().barre_v.valeur, 0);
 }
 

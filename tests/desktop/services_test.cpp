@@ -239,6 +239,9 @@ TEST(DesktopOptions, OneSavedGameOrConfigurationMayBeNamed) {
     EXPECT_EQ(options.erreur, "");
     EXPECT_EQ(options.fichier, name);
   }
+  const std::array own{"ardane", "reverse"};
+  EXPECT_EQ(read_options(own.size(), own.data()).erreur, "Option inconnue ou incomplète : reverse")
+      << "without a dash it is none of the toolkit's";
   const std::array two{"ardane", "a.CAI", "b.CAI"};
   EXPECT_EQ(read_options(two.size(), two.data()).erreur, "Option inconnue ou incomplète : b.CAI");
 }

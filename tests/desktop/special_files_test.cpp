@@ -52,18 +52,22 @@ TEST_F(SpecialFiles, APipeIsNoPageOfTheHelpNorItsList) {
   EXPECT_FALSE(page.toPlainText().contains("province"));
 }
 
+TEST_F(SpecialFiles, SettingsBelowALinkThatLeadsToItselfAreToldApartByTheirNames) {
+  const std::filesystem::path loop = folder.filePath("loop").toStdString();
+  std::filesystem::create_symlink(loop, loop);
+  const OneInstance one(loop / "registre");
+  const OneInstance other(loop / "autre");
+  EXPECT_EQ(one.place(), OneInstance::Place::first);
+  EXPECT_EQ(other.place(), OneInstance::Place::first);
+}
+
 TEST_F(SpecialFiles, SettingsNamedFromAFolderThatHasGoneAreNoReasonToDie) {
   const std::filesystem::path before = std::filesystem::current_path();
   const std::filesystem::path gone = folder.filePath("gone").toStdString();
   std::filesystem::create_directory(gone);
   std::filesystem::current_path(gone);
   std::filesystem::remove(gone);
-  EXPECT_NO_THROW({
-    const OneInstance one("registre");
-    const OneInstance other("autre");
-    EXPECT_EQ(one.place(), OneInstance::Place::first);
-    EXPECT_EQ(other.place(), OneInstance::Place::first);
-  });
+  EXPECT_NO_THROW(const OneInstance instance("registre"));
   std::filesystem::current_path(before);
 }
 

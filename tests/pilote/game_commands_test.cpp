@@ -55,12 +55,13 @@ TEST_F(Commandes_du_jeu, only_pixels_in_view_can_be_clicked) {
             "Le point " + std::to_string(visible_l) + " 10 de la carte n'est pas en vue");
   EXPECT_EQ(dire("clic_carte " + std::to_string(visible_l - 1) + " 10").erreur(), "");
   dire("valeur barre_h 50");
-  EXPECT_EQ(contrôle("barre_h")["focus"], true) << "as by a player's mouse";
   EXPECT_EQ(dire("clic_carte " + std::to_string(visible_l) + " 10").erreur(), "");
   EXPECT_THAT(dire("clic_carte 49 10").erreur(), HasSubstr("n'est pas en vue"));
   EXPECT_THAT(dire("clic_carte 10 661").erreur(), HasSubstr("n'est pas en vue"));
-  dire("valeur barre_v 9999");
-  dire("valeur barre_h 9999");
+  for (const std::string barre : {"barre_v", "barre_h"}) {
+    dire("valeur " + barre + " 9999");
+    EXPECT_EQ(contrôle(barre)["focus"], true) << "as by a player's mouse";
+  }
   EXPECT_EQ(dire("clic_carte 601 661").erreur(), "");
   EXPECT_THAT(dire("clic_carte 602 661").erreur(), HasSubstr("n'est pas en vue"));
   EXPECT_THAT(dire("clic_carte 601 662").erreur(), HasSubstr("n'est pas en vue"));

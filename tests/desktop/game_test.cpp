@@ -175,6 +175,7 @@ TEST_F(GameByEar, WhatIsSaidIsANotification) {
   auto *speech = frame()->findChild<QWidget *>("annonce");
   ASSERT_NE(speech, nullptr);
   EXPECT_EQ(QAccessible::queryAccessibleInterface(speech)->role(), QAccessible::Notification);
+  EXPECT_EQ(speech->size(), QSize(1, 1)) << "for the ear alone";
 }
 
 TEST_F(GameByEar, TheMainWindowIsAWindowAndADialogADialog) {

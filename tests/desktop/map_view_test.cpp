@@ -400,6 +400,8 @@ TEST(MapCursor, IsDrawnWithoutATraceOnThePainter) {
   for (int i = 0; i < image.width() * image.height(); ++i)
     colours.insert(image.pixel(i % image.width(), i / image.width()));
   EXPECT_GT(colours.size(), 3U) << "its lines are smooth";
+  for (const QPoint tick : {QPoint(8, 20), QPoint(32, 20), QPoint(20, 8), QPoint(20, 32)})
+    EXPECT_LT(image.pixelColor(tick).lightness(), 60) << "a line on each side";
   EXPECT_EQ(painter.pen(), pen);
   EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing));
 }

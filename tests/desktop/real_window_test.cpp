@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QTest>
 #include <QWheelEvent>
+#include <algorithm>
 #include <fstream>
 
 #include "front/qt/demonstration/mouse.h"
@@ -451,16 +452,17 @@ TEST_F(TwoMonitors, ADialogFollowsItsWindowToEither) {
   }
 }
 
-TEST_F(RealWindow, ADialogLiesWhollyOnTheMonitorWhereverItsWindowHangsOut) {
+TEST_F(RealWindow, ADialogLiesWhollyOnAMonitorWhereverItsWindowHangsOut) {
   start();
-  const QRect monitor = frame()->screen()->availableGeometry();
+  const QList<QScreen *> screens = QGuiApplication::screens();
   for (const QPoint by : {QPoint(-700, 0), QPoint(0, -600), QPoint(700, 0), QPoint(0, 600)}) {
     frame()->move(by);
     QApplication::processEvents();
     order().choose("menu_fichier", "fichier_nouveau");
     order().then([&] {
       const QRect dialog = desktop().renderer().top_frame()->frameGeometry();
-      EXPECT_EQ(dialog & monitor, dialog);
+      const auto holds = [&](const QScreen *s) { return s->availableGeometry().contains(dialog); };
+      EXPECT_TRUE(std::ranges::any_of(screens, holds)) << by.x() << ", " << by.y();
     });
     order().click("Bouton_annuler");
     play();

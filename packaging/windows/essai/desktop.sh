@@ -18,9 +18,10 @@ fail() {
   exit 1
 }
 
-# Every file, and every key and value of the registry, a line each; what Windows itself leaves behind is left out.
+# Every file, folder with its "/", key and value of the registry, a line each; what Windows itself leaves behind is left
+# out.
 listed() {
-  (cd "$drive" && find . -path ./windows -prune -o -path '*/Temp/*' -o -print)
+  (cd "$drive" && find . -path ./windows -prune -o -path '*/Temp/*' -o -type d -printf '%p/\n' -o -print)
   local root
   for root in HKEY_CURRENT_USER HKEY_LOCAL_MACHINE; do
     wine reg export "$root\\Software" "$folder/registre" /y >/dev/null
@@ -28,11 +29,13 @@ listed() {
   done
 }
 list() { listed | LC_ALL=C sort -u >"$folder/$1"; }
-# What is new since the list of that name and is not the player's.
+# What is new since the list of that name and is not the player's. Keys without a value and folders come with the first
+# program that asks Windows for them, and stay: of those only ours count.
 left_since() {
   list now
   LC_ALL=C comm -13 "$folder/$1" "$folder/now" |
-    grep -vE 'mirabonde|\\Software\\Mirabonde|/Documents/(ARDANE\.|.*\.CAI$)' || true
+    grep -vE 'mirabonde|\\Software\\Mirabonde|/Documents/(ARDANE\.|.*\.CAI$)' |
+    grep -E 'rdane|[^]/]$' || true
 }
 
 # install HOW ROOT PROGRAM: silently, for CurrentUser or AllUsers, whose settings are below ROOT.

@@ -39,8 +39,11 @@ TEST_F(WholeFile, IsNotReadBeyondWhatWasAskedFor) {
 TEST_F(WholeFile, IsNoneWhereThereIsNoFileOrNoPlainOne) {
   EXPECT_EQ(octets_du_fichier(path()), std::nullopt);
   EXPECT_EQ(octets_du_fichier(dossier.chemin()), std::nullopt);
+}
+
+TEST_F(WholeFile, IsNoneForAPipeWhichWouldBeWaitedFor) {
   ASSERT_EQ(mkfifo(path().c_str(), S_IRUSR | S_IWUSR), 0);
-  EXPECT_EQ(octets_du_fichier(path()), std::nullopt) << "a pipe would be waited for";
+  EXPECT_EQ(octets_du_fichier(path()), std::nullopt);
 }
 
 TEST_F(WholeFile, IsNoneWhereItMayNotBeRead) {

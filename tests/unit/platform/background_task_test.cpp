@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <future>
+#include <memory>
 #include <string>
 
 namespace ardane {
@@ -59,8 +60,9 @@ TEST_F(BackgroundTask, OneThatHasNotBegunGivesWayToTheNext) {
 TEST_F(BackgroundTask, GivingUpDropsWhatHasNotBegunAndWaitsForWhatHas) {
   fond.confier(retenue.tâche(fait));
   retenue.attendre_le_début();
-  fond.confier([&] { fait += "b"; });
-  const auto lâcheur = std::async(std::launch::async, [&] { retenue.lâcher(); });
+  // As it is dropped it lets the first one go on.
+  const auto lâcher = [&](void *) { retenue.lâcher(); };
+  fond.confier([&, dernier = std::shared_ptr<void>(nullptr, lâcher)] { fait += "b"; });
   fond.abandonner();
   EXPECT_EQ(fait, "a");
   fond.confier([&] { fait += "d"; });

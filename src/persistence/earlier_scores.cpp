@@ -1,6 +1,7 @@
 #include "persistence/earlier_scores.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <string_view>
 
@@ -75,7 +76,7 @@ void Garder_scores(const fs::path &dossier, const std::string &fichier, const Ho
   if (!octets) return;
   const std::vector<Scores_anciens> toutes = copies_sous(dossier);
   const std::vector<Scores_anciens> siennes = copies_du_fichier(toutes, texte_du_chemin(source));
-  if (!siennes.empty() && octets_du_fichier(siennes.front().copie) == octets) return;
+  if (!siennes.empty() && octets_du_fichier(siennes.front().copie, plus_gros_gardé) == octets) return;
 
   const int dernier = toutes.empty() ? 0 : std::ranges::max(toutes, {}, &Scores_anciens::numéro).numéro;
   const fs::path le_sien = dossier / en_noms(source);

@@ -218,11 +218,17 @@ def first_start(game):
     leave(game, process)
 
 
+def typed_into(title, text):
+    """The window of that title, with the text in the box that has its keyboard."""
+    window = named(title)
+    xdotool("windowactivate", window)
+    xdotool("type", "--delay", 60, text)
+    return window
+
+
 def new_game(game):
     key("ctrl+n")
-    window = named("Nouvelle partie")
-    xdotool("windowactivate", window)
-    xdotool("type", "--delay", 60, "Zoe")
+    window = typed_into("Nouvelle partie", "Zoe")
     game.picture("nouvelle partie")
     press(window, 89, 279, 312)  # OK
     wait_for(lambda: window not in windows(), "la partie commencée")
@@ -265,9 +271,7 @@ def end_of_session(game, process):
 
 def save(game):
     key("ctrl+s")
-    chooser = named("Arrêt en cours de jeu")
-    xdotool("windowactivate", chooser)
-    xdotool("type", "--delay", 60, "Souper")
+    chooser = typed_into("Arrêt en cours de jeu", "Souper")
     game.picture("enregistrer")
     key("Return")
     wait_for(lambda: chooser not in windows(), "la partie enregistrée")

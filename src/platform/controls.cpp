@@ -92,7 +92,7 @@ bool est_utilisable(const Contrôle &contrôle) {
 
 bool est_bordé(const Contrôle &contrôle) {
   if (contrôle.bord == Bord::selon_genre) return contrôle.genre == Genre::texte;
-  return contrôle.bord == Bord::avec;
+  return contrôle.bord == Bord::avec || contrôle.cellule;
 }
 
 const std::string &nom_à_dire(const Contrôle &contrôle) {

@@ -75,6 +75,7 @@ struct Contrôle {
   bool actif = true;
   bool retiré = false;  ///< taken off its window: only those who still hold it can tell
   Bord bord = Bord::selon_genre;
+  bool cellule = false;  ///< a label of a table: framed text on its ground, which takes neither click nor tip
   bool étirée = false;   ///< the picture takes the control's size; otherwise the control takes the picture's
   bool déborde = false;  ///< a label of one line that runs on beyond its right edge rather than shrink
   bool multiligne = false;

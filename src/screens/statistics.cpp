@@ -221,7 +221,7 @@ Contrôle &Stats::ajouter_cellule(Colonne colonne, int ligne) {
   Contrôle &boîte =
       placer(*this, {indexé(place.nom, ligne), Genre::étiquette, place.gauche,
                      haut_du_tableau + hauteur_de_ligne * (ligne - 1), place.largeur, hauteur_de_ligne});
-  boîte.bord = Bord::avec;
+  boîte.cellule = true;
   boîte.visible = false;
   cellules(colonne).push_back(&boîte);
   return boîte;

@@ -266,57 +266,6 @@ TEST_F(Controls, ALabelLeadsToTheControlThatItNames) {
   EXPECT_EQ(shown->text(), "Nom & prénom") << "it leads nowhere any more";
 }
 
-TEST_F(Controls, ALabelThatComesWhereAnotherGoesTakesItsWidgetAndLooksLikeItself) {
-  const auto add_plain = [](Fenêtre &where) {
-    Contrôle &plain = place(where, "simple", Genre::étiquette, {40, 60, 90, 20});
-    plain.texte = "Simple";
-    return &plain;
-  };
-  Contrôle &gaudy = add("voyante", Genre::étiquette);
-  gaudy.texte = "Voyante, et sur plusieurs lignes parce qu'elle est longue";
-  gaudy.police = {Famille_police::times, 12, true};
-  gaudy.alignement = Alignement::droite;
-  gaudy.bord = Bord::avec;
-  gaudy.multiligne = true;
-  gaudy.infobulle = "voyante";
-  gaudy.nom_parlé = "La voyante";
-  gaudy.fond = Couleur{0, 0, 0};
-  gaudy.couleur = Couleur{255, 255, 0};
-  show();
-  const QWidget *widget = stage.widget(window, "voyante");
-  window.retirer(gaudy);
-  add_plain(window);
-  stage.renderer.sync();
-  QWidget *shown = stage.widget(window, "simple");
-  EXPECT_EQ(shown, widget);
-
-  Fenêtre fresh{"autre"};
-  fresh.largeur = window.largeur;
-  fresh.hauteur = window.hauteur;
-  add_plain(fresh);
-  stage.renderer.montrer(fresh);
-  QWidget *alone = stage.widget(fresh, "simple");
-  EXPECT_EQ(shown->grab().toImage(), alone->grab().toImage());
-  EXPECT_EQ(shown->geometry(), alone->geometry());
-  EXPECT_EQ(shown->accessibleName(), alone->accessibleName());
-  EXPECT_EQ(shown->toolTip(), alone->toolTip());
-}
-
-TEST_F(Controls, ALabelThatLeadsToAnotherControlOrLiesElsewhereHasAWidgetOfItsOwn) {
-  Contrôle &frame = add("cadre", Genre::cadre);
-  for (const char *name : {"un", "deux"}) add(name, Genre::étiquette);
-  show();
-  const std::array<const QWidget *, 2> widgets = {stage.widget(window, "un"), stage.widget(window, "deux")};
-  for (const char *name : {"un", "deux"}) window.retirer(*window.chercher(name));
-  Contrôle &leading = add("menante", Genre::étiquette);
-  leading.texte = "Nom";
-  leading.mnémonique = U'n';
-  add("encadrée", Genre::étiquette, &frame);
-  stage.renderer.sync();
-  for (const char *name : {"menante", "encadrée"})
-    EXPECT_THAT(widgets, testing::Not(testing::Contains(stage.widget(window, name)))) << name;
-}
-
 TEST_F(Controls, EveryKindSpeaks) {
   for (const Genre kind :
        {Genre::image, Genre::étiquette, Genre::cadre, Genre::texte, Genre::bouton, Genre::case_à_cocher,

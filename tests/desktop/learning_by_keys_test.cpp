@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include "cells.h"
 #include "front/qt/demonstration/mouse.h"
 #include "map/main_window.h"
 #include "persistence/information_file.h"
@@ -63,9 +64,9 @@ class LearningByKeys : public ProgramTest {
     order().press(Qt::Key_Return);
     order().click("BoutonStatistiques");
   }
-  /// What the label of the window in front will say at its turn.
-  void read_into(std::string &text, const char *label) {
-    order().then([&text, label] { text = shown<QLabel>(label).text().toStdString(); });
+  /// What the cell of the window in front will say at its turn.
+  void read_into(std::string &text, const char *cell) {
+    order().then([&text, cell] { text = read_cell(front(), cell); });
   }
   Fiche_information card(int province) {
     return Lire_fiche_information(desktop().programme().contexte(), province).value();
@@ -181,8 +182,9 @@ TEST_F(LearningByKeys, NoNameOfTheTablesIsCut) {
       for (int above = 0; above <= objects - 18; above += 17) {
         bar.setValue(above);
         for (int row = 1; row <= 18; ++row)
-          if (const QString name = shown<QLabel>(indexé(column, row).c_str()).text(); name.contains(u'…'))
-            cut.push_back(name.toStdString());
+          if (std::string name = read_cell(front(), indexé(column, row));
+              name.empty() || name.find("…") != std::string::npos)
+            cut.push_back(std::move(name));
       }
     });
   };

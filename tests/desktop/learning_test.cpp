@@ -11,6 +11,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "cells.h"
 #include "front/qt/demonstration/mouse.h"
 #include "map/main_window.h"
 #include "persistence/information_file.h"
@@ -256,12 +257,12 @@ TEST_F(LearningTest, TheStatisticsOfAGameLeftAreLookedThroughAndWritten) {
   order().click("BoutonStatistiques");
   std::string first, points, last_town;
   order().then([&] {
-    first = widget<QLabel>("Stats", "NomProvince(1)")->text().toStdString();
-    points = widget<QLabel>("Stats", "PerteProvinces(1)")->text().toStdString();
+    first = read_cell(*QApplication::activeModalWidget(), "NomProvince(1)");
+    points = read_cell(*QApplication::activeModalWidget(), "PerteProvinces(1)");
   });
   order().click("BoutonVilles");
   order().then([&] { drag_to_the_end(*widget<QScrollBar>("Stats", "BarreVerticale")); });
-  order().then([&] { last_town = widget<QLabel>("Stats", "NomColonne1(18)")->text().toStdString(); });
+  order().then([&] { last_town = read_cell(*QApplication::activeModalWidget(), "NomColonne1(18)"); });
   order().click("BoutonSauvegarde");
   order().answer(Réponse::ok);
   order().click("Command1");

@@ -7,6 +7,7 @@
 #include <QTest>
 #include <cstdlib>
 
+#include "core/paths.h"
 #include "front/qt/appearance.h"
 #include "front/qt/rescue.h"
 #include "kept_run.h"

@@ -15,13 +15,11 @@
 #include "core/text_encoding.h"
 #include "front/qt/appearance.h"
 #include "front/qt/child.h"
+#include "front/qt/fitted_text.h"
 
 namespace ardane {
 namespace {
 
-/// A text that is too long for its label is set smaller, down to this many hundredths of its size. One that
-/// is too long even then keeps its size and loses its middle.
-constexpr int smallest_fitted_font = 60;
 /// Keeps words off the edge of their coloured ground.
 constexpr int coloured_margin = 3;
 /// Between a counter and the lower edge of its frame, in pixels of the data.
@@ -96,13 +94,6 @@ QString text_of(const QPlainTextEdit &page) {
   return page.document()->toRawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
 }
 
-/// Each line's middle left out where the line is too long.
-QString shortened(const QString &text, const QFontMetrics &font, int width) {
-  QStringList lines = text.split(QLatin1Char('\n'));
-  for (QString &line : lines) line = font.elidedText(line, Qt::ElideMiddle, width);
-  return lines.join(QLatin1Char('\n'));
-}
-
 /// Gives every row the size of the widest one: to measure thousands of rows takes longer than all else that
 /// a list needs to come up.
 class EvenRows : public QStyledItemDelegate {
@@ -150,12 +141,6 @@ LabelView::LabelView(Contrôle &control, const ViewContext &context, QWidget *pa
   label().setTextFormat(Qt::PlainText);
 }
 
-/// What leads to another control is told when the views are made.
-bool LabelView::may_show_another(const Contrôle &other) const {
-  return other.genre == Genre::étiquette && other.conteneur == control().conteneur && other.mnémonique == 0 &&
-         other.muet == control().muet;
-}
-
 QRect LabelView::place() const {
   QRect designed = ControlView::place();
   if (!control().déborde) return designed;
@@ -186,23 +171,10 @@ void LabelView::fit_text(const QString &text, bool several_lines) {
   const Fitted wanted{text, control().police, label().contentsRect().size(), scale()};
   if (wanted == fitted_) return;
   fitted_ = wanted;
-  const QFont designed = scale().font(control().police);
-  QFont font = designed;
   const int flags = several_lines ? Qt::TextWordWrap : 0;
-  const int smallest = font.pixelSize() * smallest_fitted_font / 100;
-  const auto fits = [&] {
-    const QRect area = QFontMetrics(font).boundingRect({{}, wanted.size}, flags, text);
-    return area.width() <= wanted.size.width() &&
-           area.height() <= std::max(wanted.size.height(), font.pixelSize());
-  };
-  bool fitted = fits();
-  while (!fitted && font.pixelSize() > smallest) {
-    font.setPixelSize(font.pixelSize() - 1);
-    fitted = fits();
-  }
-  if (!fitted) font = designed;
-  if (label().font() != font) label().setFont(font);
-  label().setText(fitted ? text : shortened(text, QFontMetrics(font), wanted.size.width()));
+  const FittedText fitted = fitted_text(text, scale().font(control().police), wanted.size, flags);
+  if (label().font() != fitted.font) label().setFont(fitted.font);
+  label().setText(fitted.text);
 }
 
 FrameView::FrameView(Contrôle &control, const ViewContext &context, QWidget *parent)

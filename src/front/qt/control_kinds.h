@@ -30,7 +30,6 @@ class LabelView : public ControlView {
  public:
   LabelView(Contrôle &control, const ViewContext &context, QWidget *parent);
   void sync() override;
-  bool may_show_another(const Contrôle &other) const override;
 
  private:
   bool is_clicked_by_press() const override { return true; }

@@ -28,18 +28,13 @@ QRect place_of(const Contrôle &control) {
 }
 
 ControlView::ControlView(Contrôle &control, const ViewContext &context, QWidget *widget)
-    : context_(context), control_(&control), widget_(widget) {
+    : context_(context), control_(control), widget_(widget) {
   widget_->setObjectName(to_qt(control.nom));
   widget_->installEventFilter(this);
   set_silent(*widget_, est_muet(control));
   if (prend_le_clavier(control) && widget_->focusPolicy() == Qt::NoFocus)
     widget_->setFocusPolicy(Qt::StrongFocus);
   if (control.lecture_seule && control.ordre_tabulation < 0) widget_->setFocusPolicy(Qt::ClickFocus);
-}
-
-void ControlView::show_another(Contrôle &control) {
-  control_ = &control;
-  widget_->setObjectName(to_qt(control.nom));
 }
 
 void ControlView::sync() {
@@ -76,7 +71,7 @@ bool ControlView::eventFilter(QObject *, QEvent *event) {
     case QEvent::FocusIn:
       // The focus is marked however it came: a key may well be what follows.
       widget_->window()->setAttribute(Qt::WA_KeyboardFocusChange);
-      if (!context_.dispatcher.busy()) context_.window.focus = control_;
+      if (!context_.dispatcher.busy()) context_.window.focus = &control_;
       break;
     case QEvent::FocusOut:
       if (!control().perte_du_focus || !is_real_loss(static_cast<QFocusEvent *>(event)->reason())) break;

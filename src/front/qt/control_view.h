@@ -50,13 +50,9 @@ class ControlView : public QObject {
  public:
   ~ControlView() override = default;
 
-  Contrôle &control() const { return *control_; }
+  Contrôle &control() const { return control_; }
   QWidget &widget() const { return *widget_; }
   virtual void sync();
-  /// True if the widget, whose control is gone, would do for another of its kind as it did for that.
-  virtual bool may_show_another(const Contrôle &) const { return false; }
-  /// Its control is another from now on, and is to be shown by the next `sync`.
-  void show_another(Contrôle &control);
 
  protected:
   /// Whether the widget is to be seen; the data's own visibility unless a kind has more to say.
@@ -93,7 +89,7 @@ class ControlView : public QObject {
     friend bool operator==(const Look &, const Look &) = default;
   };
 
-  Contrôle *control_;
+  Contrôle &control_;
   QWidget *const widget_;
   std::optional<Look> shown_;
   std::string spoken_;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QProxyStyle>
+#include <QWidget>
 
 #include "front/qt/child.h"
 

@@ -13,7 +13,6 @@
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
-#include <set>
 
 #include "front/qt/appearance.h"
 #include "front/qt/child.h"
@@ -36,9 +35,9 @@ QPoint whole(double x, double y) {
   return {static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y))};
 }
 
-/// Pictures of a map belong to its viewport's own painting.
+/// Cells, and pictures of a map, belong to the painting of what they stand on.
 bool has_widget(const Contrôle &control) {
-  if (control.genre == Genre::menu) return false;
+  if (control.genre == Genre::menu || control.cellule) return false;
   return control.genre != Genre::image || control.conteneur == nullptr ||
          control.conteneur->genre != Genre::vue;
 }
@@ -132,7 +131,7 @@ WindowView::WindowView(Fenêtre &window_shown, const WindowParts &parts, const W
                        QWidget *parent)
     : context_{window_shown, parts.dispatcher, parts.pictures, parts.screen, scale_, parts.guide},
       frame_(*make_child<Frame>(window_shown, events, parent)),
-      client_(*make_child<QWidget>(&frame_)),
+      client_(*make_child<CellSheet>(context_, &frame_)),
       fitted_(events.fitted) {
   auto &frame = static_cast<Frame &>(frame_);
   frame.resized = [this] { lay_out(); };
@@ -198,6 +197,7 @@ void WindowView::fit_contents() {
   client_.setGeometry(area.translated(0, menu_height()));
   context_.screen.play_on(ScreenQt::Area{&client_, fit_->screen(client), scale_});
   for (const auto &view : views_) view->sync();
+  client_.sync();
   fitted_();
 }
 
@@ -221,6 +221,7 @@ void WindowView::sync() {
   make_missing_views();
   bring_focus_home();
   for (const auto &view : views_) view->sync();
+  client_.sync();
   sync_stacking();
   sync_focus();
 }
@@ -228,7 +229,8 @@ void WindowView::sync() {
 void WindowView::sync_window() {
   const QString title = to_qt(window().titre).trimmed();
   if (frame_.windowTitle() != title) frame_.setWindowTitle(title);
-  if (title.isEmpty()) frame_.setAccessibleName(to_qt(window().nom_parlé));
+  if (const QString spoken = to_qt(window().nom_parlé); title.isEmpty() && frame_.accessibleName() != spoken)
+    frame_.setAccessibleName(spoken);
   if (menu_ != nullptr) menu_->sync();
   sync_geometry();
 }
@@ -278,30 +280,9 @@ void WindowView::forget_buddy(const QWidget &gone) {
       label->setBuddy(nullptr);
 }
 
-/// A table's cells go by the dozen where another's come, and to make and show a widget costs far more than
-/// its text.
-void WindowView::hand_on_views_of_gone() {
-  std::set<const Contrôle *> viewed;
-  for (const auto &view : views_) viewed.insert(&view->control());
-  auto heir = window().contrôles().begin();
-  const auto is_heir = [&](const Contrôle &control, const ControlView &view) {
-    return !control.retiré && est_visible(control) && !viewed.contains(&control) &&
-           view.may_show_another(control);
-  };
-  for (const auto &view : views_) {
-    if (!view->control().retiré) continue;
-    heir =
-        std::find_if(heir, window().contrôles().end(), [&](const Contrôle &c) { return is_heir(c, *view); });
-    if (heir == window().contrôles().end()) return;
-    forget_buddy(view->widget());
-    view->show_another(*heir++);
-  }
-}
-
 void WindowView::drop_views_of_gone() {
   if (revision_ == window().révision()) return;
   revision_ = window().révision();
-  hand_on_views_of_gone();
   for (const auto &view : views_) {
     if (!view->control().retiré) continue;
     // The widget may be at work in the very event that took its control off.

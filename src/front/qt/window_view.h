@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "front/qt/cell_sheet.h"
 #include "front/qt/control_view.h"
 #include "front/qt/menu_view.h"
 #include "front/qt/window_fit.h"
@@ -29,7 +30,8 @@ struct WindowParts {
 };
 
 /// The Qt window of a `Fenêtre` and the widgets of its controls. A widget is made when its control is first
-/// seen, and goes when its control has been taken off. A menu bar counts in the window's height.
+/// seen, and goes when its control has been taken off; cells have none. A menu bar counts in the window's
+/// height.
 class WindowView : public QObject {
  public:
   WindowView(Fenêtre &window, const WindowParts &parts, const WindowEvents &events, QWidget *parent);
@@ -82,7 +84,6 @@ class WindowView : public QObject {
   void sync_geometry();
   QRect on_desktop(QRect logical);
   void forget_buddy(const QWidget &gone);
-  void hand_on_views_of_gone();
   void drop_views_of_gone();
   void make_missing_views();
   void sync_stacking();
@@ -101,7 +102,7 @@ class WindowView : public QObject {
   std::unique_ptr<MenuView> menu_;  ///< null for a window without menus
   int designed_menu_height_ = 0;    ///< at scale 1
   Scale menu_scale_;
-  QWidget &client_;                                  ///< where the controls stand
+  CellSheet &client_;                                ///< where the controls stand
   std::vector<std::unique_ptr<ControlView>> views_;  ///< in the order of their making
   std::vector<ControlView *> stacked_;               ///< the lowest first
   std::optional<Geometry> geometry_;

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <fstream>
 
+#include "cells.h"
 #include "front/qt/demonstration/mouse.h"
 #include "front/qt/window_memory.h"
 #include "map/layout.h"
@@ -403,6 +404,25 @@ TEST_F(RealWindow, ADialogGrowsWithItAndLiesOverItsMiddle) {
 }
 
 /// The window on the lower one of two monitors: run only on the desktop that has two.
+TEST_F(RealWindow, TheCellsOfATableGrowWithIt) {
+  start();
+  resize(window_for(1.5));
+  wait_for_layout();
+  begin_game();
+  order().click(province(state().ProvinceCourante));
+  order().choose("menu_paramétrer", "Menu_affiche_paramètres");
+  order().answer(Réponse::oui);
+  order().answer(Réponse::ok);
+  order().click("BoutonStatistiques");
+  CellSheet::Cell cell;
+  order().then([&] { cell = sheet_of(*QApplication::activeModalWidget()).cells().front(); });
+  order().click("Command1");
+  order().click("Command1");
+  play();
+  EXPECT_EQ(cell.name, "NomProvince(1)");
+  EXPECT_EQ(cell.place, QRect(QPoint(12, 180), QPoint(253, 205)));
+}
+
 class TwoMonitors : public RealWindow {
  protected:
   void SetUp() override {

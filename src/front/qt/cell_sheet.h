@@ -39,13 +39,12 @@ class CellSheet : public QWidget {
 
  private:
   struct Writing {
-    QRect room;
     FittedText fitted;
+    QPoint baseline;  ///< where its first letter stands
   };
 
   Cell cell_of(const Contrôle &control) const;
   Writing writing_in(const Cell &cell) const;
-  void paint(QPainter &painter, const Cell &cell, const Writing &writing) const;
 
   const ViewContext &context_;
   std::vector<Cell> cells_;

@@ -403,7 +403,6 @@ TEST_F(RealWindow, ADialogGrowsWithItAndLiesOverItsMiddle) {
   play();
 }
 
-/// The window on the lower one of two monitors: run only on the desktop that has two.
 TEST_F(RealWindow, TheCellsOfATableGrowWithIt) {
   start();
   resize(window_for(1.5));
@@ -423,6 +422,7 @@ TEST_F(RealWindow, TheCellsOfATableGrowWithIt) {
   EXPECT_EQ(cell.place, QRect(QPoint(12, 180), QPoint(253, 205)));
 }
 
+/// The window on the lower one of two monitors: run only on the desktop that has two.
 class TwoMonitors : public RealWindow {
  protected:
   void SetUp() override {

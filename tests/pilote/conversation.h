@@ -10,6 +10,7 @@
 
 #include "front/pilote/journal.h"
 #include "front/pilote/options.h"
+#include "platform/controls.h"
 
 namespace ardane {
 
@@ -47,6 +48,7 @@ struct Réplique {
 struct Interlocuteur {
   virtual ~Interlocuteur() = default;
   virtual Réplique répondre(const std::string &commande) = 0;
+  virtual std::vector<Fenêtre *> fenêtres() const { return {}; }
 
   bool fini = false;
   int code = 0;
@@ -63,6 +65,8 @@ class Conversation {
   Réplique dire(const std::string &commande);
   /// Value of a variable, as `état PATH` tells it.
   Json état(const std::string &chemin);
+  /// The open windows, the lowest first, to be looked at between two commands; none on Windows.
+  std::vector<Fenêtre *> fenêtres() const { return pilote_->fenêtres(); }
   /// True once the pilot has left; its exit code.
   bool finie() const { return pilote_->fini; }
   int code() const { return pilote_->code; }

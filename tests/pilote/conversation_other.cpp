@@ -60,6 +60,8 @@ struct Fil : Interlocuteur {
     return réplique;
   }
 
+  std::vector<Fenêtre *> fenêtres() const override { return pilote.monde().façade.fenêtres(); }
+
   std::binary_semaphore tour_du_test{0}, tour_du_pilote{0};
   std::string commande;
   bool muet = false;  ///< nothing more will be said

@@ -1,10 +1,13 @@
 #include "player.h"
 
 #include <algorithm>
+#include <array>
 #include <fstream>
+#include <iterator>
 
 #include "answers.h"
 #include "core/paths.h"
+#include "core/resources.h"
 #include "pattern.h"
 
 namespace ardane {
@@ -40,6 +43,24 @@ Json chemins_en_barres(Json réponse, const std::string &dossier) {
   return place == std::string::npos ? réponse : Json(texte.substr(0, place) + en_barres(texte.substr(place)));
 }
 
+/// What the pilot says most of the time.
+const Json la_carte_attend = {{"attend", "Ecran_principal"}};
+
+/// Commands that change nothing.
+bool lit(const std::string &commande) {
+  constexpr std::array lectures = {"état", "contrôle", "contrôles", "dessus", "fenêtres", "boîte"};
+  const std::string mot = commande.substr(0, commande.find(' '));
+  return commande == "registre" || std::ranges::find(lectures, mot) != lectures.end();
+}
+
+/// What tells a file's contents from others. One whose bytes count the letters of the folder's name differs
+/// from run to run.
+std::string empreinte(const std::string &contenu, const std::string &dossier) {
+  const std::string neutre = remplacé(contenu, dossier, "{dossier}");
+  if (neutre != contenu && contenu.find('\0') != std::string::npos) return "nomme le dossier";
+  return std::to_string(neutre.size()) + " octets, somme " + std::to_string(somme_de(neutre));
+}
+
 constexpr std::string_view province_de_région = "province de ";
 
 /// True for what stands for something else between braces; JSON has braces of its own.
@@ -49,6 +70,12 @@ bool est_un_nom(std::string_view texte) {
 }
 
 }  // namespace
+
+Joueur::Joueur(const std::filesystem::path &livrés)
+    : dossier_(livrés), fenêtres_(ressources_du_programme().images, dossier_.chemin(), "{dossier}") {
+  noter_fichiers();
+  chronique_.clear();  // what ships is no news
+}
 
 void Joueur::jouer(const std::vector<Etape_scénario> &étapes) {
   for (const Etape_scénario &étape : étapes) faire(étape);
@@ -89,12 +116,43 @@ void Joueur::dire(const Etape_scénario &étape) {
   const std::string commande = compléter(étape.texte);
   Réplique réplique = pilote().dire(commande);
   for (Json &ligne : réplique.lignes) ligne = chemins_en_barres(ligne, dossier_.chemin());
+  if (!lit(commande)) noter(commande, réplique);
   std::vector<std::string> attendu;
   for (const std::string &motif : étape.attendu) attendu.push_back(compléter(motif));
   if (réponse_attendue(attendu, réplique.lignes)) return;
   if (attendu.empty()) attendu = {"(ni erreur ni fatale)"};
   throw Scénario_démenti("ligne " + std::to_string(étape.ligne) + tours_ + "\n  > " + commande + "\n" +
                          en_colonne("attendu :", attendu) + en_colonne("reçu :", écrites(réplique)));
+}
+
+void Joueur::noter(const std::string &commande, const Réplique &réplique) {
+  const auto ajouter = [this](const std::string &ligne) {
+    chronique_.push_back(remplacé(ligne, dossier_.chemin(), "{dossier}"));
+  };
+  ajouter("> " + commande);
+  for (const Json &ligne : réplique.lignes)
+    if (ligne != la_carte_attend) ajouter(ligne.dump());
+  if (!pilote().finie())
+    for (const std::string &ligne : fenêtres_.noter(pilote().fenêtres())) ajouter("  " + ligne);
+  noter_fichiers();
+}
+
+void Joueur::noter_fichiers() {
+  namespace fs = std::filesystem;
+  std::map<std::string, std::string> présents;
+  for (const auto &entrée : fs::recursive_directory_iterator(chemin_natif(dossier_.chemin()))) {
+    if (!entrée.is_regular_file()) continue;
+    std::ifstream flux(entrée.path(), std::ios::binary);
+    const std::string contenu{std::istreambuf_iterator<char>(flux), {}};
+    const std::string nom = en_barres(texte_du_chemin(entrée.path()).substr(dossier_.chemin().size() + 1));
+    présents[nom] = empreinte(contenu, dossier_.chemin());
+  }
+  for (const auto &[nom, contenu] : présents)
+    if (const auto avant = fichiers_.find(nom); avant == fichiers_.end() || avant->second != contenu)
+      chronique_.push_back("  fichier " + nom + " : " + contenu);
+  for (const auto &[nom, contenu] : fichiers_)
+    if (!présents.contains(nom)) chronique_.push_back("  fichier " + nom + " : parti");
+  fichiers_ = std::move(présents);
 }
 
 Conversation &Joueur::pilote() {

@@ -6,6 +6,7 @@
 
 #include <sstream>
 
+#include "chronicle.h"
 #include "pattern.h"
 #include "player.h"
 
@@ -174,6 +175,69 @@ TEST(Joueur_de_scénario, knows_the_answers) {
                           "> clic_carte {bonne réponse}\n{\"son\":\"carte_ok.wav\"}\n"),
             "");
   EXPECT_THROW(jouer("> clic_carte {bonne réponse}\n"), std::runtime_error);
+}
+
+TEST(Chronique, names_are_told_in_few_words) {
+  EXPECT_EQ(énumérer({"Pays(3)", "carte", "Pays(1)", "Reste(1)", "Pays(2)", "Pays(7)"}),
+            "carte, Pays(1-3), Pays(7), Reste(1)");
+}
+
+TEST(Chronique, as_few_as_can_be_have_been_moved) {
+  EXPECT_THAT(déplacés({"a", "b", "c", "d"}, {"a", "c", "d", "b"}), ElementsAre("b"));
+  EXPECT_THAT(déplacés({"a", "b", "c", "d"}, {"d", "a", "b", "c"}), ElementsAre("d"));
+  EXPECT_THAT(déplacés({"a", "b"}, {"a", "neuf", "b"}), ElementsAre());
+  EXPECT_THAT(déplacés({"a", "b"}, {"b"}), ElementsAre());
+}
+
+class Chronique_d_une_fenêtre : public testing::Test {
+ protected:
+  Contrôle &ajouter(const std::string &nom) { return fenêtre.ajouter({.nom = nom}); }
+  std::vector<std::string> noter() { return chronique.noter({&fenêtre}); }
+
+  const CatalogueImages images;
+  Chronique chronique{images, "/tmp/x", "{dossier}"};
+  Fenêtre fenêtre{"fenêtre"};
+};
+
+TEST_F(Chronique_d_une_fenêtre, tells_what_comes_changes_and_goes) {
+  Contrôle &nom = ajouter("nom");
+  nom.texte = "/tmp/x/Ann";
+  EXPECT_THAT(noter(), ElementsAre("paraît : nom", "texte \"\" → \"{dossier}/Ann\" : nom"));
+  EXPECT_THAT(noter(), ElementsAre());
+  nom.visible = false;
+  nom.texte = "Zoé";
+  EXPECT_THAT(noter(), ElementsAre("disparaît : nom"));
+  nom.visible = true;
+  EXPECT_THAT(noter(), ElementsAre("paraît : nom", "texte \"{dossier}/Ann\" → \"Zoé\" : nom"));
+  fenêtre.retirer(nom);
+  EXPECT_THAT(noter(), ElementsAre("disparaît : nom"));
+}
+
+TEST_F(Chronique_d_une_fenêtre, tells_what_lies_on_what) {
+  ajouter("dessous");
+  Contrôle &milieu = ajouter("milieu");
+  ajouter("dessus");
+  ajouter("tout en haut");
+  noter();
+  fenêtre.au_premier_plan(milieu);
+  EXPECT_THAT(noter(), ElementsAre("posé sur tout en haut : milieu"));
+}
+
+TEST_F(Chronique_d_une_fenêtre, tells_of_many_that_change_alike_or_each_in_its_own_way_at_once) {
+  std::vector<Contrôle *> tous;
+  for (int i = 1; i <= 20; ++i) tous.push_back(&ajouter("ville(" + std::to_string(i) + ")"));
+  noter();
+  for (Contrôle *c : tous) c->actif = false;
+  EXPECT_THAT(noter(), ElementsAre("actif oui → non : ville(1-20)"));
+  for (Contrôle *c : tous) c->valeur = static_cast<int>(c->nom.size() + c->plan);
+  const auto lignes = noter();
+  EXPECT_THAT(lignes, ElementsAre(AllOf(StartsWith("valeur changé, somme "), HasSubstr(" : ville(1-20)"))));
+}
+
+TEST_F(Chronique_d_une_fenêtre, names_the_window_where_it_is_not_the_one_on_top) {
+  ajouter("nom");
+  Fenêtre autre("autre");
+  EXPECT_THAT(chronique.noter({&fenêtre, &autre}), ElementsAre("fenêtre | paraît : nom"));
 }
 
 }  // namespace

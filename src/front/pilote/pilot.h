@@ -29,6 +29,9 @@ class Pilote : private Attente {
   /// fatal error, otherwise 0.
   int exécuter();
 
+  /// For whoever looks at the windows while the pilot waits for a line.
+  const MondeScripté &monde() const { return monde_; }
+
  private:
   Réponse attendre_réponse(const Boîte &boîte) override;
   void attendre_fermeture(Fenêtre &fenêtre) override;

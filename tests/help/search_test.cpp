@@ -198,6 +198,7 @@ std::string bold(const Excerpt &excerpt) {
 
 TEST(HelpExcerpt, ShowsTheWordsFoundInAShortTextWhole) {
   EXPECT_EQ(bold(excerpt("Les étapes, l’œil.", Query("etape oeil"))), "Les [étapes], l’[œil].");
+  EXPECT_EQ(bold(excerpt("Les étapes.", Query("etape étapes"))), "Les [étapes].");
   EXPECT_EQ(bold(excerpt("", Query("oeil"))), "");
 }
 

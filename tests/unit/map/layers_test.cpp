@@ -66,21 +66,32 @@ void attendre_ordre(Ecran_principal &e, const std::vector<const Contrôle *> &at
   EXPECT_TRUE(place == attendus.end()) << (*place)->nom << " lies too low";
 }
 
+/// The map under its layers as a redraw leaves them.
+std::vector<const Contrôle *> pile_redessinée(Ecran_principal &e) {
+  std::vector<const Contrôle *> ordre{&e.image_région};
+  for (int v = 1; v <= nombre_villes; ++v) ordre.push_back(&e.rond(v));
+  for (int i = 1; i <= nombre_provinces; ++i) {
+    ordre.push_back(&e.Inv(i));
+    ordre.push_back(&e.Pays(i));
+  }
+  for (int r = 1; r <= nombre_régions; ++r) ordre.push_back(&e.Région(r));
+  for (int v = 1; v <= nombre_villes; ++v) ordre.push_back(&repère(e, v));
+  return ordre;
+}
+
 TEST_F(Layers, ARedrawStacksMarkersOutlinesFillsRegionsAndDots) {
   for (const int étape : {0, 1, 2, 3, 4, 5, 6, 7}) {
     g().Etape = static_cast<std::int16_t>(étape);
     g().Niveau = 1;
     RedessinerCarte(m.c());
-    std::vector<const Contrôle *> ordre{&e().image_région};
-    for (int v = 1; v <= nombre_villes; ++v) ordre.push_back(&e().rond(v));
-    for (int i = 1; i <= nombre_provinces; ++i) {
-      ordre.push_back(&e().Inv(i));
-      ordre.push_back(&e().Pays(i));
-    }
-    for (int r = 1; r <= nombre_régions; ++r) ordre.push_back(&e().Région(r));
-    for (int v = 1; v <= nombre_villes; ++v) ordre.push_back(&repère(e(), v));
-    attendre_ordre(e(), ordre);
+    attendre_ordre(e(), pile_redessinée(e()));
   }
+}
+
+TEST_F(Layers, TheStartLeavesTheStackAsARedrawDoesAboveThePicturesThatAreOnlyKept) {
+  std::vector<const Contrôle *> ordre = pile_redessinée(e());
+  ordre.insert(ordre.begin(), &e().Drapeau(nombre_provinces));
+  attendre_ordre(e(), ordre);
 }
 
 TEST_F(Layers, AtStartEverythingIsStackedAsMapRegionsProvincesMarkersAndDots) {

@@ -206,6 +206,7 @@ TEST_F(Layout, TheCounterOfRegionsIsHiddenByEveryLayout) {
 TEST_F(Layout, DigitsLieAboveTheirFramesAndTheCounterAboveTheButtons) {
   démarrer(1280, 1024);
   Disposer_écran(m.c());
+  EXPECT_GT(e().Boîte_score.plan, e().Boîte_restants.plan);
   EXPECT_GT(e().Boîte_restants.plan, e().Bouton_gruge.plan);
   EXPECT_GT(e().Boîte_restants.plan, e().BoutonPasse.plan);
   for (int i = 1; i <= 3; ++i) EXPECT_GT(e().Reste(i).plan, e().Boîte_restants.plan) << i;

@@ -92,6 +92,7 @@ TEST_F(Panel, TheCounterOfProvincesStandsInStageRegionsOnly) {
 
 TEST_F(Panel, ShownPartsComeToTheFrontDigitsAboveTheirFrames) {
   afficher(étape_régions, 1);
+  EXPECT_GT(e().Boîte_score.plan, e().que_faire.plan);
   for (int i = 1; i <= 6; ++i) EXPECT_GT(e().Digit(i).plan, e().Boîte_score.plan) << i;
   for (int i = 1; i <= 3; ++i) EXPECT_GT(e().Reste(i).plan, e().Boîte_restants.plan) << i;
   EXPECT_GT(e().NombreProvinces.plan, e().BoîteProvinces.plan);

@@ -328,6 +328,17 @@ TEST_F(FileRegistry, WhatAnInstanceWritesAgainGoesOverWhatAnotherHasMadeOfIt) {
   EXPECT_EQ(ouvrir().lire("R", "a"), "1");
 }
 
+TEST_F(FileRegistry, WhatAnotherInstanceHasWrittenAlreadyIsNotWrittenAgain) {
+  RegistreFichier première = ouvrir();
+  première.créer("R");
+  EXPECT_TRUE(ouvrir().écrire("R", "a", "1"));
+  const fs::path écrit = chemin_natif(dossier.fichier("écrit"));
+  fs::create_hard_link(chemin_natif(fichier), écrit);
+  EXPECT_TRUE(première.écrire("R", "a", "1"));
+  EXPECT_TRUE(fs::equivalent(chemin_natif(fichier), écrit)) << "else another file stands in its place";
+  EXPECT_EQ(première.lire("R", "a"), "1");
+}
+
 TEST_F(FileRegistry, InstancesThatWriteAtOnceLoseNothing) {
   constexpr int instances = 4, réglages = 25;
   std::vector<std::thread> fils;

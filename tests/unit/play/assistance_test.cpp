@@ -36,6 +36,11 @@ TEST_F(Assistance, TheButtonIsOfferedOnceAQuestion) {
   EXPECT_FALSE(m.e().BoutonPasse.visible);
 }
 
+TEST_F(Assistance, TheButtonBearsItsLampFromTheStartOn) {
+  EXPECT_EQ(m.e().Bouton_gruge.image, m.e().Ampoule_allumée.image);
+  EXPECT_TRUE(m.e().Bouton_gruge.image);
+}
+
 TEST(AssistanceOnASmallScreen, TheProvinceThatBlinksComesIntoView) {
   MondeFactice m;
   m.écran.taille = {640, 480};

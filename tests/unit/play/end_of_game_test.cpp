@@ -159,6 +159,22 @@ TEST_F(EndOfGame, ALostGameTellsSoWithTheStopIconAndScoresItsProgress) {
   EXPECT_FALSE(m.e().que_faire.visible);
 }
 
+TEST(EndOfGameOnASmallScreen, ALostGameLeavesNoButtonAndTheMapWhereItBegins) {
+  MondeFactice m;
+  m.écran.taille = {640, 480};
+  m.démarrer();
+  m.nouvelle_partie(1);
+  for (Contrôle *barre : {&m.e().barre_h, &m.e().barre_v}) fixer_valeur(*barre, barre->max);
+  m.g().Score = 3;
+  m.répondre_faux();
+  ASSERT_TRUE(est_visible(m.e().BoutonPasse));
+  m.répondre_faux();
+  ASSERT_EQ(m.g().Etape, étape_repos);
+  EXPECT_FALSE(est_visible(m.e().BoutonPasse));
+  EXPECT_EQ(m.e().image_région.gauche, 0);
+  EXPECT_EQ(m.e().image_région.haut, 0);
+}
+
 /// The score as the panel shows it.
 std::string score_affiché(Ecran_principal &e) {
   std::string chiffres;

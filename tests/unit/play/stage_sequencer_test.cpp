@@ -143,6 +143,17 @@ TEST_F(Stages, TheFinishedMapStandsUnderTheAnnouncementOfTheNextStage) {
   EXPECT_EQ(reste, "000");
 }
 
+TEST_F(Stages, TheMapOfTheNextStageShowsNothingAsFound) {
+  ordonner({étape_provinces, étape_drapeaux});
+  m.nouvelle_partie(2);
+  finir_étape();
+  ASSERT_EQ(m.g().Etape, étape_drapeaux);
+  for (int p = 1; p <= nombre_provinces; ++p) {
+    EXPECT_FALSE(est_visible(m.e().Pays(p))) << p;
+    EXPECT_TRUE(est_visible(m.e().Inv(p))) << p;
+  }
+}
+
 TEST_F(Stages, AGameNeverClickedIsDroppedWithoutAQuestionAndWithoutAScore) {
   m.nouvelle_partie(1);
   m.boîtes.montrées.clear();

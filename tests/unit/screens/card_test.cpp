@@ -162,6 +162,7 @@ TEST_F(Cards, EveryProvincesCardIsAClickAwayInRevisionAndCostsNothing) {
     int ouverte = 0;
     réviser(p, [&](Fenêtre &) { ouverte = m.g().ProvinceFiche; });
     EXPECT_EQ(ouverte, p);
+    EXPECT_THAT(m.son.joués, ElementsAre("carte_hl.wav"));
   }
   EXPECT_TRUE(m.g().PartieVierge);
 }

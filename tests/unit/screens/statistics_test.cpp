@@ -143,15 +143,20 @@ TEST_F(Statistics, ItOpensOnTheProvincesWithFourColumns) {
 }
 
 TEST_F(Statistics, RegionsAndTownsHaveTwoColumns) {
+  g().TableRégions(3).points_perdus = 40;
+  g().TableVilles(2).points_perdus = 50;
+  g().TableVilles(2).trouvée_étape = true;
   montrer("BoutonRégions");
   EXPECT_EQ(k("EntêteColonne1").texte, "Régions");
   EXPECT_EQ(k("EntêtePerteColonne1").texte, "Points perdus");
   EXPECT_FALSE(k("EntêteVilles").visible || k("EntêteDrapeaux").visible || k("EntêteProvinces").visible);
-  EXPECT_EQ(k("NomColonne1", 1).texte, g().TableRégions(1).nom);
+  EXPECT_EQ(k("NomColonne1", 1).texte, g().TableRégions(3).nom);
+  EXPECT_EQ(k("PerteColonne1", 1).texte, "40");
   EXPECT_FALSE(k("NomProvince", 1).visible || k("PerteProvinces", 1).visible);
   montrer("BoutonVilles");
   EXPECT_EQ(k("EntêteColonne1").texte, "Ville");
-  EXPECT_EQ(k("NomColonne1", 2).texte, g().TableVilles(2).nom + " (" + g().TableProvinces(2).nom + ")");
+  EXPECT_EQ(k("NomColonne1", 1).texte, g().TableVilles(2).nom + " (" + g().TableProvinces(2).nom + ")");
+  EXPECT_EQ(k("PerteColonne1", 1).nom_parlé, "50, trouvé");
   EXPECT_FALSE(k("BoutonVilles").actif);
 }
 

@@ -106,6 +106,17 @@ TEST_F(Layers, AtStartEverythingIsStackedAsMapRegionsProvincesMarkersAndDots) {
   attendre_ordre(e(), ordre);
 }
 
+TEST_F(Layers, WhatLiesOnAnotherMapPictureIsNotStackedOnThisOneAtStart) {
+  g().TableRégions(3).encart = 1;
+  g().TableProvinces(5).encart = 1;
+  const Contrôle *const ailleurs[] = {&e().Région(3), &e().Pays(5), &e().Inv(5), &e().rond(5),
+                                      &e().RondPref(5)};
+  std::vector<std::uint64_t> avant;
+  for (const Contrôle *c : ailleurs) avant.push_back(c->plan);
+  Empiler_au_départ(m.c());
+  for (std::size_t k = 0; k < avant.size(); ++k) EXPECT_EQ(ailleurs[k]->plan, avant[k]) << ailleurs[k]->nom;
+}
+
 // Hiding and redrawing.
 
 TEST_F(Layers, HidingTheMapHidesEveryLayerMarkerAndDotButNotTheMap) {

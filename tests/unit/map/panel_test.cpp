@@ -90,6 +90,12 @@ TEST_F(Panel, TheCounterOfProvincesStandsInStageRegionsOnly) {
   EXPECT_EQ(e().EtiquetteProvinces.texte, "(dans la    région)");
 }
 
+TEST_F(Panel, TheCounterOfProvincesIsSpokenWithItsFrame) {
+  AfficherNombreProvinces(m.c(), 7);
+  EXPECT_EQ(e().NombreProvinces.texte, "7");
+  EXPECT_EQ(e().BoîteProvinces.nom_parlé, "Provinces de la région à choisir : 7");
+}
+
 TEST_F(Panel, ShownPartsComeToTheFrontDigitsAboveTheirFrames) {
   afficher(étape_régions, 1);
   EXPECT_GT(e().Boîte_score.plan, e().que_faire.plan);

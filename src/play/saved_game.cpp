@@ -258,7 +258,6 @@ void Placer_partie(Contexte &c, const Contenu_partie &contenu) {
   g.Niveau = contenu.niveau;
   g.ModeApprentissage = g.ScoreNonRetenu = contenu.apprentissage;
   RemiseAZéroCarte(c);
-  g.PartieVierge = true;
   g.Score = contenu.score;
   reprendre_étape(g, contenu);
   prendre_statistiques(g, contenu);

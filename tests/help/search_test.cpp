@@ -5,12 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 
 namespace ardane {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 std::vector<std::string> folded(std::string_view text) {
@@ -20,8 +22,8 @@ std::vector<std::string> folded(std::string_view text) {
 }
 
 TEST(HelpWords, CompareWithoutCaseAccentsAndLigatures) {
-  EXPECT_THAT(folded("Étapes ÇA œuvre Œil Æ naïf où"),
-              ElementsAre("etapes", "ca", "oeuvre", "oeil", "ae", "naif", "ou"));
+  EXPECT_THAT(folded("Étapes ÇA œuvre Œil Æ naïf où Ÿ"),
+              ElementsAre("etapes", "ca", "oeuvre", "oeil", "ae", "naif", "ou", "y"));
   EXPECT_THAT(folded("e\xCC\x81tape"), ElementsAre("etape")) << "an accent of its own after the letter";
 }
 
@@ -99,6 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Damage{"LastByteGone", whole.substr(0, whole.size() - 1), "est incomplet"},
                     Damage{"HalfGone", whole.substr(0, whole.size() / 2), "est incomplet"},
                     Damage{"FieldGone", changed("\tUn\t", "\t"), "est abîmé"},
+                    Damage{"FieldTooMany", changed("\tUn\t", "\tUn\tUn\t"), "est abîmé"},
                     Damage{"NoHeading", changed("\tUn\t", "\t\t"), "est abîmé"},
                     Damage{"PageElsewhere", changed("a.html", "../a.html"), "est abîmé"},
                     Damage{"PageWithoutName", changed("a.html", ".html"), "est abîmé"}),
@@ -128,6 +131,11 @@ TEST_F(HelpIndexOnDisk, ThatIsNotThereIsTold) {
   EXPECT_EQ(read_index(file).trouble, "manque");
 }
 
+TEST_F(HelpIndexOnDisk, ThatCannotBeReadIsTold) {
+  std::filesystem::create_symlink("/proc/self/mem", file);
+  EXPECT_EQ(read_index(file).trouble, "ne peut pas être lu");
+}
+
 TEST_F(HelpIndexOnDisk, OfAnySizeIsNotReadToItsEnd) {
   write(whole);
   std::filesystem::resize_file(file, std::uintmax_t{1} << 32);
@@ -154,6 +162,13 @@ TEST(HelpSearchOrder, AllWordsBeforeSome) {
   EXPECT_THAT(found(sections, "lampe anneau"), ElementsAre("Ailleurs", "Lampe"));
   EXPECT_THAT(found(sections, "lampe zéro"), ElementsAre("Lampe"))
       << "some have a word, one is worth showing";
+}
+
+TEST(HelpSearchOrder, ThePagesTitleIsASectionsTooThatHasAnotherOfTheWords) {
+  const Section beside = section("a.html", "a", "Un", "Un anneau.");
+  const Section titled{"b.html", "b", "La lampe", "Deux", "", "Un anneau."};
+  EXPECT_THAT(found({beside, titled}, "lampe anneau"), ElementsAre("Deux", "Un"));
+  EXPECT_THAT(found({beside, titled}, "lampe"), IsEmpty()) << "of which none says anything of it";
 }
 
 TEST(HelpSearchOrder, RareWordsWeighMore) {
@@ -185,6 +200,7 @@ TEST(HelpSearchOrder, AQuestionAsLongAsABookIsAnswered) {
   std::string asked;
   for (int i = 0; i < 20000; ++i) asked += "texte " + std::to_string(i) + " ";
   EXPECT_THAT(found(sections, asked.c_str()), ElementsAre("Un"));
+  EXPECT_EQ(Query(asked).size(), 32U) << "which is soon looked for";
 }
 
 std::string bold(const Excerpt &excerpt) {
@@ -212,6 +228,13 @@ TEST(HelpExcerpt, ShowsThePieceOfALongTextThatHasMost) {
   EXPECT_LT(shown.size(), 220U);
 }
 
+TEST(HelpExcerpt, ShowsThePieceThatHasMostThoughAWordComesAgainBehindIt) {
+  std::string filling;
+  for (int i = 0; i < 60; ++i) filling += "Rien du tout. ";
+  const std::string text = filling + "Une lampe, un anneau. " + filling + "Lampe à la fin.";
+  EXPECT_THAT(bold(excerpt(text, Query("lampe anneau"))), HasSubstr("Une [lampe], un [anneau]."));
+}
+
 TEST(HelpExcerpt, CutsNoWord) {
   std::string filling;
   for (int i = 0; i < 60; ++i) filling += "Rien du tout. ";
@@ -219,6 +242,7 @@ TEST(HelpExcerpt, CutsNoWord) {
     const std::string text = std::string(shift, 'x') + " " + filling + "Une lampe. " + filling;
     std::string shown = excerpt(text, Query("lampe")).text;
     ASSERT_TRUE(shown.starts_with("… ") && shown.ends_with(" …")) << shown;
+    EXPECT_LT(shown.size(), 220U);
     shown = shown.substr(4, shown.size() - 8);
     const std::size_t begin = text.find(shown);
     ASSERT_NE(begin, std::string::npos);

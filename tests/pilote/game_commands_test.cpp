@@ -15,6 +15,7 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 using Commandes_du_jeu = EssaiDuPilote;
 
@@ -126,7 +127,8 @@ TEST_F(Commandes_du_jeu, f1_opens_the_help_of_the_window_on_top) {
 
 TEST_F(Commandes_du_jeu, foreseen_draws_choose_the_question) {
   démarrer();
-  EXPECT_EQ(dire("hasard 0 0.999999").texte(), "{\"attend\":\"Ecran_principal\"}\n");
+  EXPECT_EQ(dire("hasard 0").texte(), "{\"attend\":\"Ecran_principal\"}\n");
+  dire("hasard 0.999999 0.5");
   dire("menu fichier_nouveau");
   dire("texte boîte_nom_joueur Ann");
   dire("clic bouton_sortie");
@@ -150,6 +152,15 @@ TEST_F(Commandes_du_jeu, only_draws_below_1_are_taken_and_all_or_none) {
   EXPECT_EQ(état("ProvinceCourante"), 1);
 }
 
+TEST_F(Commandes_du_jeu, a_town_given_to_another_province_is_shown_with_that_one) {
+  jouer("Niveau_apprentissage");
+  const int question = état("ProvinceCourante").get<int>();
+  dire("fixer TableVilles(200).province " + std::to_string(question));
+  dire("clic_carte " + point(question));
+  dire("répondre ok");
+  EXPECT_EQ(contrôle("RondVille(200)")["visible"], true);
+}
+
 TEST_F(Commandes_du_jeu, a_page_comes_from_a_file_once) {
   démarrer();
   EXPECT_EQ(dire("page absente.htm").erreur(), "Le fichier « absente.htm » ne peut pas être lu");
@@ -157,6 +168,18 @@ TEST_F(Commandes_du_jeu, a_page_comes_from_a_file_once) {
   std::ofstream(chemin_natif(dossier.chemin("la page.htm"))) << "rien";
   EXPECT_EQ(dire("page " + dossier.chemin("la page.htm")).erreur(), "");
   EXPECT_EQ(dire("page !").erreur(), "");
+}
+
+TEST_F(Commandes_du_jeu, a_page_that_fails_takes_the_place_of_one_foreseen) {
+  démarrer();
+  std::ofstream(chemin_natif(dossier.chemin("la page.htm")))
+      << "<x><!--Zaphora#2.10#15/03/2006#Les Zaphores-->";
+  dire("page " + dossier.chemin("la page.htm"));
+  dire("page !");
+  EXPECT_THAT(dire("menu FichierVersion").texte(), Not(HasSubstr("Les Zaphores")));
+  dire("répondre ok");
+  dire("page " + dossier.chemin("la page.htm"));
+  EXPECT_THAT(dire("menu FichierVersion").texte(), HasSubstr("Les Zaphores : version 2.10"));
 }
 
 TEST_F(Commandes_du_jeu, the_registry_is_read_and_written) {

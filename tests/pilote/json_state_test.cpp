@@ -108,6 +108,18 @@ TEST_F(Variables, paths_that_lead_nowhere_are_refused) {
     EXPECT_THROW(lire(chemin), Refus) << chemin;
 }
 
+TEST_F(Variables, paths_of_no_form_are_told_as_such) {
+  for (const std::string chemin :
+       {"", "TableProvinces(12", "TableProvinces(12))", "TableProvinces(a)", "TableProvinces()",
+        "Meilleurs_scores(1,)", "Score.", ".Score", "TableProvinces(12)nom", "TableProvinces(12)..nom"})
+    try {
+      lire(chemin);
+      ADD_FAILURE() << chemin;
+    } catch (const Refus &refus) {
+      EXPECT_EQ(std::string(refus.what()), "Chemin mal formé : « " + chemin + " »");
+    }
+}
+
 TEST_F(Variables, are_set_by_values_of_their_own_kind) {
   fixer("Score", "-5");
   fixer("Nom_joueur", R"("Zoé\n")");

@@ -44,6 +44,7 @@ TEST(Options, all_of_them_are_read) {
 
 TEST(Options, of_one_given_twice_the_last_counts) {
   EXPECT_EQ(lire_options({"--hasard", "1", "--hasard", "2"}).hasard, 2U);
+  EXPECT_EQ(lire_options({"--modes", "640x480x8,800x600x16", "--modes", "800x600x16"}).modes.size(), 1U);
 }
 
 using Arguments_refusés = std::vector<std::string>;
@@ -83,10 +84,12 @@ TEST(Dossiers, paths_are_those_of_the_folder_that_the_pilot_was_started_in) {
   OptionsPilote options;
   options.programme = "jeu/";
   options.registre = "réglages";
+  options.secours = "secours";
   établir_dossiers(options, "");
   const std::filesystem::path processus = std::filesystem::current_path();
   EXPECT_EQ(options.programme, texte_du_chemin(processus / "jeu/"));
   EXPECT_EQ(options.registre, texte_du_chemin(processus / chemin_natif("réglages")));
+  EXPECT_EQ(options.secours, texte_du_chemin(processus / "secours"));
 }
 
 TEST(Dossiers, the_current_folder_is_the_one_given_or_that_of_the_process) {

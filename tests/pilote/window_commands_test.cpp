@@ -76,6 +76,24 @@ TEST_F(Main_du_joueur, the_enter_key_needs_a_control_that_takes_the_keyboard) {
   EXPECT_THAT(gestes, IsEmpty());
 }
 
+TEST_F(Main_du_joueur, gives_the_focus_to_what_he_works) {
+  ajouter("bouton", Genre::bouton);
+  ajouter("liste", Genre::liste).éléments = {"un"};
+  ajouter("nom", Genre::texte);
+  ajouter("barre", Genre::barre);
+  ouvrir();
+  for (const auto &[commande, nom] : {std::pair("sélection liste un", "liste"),
+                                      {"entrée bouton", "bouton"},
+                                      {"texte nom a", "nom"},
+                                      {"valeur barre 0", "barre"},
+                                      {"clic bouton", "bouton"},
+                                      {"entrée liste", "liste"}}) {
+    faire(commande);
+    ASSERT_NE(fenêtre.focus, nullptr) << commande;
+    EXPECT_EQ(fenêtre.focus->nom, nom) << commande;
+  }
+}
+
 TEST_F(Main_du_joueur, selects_an_item_by_its_text_or_its_rank) {
   Contrôle &liste = ajouter("liste", Genre::liste);
   liste.éléments = {"un", "deux mots", "#x"};

@@ -16,6 +16,7 @@ namespace ardane {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -71,6 +72,15 @@ TEST_F(FolderChooser, ItOpensOnTheCurrentFolderForGames) {
   EXPECT_EQ(k("Nom_fichier").texte, jeux + "/");
   EXPECT_THAT(k("Répertoire").éléments, ElementsAre("..", "Ardane", "zoo", "Été"));
   EXPECT_THAT(k("Fichier").éléments, ElementsAre("A.sci", "b.SCI"));
+}
+
+TEST_F(FolderChooser, ItsHeadingIsCentredAndItsBoxesHaveNamesForWhoListens) {
+  EXPECT_EQ(k("Entête").police, (Police{Famille_police::times, 12, true}));
+  EXPECT_EQ(k("Entête").alignement, Alignement::centre);
+  EXPECT_EQ(k("Nom_fichier").nom_parlé, "Dossier ouvert");
+  EXPECT_EQ(k("Lecteur").nom_parlé, "Lecteurs");
+  EXPECT_EQ(k("Fichier").nom_parlé, "Fichiers du dossier");
+  EXPECT_EQ(k("Sous_répertoire").nom_parlé, "Nom du nouveau dossier");
 }
 
 TEST_F(FolderChooser, ItOpensOnTheFolderOfTheInformationFile) {
@@ -151,6 +161,13 @@ TEST_F(FolderChooser, AFolderThatIsGoneListsNothingButTheWayUp) {
   fs::remove(chemin_natif(jeux + "/passager"));
   ouvrir_dossier("passager");
   EXPECT_THAT(k("Répertoire").éléments, ElementsAre(".."));
+}
+
+TEST_F(FolderChooser, AFolderMadeElsewhereIsListedAtTheNextTick) {
+  f();
+  fs::create_directory(chemin_natif(jeux + "/venu"));
+  f().tic();
+  EXPECT_THAT(k("Répertoire").éléments, Contains("venu"));
 }
 
 TEST_F(FolderChooser, TheNewFolderBoxComesAndGoesWithTheFocus) {

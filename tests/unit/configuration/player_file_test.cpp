@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "play/saved_game.h"
 #include "support/configuration_world.h"
 
@@ -11,6 +13,7 @@ namespace ardane {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::IsEmpty;
 
 class PlayerFile : public AvecParamétrage {
@@ -123,9 +126,14 @@ TEST_F(PlayerFile, WhatIsNoConfigurationOfThisGameIsToldAndStaysAsItIs) {
 }
 
 TEST_F(PlayerFile, OneThatIsNotThereIsToldAndNothingElseTakesItsPlace) {
-  for (const char *nom : {"absent.SCI", "absent.CAI"}) {
+  const std::pair<const char *, const char *> absents[] = {
+      {"absent.SCI", "est refusé : il n'y en a pas\n"},
+      {"absent.CAI", "est refusée : case 1 : fin du fichier\n"}};
+  for (const auto &[nom, raison] : absents) {
     const std::string chemin = m.dossier.fichier(nom);
+    testing::internal::CaptureStderr();
     m.programme.ouvrir(chemin);
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), EndsWith(raison));
     attendre_refus(chemin);
     EXPECT_EQ(g().Fichier_lancement, m.dossier.fichier("ARDANE.SCI"));
   }

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <set>
 #include <stdexcept>
 #include <tuple>
@@ -57,6 +59,14 @@ TEST_F(Guide, OfAProvinceThatIsShownWithoutADotAPixelOfItsOwnIsGoneTo) {
   for (int p = 1; p <= nombre_provinces; ++p) {
     const auto [x, y] = trouvées.at(static_cast<std::size_t>(p - 1));
     EXPECT_EQ(code_du_pixel(m.g(), 0, x, y), p);
+    const Contrôle &couche = m.e().Pays(p);
+    const long milieu_x = std::lround(couche.gauche + couche.largeur / 2),
+               milieu_y = std::lround(couche.haut + couche.hauteur / 2);
+    const int plus_près = static_cast<int>(std::max(std::abs(x - milieu_x), std::abs(y - milieu_y))) - 1;
+    for (int dy = -plus_près; dy <= plus_près; ++dy)
+      for (int dx = -plus_près; dx <= plus_près; ++dx)
+        ASSERT_NE(code_du_pixel(m.g(), 0, static_cast<int>(milieu_x) + dx, static_cast<int>(milieu_y) + dy),
+                  p);
   }
 }
 
@@ -218,6 +228,10 @@ TEST_F(Guide, WherePlaceLiesIsToldFromTheNearestNameAndFromTheEdges) {
   placer_point(7, "Saulonde", {100, 80});
   EXPECT_THAT(Situer(m.c(), {100, 50}), testing::StartsWith("30 km au nord de Saulonde ; "));
   EXPECT_THAT(Situer(m.c(), {100, 80}), testing::StartsWith("Saulonde ; "));
+  placer_point(6, "Ambreuil", {100, 200});
+  placer_point(8, "Vauxelles", {100, 210});
+  placer_point(9, "", {100, 49});
+  EXPECT_THAT(Situer(m.c(), {100, 50}), testing::StartsWith("30 km au nord de Saulonde ; "));
 }
 
 TEST_F(Guide, WhatLiesAroundIsToldInEightDirectionsFromTheNorthOn) {
@@ -226,6 +240,13 @@ TEST_F(Guide, WhatLiesAroundIsToldInEightDirectionsFromTheNorthOn) {
             "nord : bord de la carte, 5 km ; nord-est : bord de la carte, 7 km ; est :");
   placer_point(7, "Saulonde", {13, 4});
   EXPECT_THAT(Balayer(m.c(), {3, 4}), testing::HasSubstr("est : Saulonde, 10 km"));
+  EXPECT_THAT(Balayer(m.c(), {13, 4}), testing::Not(testing::HasSubstr("Saulonde"))) << "it lies here";
+}
+
+TEST_F(Guide, ALineThatIsDrawnIsMetOnTheWay) {
+  jouer(étape_provinces, niveau_facile);
+  const auto [ouest, est] = frontière(m.g(), false);
+  EXPECT_THAT(Balayer(m.c(), ouest), testing::HasSubstr("; est : limite de région, 1 km"));
 }
 
 TEST_F(Guide, WhatLiesBehindTheCountrysEdgeIsMetOnTheWay) {

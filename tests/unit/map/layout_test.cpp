@@ -275,6 +275,45 @@ TEST_F(Layout, AChangedScreenIsNoticedAtTheNextLayoutOnly) {
   EXPECT_EQ(m.g().Bas_zone_travail, 600);
 }
 
+TEST_F(Layout, AScreenThatHasChangedLeavesThePlayerWhatHeSees) {
+  for (const std::int16_t étape : {étape_régions, étape_provinces}) {
+    démarrer(800, 600);
+    m.g().Ordre_jeux(1) = étape;
+    m.nouvelle_partie(1);
+    fixer_valeur(e().barre_h, 20);
+    fixer_valeur(e().barre_v, 30);
+    m.écran.taille = {760, 560};
+    m.programme.écran_changé();
+    EXPECT_EQ(e().Carte.largeur, 760 - 200 - 30 - 14);
+    EXPECT_EQ(e().barre_h.valeur, 20);
+    EXPECT_EQ(e().barre_v.valeur, 30);
+    for (const Contrôle *c : {&e().BoîteProvinces, &e().EtiquetteProvinces, &e().NombreProvinces})
+      EXPECT_EQ(c->visible, étape == étape_régions) << c->nom;
+    m.écran.taille = {1280, 1024};
+    m.programme.écran_changé();
+    EXPECT_EQ(e().barre_h.valeur, 0);
+    EXPECT_EQ(e().barre_v.valeur, 0);
+    EXPECT_EQ(e().image_région.gauche, 0);
+  }
+}
+
+TEST_F(Layout, AScreenThatHasChangedLeavesAMapItsFullWidth) {
+  démarrer(800, 600);
+  cliquer(e(), e().menu("Menu_révision"));
+  m.écran.taille = {600, 600};
+  m.programme.écran_changé();
+  EXPECT_TRUE(m.g().Carte_pleine_largeur);
+  EXPECT_EQ(e().Carte.largeur, 600 - 30 - 14);
+}
+
+TEST_F(Layout, OnAScreenThatHasNotChangedNothingIsDrawnAnew) {
+  démarrer(640, 480);
+  fixer_valeur(e().barre_h, 20);
+  m.oublier();
+  m.programme.écran_changé();
+  EXPECT_THAT(m.sabliers, testing::IsEmpty());
+}
+
 TEST_F(Layout, AHiddenVerticalBarStillLeavesItsWidthBetweenMapAndPanel) {
   démarrer(1280, 1024);
   ASSERT_FALSE(e().barre_v.visible);

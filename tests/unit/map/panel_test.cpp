@@ -96,6 +96,13 @@ TEST_F(Panel, TheCounterOfProvincesIsSpokenWithItsFrame) {
   EXPECT_EQ(e().BoîteProvinces.nom_parlé, "Provinces de la région à choisir : 7");
 }
 
+TEST_F(Panel, ThePictureOfTheQuestionHasANameBeforeAnyIsPutThere) {
+  m.nouvelle_partie(niveau_difficile);
+  ASSERT_EQ(g().Etape, étape_provinces);
+  ASSERT_TRUE(est_visible(e().Image_recherchée));
+  EXPECT_EQ(e().Image_recherchée.nom_parlé, "Ce qu'il faut trouver");
+}
+
 TEST_F(Panel, ShownPartsComeToTheFrontDigitsAboveTheirFrames) {
   afficher(étape_régions, 1);
   EXPECT_GT(e().Boîte_score.plan, e().que_faire.plan);

@@ -64,6 +64,7 @@ TEST(CardFormat, OfACardThatIsNotWholeTheRestIsThere) {
   for (const auto &[octets, restes] : coupées)
     EXPECT_EQ(Restes_de_fiche(entière.substr(0, octets), 1), restes) << octets;
   EXPECT_EQ(Restes_de_fiche(case_de(entière), 2), (Fiche_information{"", ""}));
+  EXPECT_EQ(Restes_de_fiche(compté(5, "titre") + compté(3, "texte"), 1), (Fiche_information{"titre", "tex"}));
 }
 
 TEST(CardFormat, ATextThatPassesTheSlotEndsWhereThePaddingBegins) {

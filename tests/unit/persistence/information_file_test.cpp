@@ -14,6 +14,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing::StartsWith;
 
 class InformationFile : public testing::Test {
  protected:
@@ -136,7 +137,10 @@ TEST_F(InformationFile, AFolderOfItsNameIsToldAndStays) {
 TEST_F(InformationFile, AProvinceWithTooManyTownsForItsCardIsToldAndNoFileIsMade) {
   for (int v = 111; v <= nombre_villes; ++v) m.g().TableVilles(v).province = 60;
   m.g().VillesParProvince.relever(m.g().TableVilles);
+  testing::internal::CaptureStderr();
   préparer();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "ardane : Le fichier d'information n'est pas écrit : une fiche dépasse sa case\n");
   attendre_échec_d_écriture();
   EXPECT_TRUE(fs::is_empty(chemin_natif(dossier_info)));
 }
@@ -235,7 +239,10 @@ TEST_F(InformationFile, AFullDiskOrAReadOnlyFileKeepsTheOldCard) {
   EXPECT_EQ(lire_fichier(fichier), avant);
   {
     const Protégé lecture_seule(chemin_natif(fichier), Protégé::Contre::écriture);
+    testing::internal::CaptureStderr();
     EXPECT_FALSE(Ecrire_fiche_information(m.c(), 1, {"a", "b"}));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                StartsWith("ardane : La fiche n'est pas écrite dans « " + fichier + " » : "));
   }
   fs::permissions(chemin_natif(fichier), fs::perms::all);
   EXPECT_TRUE(lire_fichier(fichier) == avant);

@@ -74,6 +74,17 @@ TEST_P(Lifeline, AGameThatHasEndedIsFoundNoMore) {
   EXPECT_TRUE(fs::is_empty(lieu().dossier));
 }
 
+TEST_P(Lifeline, AGameThatCannotBeForgottenIsToldToTheLog) {
+  Secours secours(lieu());
+  secours.garder(partie_de("Ann"), {});
+  secours.attendre();
+  fs::remove(fichier("partie"));
+  fs::create_directories(fichier("partie/occupé"));
+  testing::internal::CaptureStderr();
+  secours.oublier();
+  EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("ne peut pas être effacée"));
+}
+
 TEST_P(Lifeline, OneThatWasFoundCanBeForgottenAndIsNotWrittenAgain) {
   { Secours(lieu()).garder(partie_de("Ann"), {}); }
   Secours secours(lieu());
@@ -229,6 +240,18 @@ TEST_P(Lifeline, AnAnnouncementThatIsNotWholeIsNotCarriedOut) {
     ASSERT_FALSE(fs::exists(scores)) << taille;
   }
   écrire_fichier(fichier("ecriture"), std::string(100'000, '\xFF'));
+  Secours(lieu()).achever(horloge);
+  EXPECT_FALSE(fs::exists(scores));
+  std::string autre_forme = entière;
+  autre_forme.replace(autre_forme.find("forme 1"), 7, "forme 2");
+  écrire_fichier(fichier("ecriture"), autre_forme);
+  Secours(lieu()).achever(horloge);
+  EXPECT_FALSE(fs::exists(scores)) << "another program's";
+}
+
+TEST_P(Lifeline, AnAnnouncementForAFileOfNoKnownFolderIsNotCarriedOut) {
+  const fs::path scores = chemin_natif(dossier.fichier("ARDANE.SCI"));
+  Secours(lieu()).annoncer_écriture(texte_du_chemin(fs::relative(scores)), "scores", true);
   Secours(lieu()).achever(horloge);
   EXPECT_FALSE(fs::exists(scores));
 }

@@ -418,6 +418,13 @@ TEST_F(ScoreFile, TheLogSaysWhyAFileIsNotWritten) {
                 AllOf(StartsWith("ardane : Le fichier de scores « " + fichier + " » n'est pas écrit : "),
                       EndsWith("le disque est plein ou en panne\n")));
   }
+  écrire_fichier(fichier, "ancien");
+  fs::permissions(chemin_natif(fichier), fs::perms::all);
+  {
+    const Protégé fermé(chemin_natif(m.dossier.chemin()), Protégé::Contre::écriture);
+    EXPECT_THAT(journal_d_écriture(), EndsWith("l'ancien ne peut pas être effacé\n"));
+  }
+  EXPECT_EQ(lire_fichier(fichier), "ancien");
   g().Version_programme = std::string(127, 'V');
   EXPECT_THAT(journal_d_écriture(), EndsWith("case 1 : texte trop long\n"));
   g().Fichier_lancement = m.dossier.fichier("absent/ARDANE.SCI");
@@ -565,6 +572,10 @@ TEST_F(ScoresOfOthers, ANameThatTheFileSpellsByQuestionMarksIsTheSame) {
 
 TEST_F(ScoresOfOthers, AFileThatCannotBeUsedChangesAndTellsNothing) {
   noter(1, {{"Ann", 3}});
+  reprendre();
+  octets.score("Bob", 9, 1);
+  octets.score(121, "", 5, 1);
+  poser();
   reprendre();
   octets.cases.front() = premier_texte("Version 9.99");
   poser();

@@ -6,12 +6,15 @@
 #include <array>
 
 #include "platform/fatal_error.h"
+#include "platform/window_layout.h"
 
 namespace ardane {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 class WindowsAsData : public testing::Test {
  protected:
@@ -51,7 +54,10 @@ TEST_F(WindowsAsData, AFocusThatCannotBeGoesToTheNextAndRoundToTheFirst) {
   fenêtre.focus = &deux;
   rectifier_focus(fenêtre);
   EXPECT_EQ(fenêtre.focus, &deux);
-  deux.visible = trois.actif = false;
+  deux.visible = false;
+  rectifier_focus(fenêtre);
+  EXPECT_EQ(fenêtre.focus, &trois);
+  trois.actif = false;
   rectifier_focus(fenêtre);
   EXPECT_EQ(fenêtre.focus, &un);
   un.actif = false;
@@ -155,6 +161,16 @@ TEST_F(WindowsAsData, OfManyNoneIsTakenOffWhereOneCannotBe) {
   EXPECT_THROW(fenêtre.retirer(std::array{&bouton, &étranger}), ErreurFatale);
   EXPECT_FALSE(bouton.retiré || étranger.retiré);
   EXPECT_EQ(fenêtre.contrôles().size(), 1U);
+}
+
+TEST_F(WindowsAsData, AControlThatAWindowDoesNotHaveIsAFatalError) {
+  try {
+    contrôle(fenêtre, "absent");
+    FAIL() << "found";
+  } catch (const ErreurFatale &erreur) {
+    EXPECT_THAT(erreur.what(), HasSubstr("Contrôle inconnu : absent"));
+    EXPECT_THAT(erreur.what(), Not(HasSubstr("platform/"))) << "the place is told by its file alone";
+  }
 }
 
 TEST_F(WindowsAsData, MenuEntriesStayAndSoDoTheControlsOfOthers) {

@@ -87,6 +87,13 @@ TEST(MemoryRegistry, NothingIsWrittenUnderAnAbsentKey) {
   EXPECT_EQ(registre.lire(jeu, "joueur"), std::nullopt);
 }
 
+TEST(MemoryRegistry, ThereIsNoKeyWithoutAName) {
+  RegistreMémoire registre;
+  registre.créer(jeu);
+  EXPECT_TRUE(registre.existe(jeu));
+  EXPECT_FALSE(registre.existe(""));
+}
+
 TEST(MemoryRegistry, TheEmptyNameIsAValueLikeAnother) {
   RegistreMémoire registre;
   registre.créer("R");
@@ -199,7 +206,7 @@ TEST_F(FileRegistry, AKeyMadeTwiceStandsOnce) {
 TEST_F(FileRegistry, LinesThatMakeNoSenseArePassedOverAndStay) {
   poser(
       "un mot d'avant\n"
-      "\"sans clé\"=\"perdu\"\n"
+      "\"sans clé\"=\"perdu\"\r\n"
       "; une remarque\n"
       "[R]\n"
       "\"a\"=\"1\"\n"
@@ -217,7 +224,7 @@ TEST_F(FileRegistry, LinesThatMakeNoSenseArePassedOverAndStay) {
   EXPECT_TRUE(registre.écrire("R", "b", "8"));
   EXPECT_EQ(contenu(),
             "un mot d'avant\n"
-            "\"sans clé\"=\"perdu\"\n"
+            "\"sans clé\"=\"perdu\"\r\n"
             "; une remarque\n"
             "[R]\n"
             "\"a\"=\"7\"\n"
@@ -236,6 +243,7 @@ TEST_F(FileRegistry, AKeyOfMoreThan32PartsIsPassedOverAndStays) {
   poser(lignes);
   RegistreFichier registre = ouvrir();
   EXPECT_THAT(registre.sous_clés(""), ElementsAre("R"));
+  EXPECT_EQ(registre.lire("R", "b"), "2");
   EXPECT_TRUE(registre.écrire("R", "a", "3"));
   EXPECT_THAT(contenu(), HasSubstr(clé_profonde(20'000)));
 }
@@ -444,6 +452,18 @@ TEST_F(FileRegistry, AFileThatCouldNotBeReadForAMomentIsNotReplacedLater) {
   EXPECT_TRUE(ouvrir().écrire("R", "a", "2"));
 }
 
+TEST_F(FileRegistry, AFileThatCanNoLongerBeReadIsNotReplaced) {
+  RegistreFichier registre = ouvrir();
+  registre.créer("R");
+  const std::string avant = contenu();
+  {
+    const Protégé illisible(chemin_natif(fichier), Protégé::Contre::lecture);
+    EXPECT_FALSE(registre.écrire("R", "a", "1"));
+  }
+  EXPECT_EQ(contenu(), avant);
+  EXPECT_THAT(registre.échec().value_or(""), EndsWith("il ne peut pas être lu"));
+}
+
 TEST_F(FileRegistry, AFolderThatCannotBeMadeLeavesTheRunItsMemory) {
   écrire_fichier(dossier.fichier("config"), "a file where the folder should be");
   RegistreFichier registre = ouvrir();
@@ -537,6 +557,7 @@ TEST_F(FileRegistry, WithoutAFileNothingIsKept) {
   RegistreFichier registre{fs::path{}};
   EXPECT_FALSE(registre.créer("R"));
   EXPECT_TRUE(registre.existe("R"));
+  EXPECT_THAT(registre.échec().value_or(""), EndsWith("aucun dossier ne leur est connu"));
 }
 
 /// A variable of the environment for the length of a test.

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "play/assistance.h"
 #include "play/judgement.h"
 #include "play/map_clicks.h"
@@ -32,6 +34,13 @@ class Answers : public testing::Test {
 
   MondeFactice m;
 };
+
+TEST_F(Answers, AnErrorThatCostsMoreThanANumberHoldsEndsTheProgram) {
+  jouer(étape_provinces, 1);
+  m.g().TableProvinces(m.g().ProvinceCourante).points_perdus(étape_provinces) =
+      std::numeric_limits<std::int32_t>::max();
+  EXPECT_THROW(m.répondre_faux(), ErreurFatale);
+}
 
 TEST_F(Answers, ARightAnswerAfterNineErrorsCostsNothingMore) {
   jouer(étape_provinces, 1);

@@ -88,8 +88,10 @@ TEST_F(Assistance, APassThatExhaustsTheScoreLosesTheGame) {
   jouer(1);
   m.répondre_faux();
   m.g().Score = 1022;
+  m.son.joués.clear();
   passer();
   EXPECT_EQ(m.g().Etape, étape_repos);
+  EXPECT_THAT(m.son.joués, ElementsAre("carte_pe.wav", "carte_ga.wav"));
   EXPECT_EQ(m.boîtes.montrées[0].texte, message(m.g(), Message::partie_terminée));
 }
 
@@ -131,6 +133,17 @@ TEST_F(Assistance, ARightAnswerUnderHelpPlacesNothingChargesInFullAndDrawsTwice)
   EXPECT_FALSE(m.e().Bouton_gruge.visible);
   EXPECT_FALSE(m.g().TableClignotement(p));
   EXPECT_EQ(m.g().ProvinceClignotante, 0);
+}
+
+TEST_F(Assistance, AnAssistedAnswerWithNoScoreLeftLosesTheGame) {
+  jouer(0);
+  m.répondre_faux();
+  aider();
+  m.g().Score = 0;
+  m.son.joués.clear();
+  m.répondre_juste();
+  EXPECT_EQ(m.g().Etape, étape_repos);
+  EXPECT_THAT(m.son.joués, ElementsAre("carte_pe.wav", "carte_pe.wav")) << "and nothing of a right answer";
 }
 
 TEST_F(Assistance, TheFirstOfTheTwoDrawsCountsAsThePreviousObjectOfTheSecond) {

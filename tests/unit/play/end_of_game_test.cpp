@@ -139,6 +139,13 @@ TEST_F(EndOfGame, RegionsWeighOneAndCountByProvinces) {
   EXPECT_EQ(m.g().Score, -999999 + région.nombre_provinces * 324);
 }
 
+TEST_F(EndOfGame, BehindTheLastStageOfAConfigurationNothingCounts) {
+  m.g().Ordre_jeux = Ordre_de_jeu({étape_provinces, aucun_jeu, étape_villes, aucun_jeu});
+  m.g().Etape = étape_régions;
+  ScoreDeProgression(m.c());
+  EXPECT_EQ(m.g().Score, -999999 + 3 * 324 * m.g().ProvincesEnJeu);
+}
+
 TEST_F(EndOfGame, WithNothingInPlayTheProgressIsNone) {
   for (int i = 1; i <= nombre_provinces; ++i) m.g().TableProvinces(i).inhibée = true;
   m.nouvelle_partie(1);

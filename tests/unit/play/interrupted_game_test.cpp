@@ -300,6 +300,12 @@ TEST_F(InterruptedRun, AScoreThatThePlayerHasReadOfIsInTheFileAtTheNextStart) {
   EXPECT_EQ(suivante.m.g().Meilleurs_scores(1, 2).nom, "Lou");
 }
 
+TEST_F(InterruptedRun, ScoresThatDoNotFitTheirFileAreNotAnnounced) {
+  m.g().Version_programme = std::string(127, 'V');
+  EXPECT_FALSE(Ecrire_scores(m.c(), true));
+  EXPECT_FALSE(fs::exists(chemin_natif(secours.fichier("secours/ecriture"))));
+}
+
 TEST_F(InterruptedRun, TheListTakesTheScoreWhenThePlayerHasReadOfItAndNotBefore) {
   jouer({étape_provinces}, 1);
   int vus = -1;

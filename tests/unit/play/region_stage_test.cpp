@@ -16,6 +16,7 @@ namespace ardane {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 class Regions : public testing::Test {
  protected:
@@ -272,6 +273,20 @@ TEST_F(Regions, ARegionPlacedInLearningModeGivesTheTipOfTheCardsOnce) {
   demander(2);
   cliquer_membres(m.c(), 1, 3);
   EXPECT_EQ(m.boîtes.montrées.size(), 1U);
+}
+
+TEST_F(Regions, AProvincePlacedWithAnEarlierRegionShowsItsCardInLearningModeAlone) {
+  for (const int niveau : {0, 1}) {
+    jouer_avec_régions(niveau, {2, 3});
+    cliquer_membres(1, 2);
+    demander(2);
+    m.oublier();
+    ClicProvince(m.c(), 1);
+    if (niveau == 0)
+      EXPECT_THAT(m.façade.ouvertes, ElementsAre("Pompe"));
+    else
+      EXPECT_THAT(m.façade.ouvertes, IsEmpty());
+  }
 }
 
 TEST_F(Regions, APartlyRightSelectionInLearningModeGivesTheTipToo) {

@@ -230,6 +230,20 @@ TEST_F(CardEditor, OverAGameThatThePlayerKeepsItOpensAllTheSame) {
   EXPECT_TRUE(m.e().que_faire.visible);
 }
 
+TEST(CardEditorOnASmallScreen, LeavesTheMapOfAKeptGameWhereItBegins) {
+  MondeFactice m;
+  m.écran.taille = {640, 480};
+  m.démarrer();
+  m.nouvelle_partie(1);
+  m.répondre_faux();
+  for (Contrôle *barre : {&m.e().barre_h, &m.e().barre_v}) fixer_valeur(*barre, barre->max);
+  m.boîtes.réponses = {Réponse::non};
+  cliquer(m.e(), m.e().menu("MenuFicheur"));
+  EXPECT_EQ(m.g().Etape, étape_provinces);
+  EXPECT_EQ(m.e().image_région.gauche, 0);
+  EXPECT_EQ(m.e().image_région.haut, 0);
+}
+
 TEST_F(CardEditor, OverAKeptGameOfRegionsTheCounterOfTheRegionComesBack) {
   m.g().Ordre_jeux(1) = étape_régions;
   m.nouvelle_partie(1);

@@ -58,6 +58,7 @@ TEST_F(Cards, ItIsWhiteOnDarkRedInTheLettersOfABook) {
       EXPECT_EQ(contrôle(f, nom).couleur, Teinte(Couleur{255, 255, 255}));
       EXPECT_EQ(contrôle(f, nom).police, (Police{Famille_police::times, 12, false}));
     }
+    EXPECT_EQ(contrôle(f, "LBL_Pays").alignement, Alignement::centre);
   });
 }
 
@@ -78,11 +79,13 @@ TEST_F(Cards, ItStandsRightOfItsMarkerElseLeftElseAtTheEdge) {
     m.e().rond(30).visible = true;
     return Pompe(m.c()).gauche;
   };
+  m.e().rond(30).gauche = 450;
   const Rect marqueur = m.c().plateforme.façade.rectangle(m.e(), m.e().rond(30));
   EXPECT_EQ(gauche(marqueur.droite + 382), marqueur.droite);
-  const double à_gauche = gauche(marqueur.droite + 381);
-  EXPECT_EQ(à_gauche, marqueur.gauche >= 382 ? marqueur.gauche - 382 : 10);
-  m.e().rond(30).gauche = 5;
+  EXPECT_EQ(gauche(marqueur.droite + 381), marqueur.gauche - 382);
+  m.e().rond(30).gauche -= marqueur.gauche - 382;
+  EXPECT_EQ(gauche(300), 0);
+  m.e().rond(30).gauche -= 1;
   EXPECT_EQ(gauche(300), 10);
 }
 

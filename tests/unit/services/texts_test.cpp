@@ -95,8 +95,10 @@ TEST_F(Texts, WithTwoLanguagesTheChangeTogglesBetweenThemAndIsRemembered) {
   Programme p(monde.monde(), deux_langues, m.dossier.chemin());
   ASSERT_TRUE(p.Démarrage(m.dossier.chemin()));
   EXPECT_EQ(p.principale().titre, "un 110");
+  p.état().Etape = étape_provinces;
   cliquer(p.principale(), p.principale().menu("Menu_langue"));
   EXPECT_EQ(p.état().Langue, 2);
+  EXPECT_EQ(p.principale().Boîte_restants.texte, message(p.état(), Message::provinces_à_placer));
   EXPECT_EQ(p.principale().titre, "deux 110");
   EXPECT_EQ(monde.registre->lire(clé_du_jeu, "langue"), "2");
   cliquer(p.principale(), p.principale().menu("Menu_langue"));

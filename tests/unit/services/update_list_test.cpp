@@ -226,6 +226,13 @@ TEST_F(UpdateList, WhatIsInstalledFillsTheLocalFields) {
   EXPECT_EQ(jeu(3).version_locale, "");
 }
 
+TEST_F(UpdateList, AFullListTakesNoFurtherVersionEverSeen) {
+  constexpr int plein = std::numeric_limits<std::int16_t>::max();
+  for (int i = 0; i <= plein; ++i) connaître(std::to_string(i), "1.00");
+  Lire_mises_à_jour(m.c());
+  EXPECT_EQ(g().NombreJeux, plein);
+}
+
 TEST_F(UpdateList, AFullListTakesNothingThatIsInstalled) {
   constexpr std::int16_t plein = std::numeric_limits<std::int16_t>::max();
   installer("Zaphora", "Version 2.00 du 15/03/2006");

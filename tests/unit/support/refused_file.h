@@ -1,6 +1,7 @@
 // A text file that the system will not have written, for one reason after the other.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -19,7 +20,9 @@ inline void attendre_refus_d_écrire(MondeFactice &m, const std::string &fichier
   const auto attendre_refus = [&](const char *cas) {
     SCOPED_TRACE(cas);
     m.oublier();
+    testing::internal::CaptureStderr();
     écrire();
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::StartsWith("ardane : Le fichier « "));
     ASSERT_EQ(m.boîtes.montrées.size(), 1U);
     EXPECT_EQ(m.dernière_boîte().icône, Icône::exclamation);
     EXPECT_EQ(m.dernière_boîte().titre, "Erreur");

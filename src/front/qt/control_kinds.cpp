@@ -50,14 +50,6 @@ class MarkedBar : public QScrollBar {
     option.initFrom(this);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
   }
-  void focusInEvent(QFocusEvent *event) override {
-    QScrollBar::focusInEvent(event);
-    update();
-  }
-  void focusOutEvent(QFocusEvent *event) override {
-    QScrollBar::focusOutEvent(event);
-    update();
-  }
 };
 
 /// What has been typed or pasted, as the game's files can hold it.

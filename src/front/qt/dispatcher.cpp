@@ -56,7 +56,6 @@ void Dispatcher::carry_out(const Event &event) {
 }
 
 void Dispatcher::rest() {
-  rest_.stop();
   guard(at_rest);
 }
 

@@ -309,17 +309,15 @@ void MapView::hide_cursor() {
 }
 
 /// Whoever comes back from a window or a menu goes on where the cursor was. An Enter meant for a button that
-/// has gone is another matter.
+/// has gone is another matter. The toolkit paints anew what gets or loses the focus.
 void MapView::focusInEvent(QFocusEvent *event) {
   QWidget::focusInEvent(event);
   if (event->reason() == Qt::OtherFocusReason) hide_cursor();
   focus_away_ = false;
-  if (cursor_shown_) update(cursor_area());
 }
 
 void MapView::focusOutEvent(QFocusEvent *event) {
   focus_away_ = true;
-  update(cursor_drawn_);
   QWidget::focusOutEvent(event);
 }
 

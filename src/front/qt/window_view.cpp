@@ -152,7 +152,6 @@ WindowView::WindowView(Fenêtre &window_shown, const WindowParts &parts, const W
 WindowView::~WindowView() {
   if (fit_) context_.screen.play_on(std::nullopt);
   views_.clear();
-  menu_.reset();
   static_cast<Frame &>(frame_).resized = {};
   // The window may be taken off by an event of its own, whose widget is still at work.
   frame_.deleteLater();
@@ -352,7 +351,6 @@ void WindowView::sync_buddies() {
     ControlView *label = view->control().étiquette == nullptr ? nullptr : view_of(*view->control().étiquette);
     if (label == nullptr) continue;
     if (auto *shown = qobject_cast<QLabel *>(&label->widget())) shown->setBuddy(&view->widget());
-    label->sync();  // a mnemonic is marked where it leads somewhere
   }
 }
 
@@ -397,7 +395,7 @@ void WindowView::hide() {
 }
 
 void WindowView::await_first_paint() {
-  if (!frame_.isVisible() || frame_.windowHandle()->isExposed()) return;
+  if (frame_.windowHandle()->isExposed()) return;
   // With a time of its own processEvents would not wait but ask again and again.
   QTimer deadline;
   deadline.setSingleShot(true);

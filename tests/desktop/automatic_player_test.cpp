@@ -69,6 +69,12 @@ TEST_F(Player, GivesUpOverAControlOfAnotherWindow) {
   expect_given_up("rien à utiliser sous le nom Carte dans nouvelle_partie");
 }
 
+TEST_F(Player, GivesUpOverAProvinceUnderAnotherWindow) {
+  open_new_game();
+  script.player.click(province(1));
+  expect_given_up("rien à utiliser sous le nom Carte dans nouvelle_partie");
+}
+
 TEST_F(Player, GivesUpOverAListThatIsNoneOrLacksTheItem) {
   open_new_game();
   script.player.pick("boîte_nom_joueur", "Zoé");

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QLoggingCategory>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -709,7 +710,15 @@ TEST_F(Controls, APictureOfTheSameSizeTakesThePlaceOfAnother) {
 TEST_F(Controls, AMissingPictureShowsNothingAndIsNamed) {
   stage.catalogue = CatalogueImages("drapeau|drapeau.png|20|10\nabsente|absente.gif|4|4\n");
   PictureStore pictures(stage.catalogue, stage.folder.path());
-  EXPECT_TRUE(pictures.pixmap(stage.catalogue.chercher("absente"), Detail::single).isNull());
+  const Image missing = stage.catalogue.chercher("absente");
+  EXPECT_TRUE(pictures.pixmap(missing, Detail::single).isNull());
+  QLoggingCategory &toolkit = *QLoggingCategory::defaultCategory();
+  const bool heard_before = toolkit.isWarningEnabled();
+  toolkit.setEnabled(QtWarningMsg, true);
+  testing::internal::CaptureStderr();
+  EXPECT_TRUE(pictures.scaled(missing, {8, 8}, 1).isNull());
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "it would complain at each painting";
+  toolkit.setEnabled(QtWarningMsg, heard_before);
   EXPECT_EQ(pictures.unreadable(), QStringList{"absente"});
 }
 

@@ -105,6 +105,25 @@ TEST(AtRest, ComesAfterAnEventOfTheEventLoopOrBeforeTheNext) {
   EXPECT_EQ(done, "a.rb.rt.") << "a tick changes nothing";
 }
 
+TEST(AtRest, ComesWhenWhatTheEventHasChangedIsPainted) {
+  struct Painted : QWidget {
+    explicit Painted(std::string &done) : done_(done) {}
+    void paintEvent(QPaintEvent *) override { done_ += "p"; }
+    std::string &done_;
+  };
+  std::string done;
+  Painted widget(done);
+  widget.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
+  QApplication::processEvents();
+  Dispatcher dispatcher;
+  dispatcher.at_rest = [&] { done += "r"; };
+  done = "";
+  dispatcher.run([&] { widget.update(); });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return done.size() == 2; }));
+  EXPECT_EQ(done, "pr");
+}
+
 TEST(AtRest, NeverComesInTheMiddleOfAProcedure) {
   Dispatcher dispatcher;
   std::string done;

@@ -105,6 +105,19 @@ TEST_F(MapViews, APictureKeepsWhatCanBeSeenThroughIt) {
       << "or each painting would mix";
 }
 
+TEST_F(MapViews, PicturesAreKeptInTheFormThatIsPaintedFastest) {
+  for (const auto &[name, file, wanted] :
+       {std::tuple("terre", QImage::Format_ARGB32, QImage::Format_ARGB32_Premultiplied),
+        {"mer", QImage::Format_Indexed8, QImage::Format_RGB32}}) {
+    const Image image = stage.catalogue.chercher(name);
+    QImage picture(image.largeur, image.hauteur, file);
+    picture.setColorTable({land.rgb()});
+    picture.fill(0);
+    ASSERT_TRUE(picture.save(stage.folder.filePath(QString(name) + ".png")));
+    EXPECT_EQ(stage.pictures.pixmap(image, Detail::single).toImage().format(), wanted) << name;
+  }
+}
+
 TEST_F(MapViews, HiddenPicturesAndThoseWithoutImageAreNotPainted) {
   poser_image(map, stage.catalogue.chercher("mer"));
   Contrôle &low = picture("Pays(1)", "terre", 10, 10);

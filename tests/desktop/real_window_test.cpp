@@ -1,6 +1,8 @@
 // The main window with a frame: any size, any place, one scale for all that it shows.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
@@ -17,6 +19,7 @@
 #include "map/layout.h"
 #include "play/question_selection.h"
 #include "program_test.h"
+#include "started_program.h"
 
 namespace ardane {
 namespace {
@@ -65,6 +68,26 @@ TEST_F(RealWindow, HasATitleBarWithTheProgramsNameAndCanBeMinimisedMaximisedAndC
        {Qt::WindowTitleHint, Qt::WindowMinMaxButtonsHint, Qt::WindowCloseButtonHint})
     EXPECT_TRUE(flags.testFlag(hint)) << hint;
   EXPECT_EQ(frame()->windowTitle(), "L'Ardane et ses provinces");
+}
+
+TEST_F(RealWindow, AScreenReaderFindsThePictureThatTheMapIs) {
+  start();
+  const auto role_of = [](QWidget &found) { return QAccessible::queryAccessibleInterface(&found)->role(); };
+  EXPECT_EQ(role_of(*frame()), QAccessible::Window);
+  EXPECT_EQ(role_of(widget("Carte")), QAccessible::Canvas);
+}
+
+TEST_F(RealWindow, WhoMeasuresAStartIsToldItsSizeAndItsCost) {
+  start();
+  const QSize size = frame()->size();
+  end();
+  Started measured(places(), {"--pret-et-quitter"});
+  ASSERT_TRUE(measured.waitForFinished(end_ms));
+  EXPECT_EQ(measured.exitCode(), 0);
+  const std::string cost = " cpu_ms=[0-9.]+ mémoire_kio=[0-9]+\n";
+  EXPECT_THAT(measured.readAllStandardOutput().toStdString(),
+              testing::MatchesRegex("prêt" + cost + "fenêtre " + std::to_string(size.width()) + " " +
+                                    std::to_string(size.height()) + "\nchargé" + cost));
 }
 
 TEST_F(RealWindow, FillsMostOfTheMonitorAtTheFirstStart) {

@@ -50,6 +50,15 @@ TEST(ScreenQt, MeasuresThePrimaryScreen) {
   EXPECT_EQ(screen.modes()[0].largeur, 1280);
 }
 
+TEST(ScreenQt, TakesItsHourglassAwayWithIt) {
+  {
+    ScreenQt screen;
+    screen.sablier(true);
+    EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
+  }
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
 TEST(SoundOnDemand, AMissingFileAndAMissingDeviceAreSilent) {
   SoundOnDemand sound;
   testing::internal::CaptureStderr();

@@ -17,9 +17,11 @@ inline constexpr int end_ms = 60'000;
 /// The program itself, as a player starts it.
 class Started : public QProcess {
  public:
-  explicit Started(const DesktopPlaces &places) {
+  explicit Started(const DesktopPlaces &places, const QStringList &further = {}) {
     setProgram(QStringLiteral(ARDANE_PROGRAM));
-    setArguments({"--programme", to_qt(places.programme), "--registre", to_qt(places.registre.string())});
+    setArguments(
+        QStringList{"--programme", to_qt(places.programme), "--registre", to_qt(places.registre.string())} +
+        further);
     start();
   }
   ~Started() override {

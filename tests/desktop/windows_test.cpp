@@ -111,6 +111,22 @@ TEST_F(Windows, WhatHasNotChangedIsNotSet) {
   EXPECT_EQ(told.count(QEvent::Paint), 1);
 }
 
+TEST_F(Windows, AWindowThatIsUpIsPaintedWhenTheEventIsOverAndThenOnce) {
+  Contrôle &label = place(window, "nom", Genre::étiquette, {0, 0, 80, 20});
+  show();
+  QApplication::processEvents();
+  const Counter told(stage.widget(window, "nom"));
+  stage.dispatcher.run([&] {
+    for (const char *text : {"Texte", "Autre"}) {
+      label.texte = text;
+      stage.renderer.repeindre(window);
+    }
+  });
+  EXPECT_EQ(told.count(QEvent::Paint), 0);
+  QApplication::processEvents();
+  EXPECT_EQ(told.count(QEvent::Paint), 1);
+}
+
 TEST_F(Windows, AControlFollowsItsDataAfterEachEvent) {
   Contrôle &label = place(window, "nom", Genre::étiquette, {0, 50, 80, 20});
   Contrôle &hidden = place(window, "caché", Genre::étiquette, {0, 80, 80, 20});
@@ -325,6 +341,7 @@ TEST_F(Windows, TheMenuBarIsTheDatas) {
     stage.renderer.sync();
     EXPECT_EQ(quit_action->text(), caption);
   }
+  EXPECT_FALSE(quit_action->isCheckable()) << "no empty box stands before what is never checked";
   quit.visible = false;
   quit.coché = true;
   stage.renderer.sync();

@@ -280,7 +280,6 @@ void PageView::sync() {
 
 ButtonView::ButtonView(Contrôle &control, const ViewContext &context, QAbstractButton *button)
     : ControlView(control, context, button) {
-  button->setCheckable(control.genre != Genre::bouton);
   connect(button, &QAbstractButton::clicked, this, [this] { click(); });
 }
 

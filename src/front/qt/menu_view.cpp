@@ -62,7 +62,6 @@ MenuView::MenuView(const ViewContext &context, QWidget *parent)
   connect(make_child<QShortcut>(QKeySequence(Qt::Key_F10), parent), &QShortcut::activated, this,
           [this] { open_first(); });
   show_at(Scale());
-  sync();
 }
 
 void MenuView::show_at(Scale scale) {

@@ -111,6 +111,17 @@ TEST_F(Fronted, AMinimisedGameComesBack) {
   EXPECT_TRUE(QTest::qWaitForWindowActive(frame()));
 }
 
+TEST_F(Fronted, ASecondStartBringsTheGameBack) {
+  start();
+  OneInstance instance(places().registre);
+  desktop().heed(instance);
+  frame()->showMinimized();
+  Started second(places());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return second.state() == QProcess::NotRunning; }, end_ms));
+  EXPECT_EQ(second.exitCode(), 0);
+  EXPECT_FALSE(frame()->isMinimized());
+}
+
 TEST_F(Fronted, AGameBehindAnotherWindowComesBeforeIt) {
   start();
   QWidget other;

@@ -23,6 +23,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/paths.h"
 #include "front/qt/appearance.h"
 #include "front/qt/demonstration/scratch_folder.h"
 #include "front/qt/on_demand.h"
@@ -266,6 +267,10 @@ TEST(DesktopOptions, TheFoldersOfThePlayersFilesAreTold) {
   store.créer(clé_du_jeu);
   store.écrire(clé_du_jeu, réglage_répertoire, "/home/ann/jeux");
   EXPECT_THAT(files_text(store, {}), testing::HasSubstr(" /home/ann/jeux\n"));
+}
+
+TEST(DesktopOptions, WhoIsAskedForAFolderIsAtFirstInTheOneThatHeCalledTheProgramFrom) {
+  EXPECT_EQ(first_folder(), texte_du_chemin(std::filesystem::current_path()));
 }
 
 TEST(DesktopOptions, UnknownAndIncompleteOnesAreToldInFrench) {

@@ -154,6 +154,10 @@ void Desktop::come_to_front(const std::string &token) {
   front->activateWindow();
 }
 
+void Desktop::heed(OneInstance &instance) {
+  instance.listen([this](const std::string &token) { come_to_front(token); });
+}
+
 void Desktop::load_all_pictures() {
   const double ratio =
       renderer_.frame(programme_.principale())->devicePixelRatioF() * screen_.scale().value();

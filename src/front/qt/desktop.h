@@ -16,6 +16,7 @@
 #include "front/qt/heartbeat.h"
 #include "front/qt/help_window.h"
 #include "front/qt/on_demand.h"
+#include "front/qt/one_instance.h"
 #include "front/qt/picture_store.h"
 #include "front/qt/renderer.h"
 #include "front/qt/screen.h"
@@ -55,6 +56,9 @@ class Desktop : public QObject {
   /// Brings what the player has to do with to the front: the main window, or what waits above it. `token` is
   /// what his desktop has given another program to do so.
   void come_to_front(const std::string &token);
+
+  /// From now on each later instance brings it to the front.
+  void heed(OneInstance &instance);
 
   /// Ends the process, asked from outside: as the close control does that is not refused, but without a word,
   /// and with the game under way for the next start, since it is not the player who gives it up.

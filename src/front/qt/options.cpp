@@ -6,8 +6,10 @@
 #include <string_view>
 
 #include "configuration/player_file.h"
+#include "core/current_folder.h"
 #include "core/paths.h"
 #include "persistence/registry.h"
+#include "platform/player_folders.h"
 
 namespace ardane {
 namespace {
@@ -107,6 +109,11 @@ DesktopOptions read_options(int argc, const char *const *argv) {
       options.erreur = "Option inconnue ou incomplète : " + std::string(word);
   }
   return options;
+}
+
+std::string first_folder() {
+  const std::filesystem::path documents = dossier_des_documents();
+  return documents.empty() ? dossier_du_processus() : texte_du_chemin(documents);
 }
 
 std::string help_text() {

@@ -26,6 +26,9 @@ struct DesktopOptions {
 /// The toolkit's own options ("-style", "-platform", ...) are passed over: it takes them itself.
 DesktopOptions read_options(int argc, const char *const *argv);
 
+/// Where the player is asked for a folder, if the program has none of its own to write in.
+std::string first_folder();
+
 /// What --help prints, and what is told of a command line that was not understood.
 std::string help_text();
 /// What --help prints further: where the player's files are. `lifeline` may be empty.

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "core/current_folder.h"
 #include "core/paths.h"
 #include "core/resources.h"
 #include "front/qt/appearance.h"
@@ -15,7 +14,6 @@
 #include "front/qt/options.h"
 #include "front/qt/ready_report.h"
 #include "front/qt/rescue.h"
-#include "platform/player_folders.h"
 #include "platform/process_start.h"
 
 namespace ardane {
@@ -33,12 +31,6 @@ std::unique_ptr<RegistreGardé> store_of(const DesktopOptions &options) {
 std::filesystem::path lifeline_of(const DesktopOptions &options) {
   return dossier_de_secours(options.registre ? chemin_natif(chemin_absolu(*options.registre))
                                              : std::filesystem::path());
-}
-
-/// Where the player is asked for a folder, if the program has none of its own to write in.
-std::string first_folder() {
-  const std::filesystem::path documents = dossier_des_documents();
-  return documents.empty() ? dossier_du_processus() : texte_du_chemin(documents);
 }
 
 int rescue(const DesktopOptions &options) {
@@ -70,10 +62,9 @@ int play(int argc, char **argv, const DesktopOptions &options) {
        alone ? lifeline_of(options) : std::filesystem::path(),
        options.fichier ? chemin_absolu(*options.fichier) : std::string(), options.registre.has_value()},
       ressources_du_programme());
-  instance.listen([&](const std::string &token) { desktop.come_to_front(token); });
+  desktop.heed(instance);
   const EndSignals signals([&] { desktop.end_unasked(); });
-  if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why
-  if (options.prêt_et_quitter) {
+  if (desktop.start() && options.prêt_et_quitter) {
     const QWidget &window = *desktop.renderer().frame(desktop.programme().principale());
     await_first_paint(window);
     report("prêt");
@@ -82,7 +73,7 @@ int play(int argc, char **argv, const DesktopOptions &options) {
     report("chargé");
     return 0;
   }
-  desktop.play();
+  desktop.play();  // not at all where it has ended at once: the player has been told why
   return 0;
 }
 

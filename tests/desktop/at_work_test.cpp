@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <stdexcept>
 
 #include "front/qt/heartbeat.h"
 #include "program_test.h"
@@ -39,6 +40,14 @@ TEST_F(AtWork, WhatCanWaitComesWhenTheProcedureIsOver) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return done == "ab"; }));
   stage.dispatcher.run_when_idle([&] { done += "c"; });
   EXPECT_EQ(done, "abc") << "at once where nothing is at work";
+}
+
+TEST_F(AtWork, WhatCallsNothingIsNoEvent) {
+  int events = 0;
+  stage.dispatcher.before_event = [&] { ++events; };
+  stage.dispatcher.explain = []() -> std::optional<std::string> { throw std::logic_error("an error's end"); };
+  EXPECT_NO_THROW(stage.dispatcher.run({}));
+  EXPECT_EQ(events, 0);
 }
 
 TEST_F(AtWork, NoWindowClosesAndNoKeyPressesAButton) {

@@ -51,6 +51,21 @@ TEST_F(Player, ReplacesWhatStandsInATextBox) {
   }
 }
 
+TEST_F(Player, AsksForNoMoreOrdersOnceTheProgramHasEnded) {
+  script.player.choose("menu_fichier", "fichier_quitter");
+  EXPECT_EQ(script.run(), "");
+  ASSERT_FALSE(desktop.programme().en_cours());
+  struct Asked : Plan {
+    void at_window(AutomaticPlayer &, const std::string &) override { ++times; }
+    void at_map(AutomaticPlayer &) override { ++times; }
+    int times = 0;
+  } plan;
+  AutomaticPlayer player(desktop, plan);
+  player.begin();
+  for (int turn = 0; turn < 5; ++turn) QApplication::processEvents();
+  EXPECT_EQ(plan.times, 0);
+}
+
 TEST_F(Player, GivesUpWhereAWindowWaitsForNoOrder) {
   open_new_game();
   expect_given_up("la fenêtre nouvelle_partie attend un ordre");

@@ -146,6 +146,11 @@ TEST_F(Cells, AScreenReaderFindsTheCellsBehindTheWidgets) {
   EXPECT_FALSE(cell->isValid()) << "whoever holds it still asks";
   EXPECT_EQ(cell->text(QAccessible::Name), "");
   EXPECT_EQ(table->childCount(), 2);
+  const QAccessible::Id known_by = QAccessible::uniqueId(cell);
+  ASSERT_EQ(QAccessible::accessibleInterface(known_by), cell);
+  stage.renderer.retirer(window);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(QAccessible::accessibleInterface(known_by), nullptr) << "it has gone with its window";
 }
 
 TEST_F(Cells, AScreenReaderHearsOfTheCellsThatHaveChanged) {

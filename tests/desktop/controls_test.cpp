@@ -513,8 +513,9 @@ TEST_F(Controls, AListShowsItemsAndReportsTheChoice) {
   Contrôle &list = add("liste", Genre::liste);
   list.éléments = {"un", "deux", "trois"};
   list.choix = 2;
-  int changes = 0, doubles = 0;
+  int changes = 0, clicks = 0, doubles = 0;
   list.changement = [&] { ++changes; };
+  list.clic = [&] { ++clicks; };
   list.double_clic = [&] { ++doubles; };
   show();
   auto *shown = stage.widget<QListWidget>(window, "liste");
@@ -525,6 +526,7 @@ TEST_F(Controls, AListShowsItemsAndReportsTheChoice) {
   QTest::mouseClick(shown->viewport(), Qt::LeftButton, {}, third);
   EXPECT_EQ(list.choix, 3);
   EXPECT_EQ(changes, 1);
+  EXPECT_EQ(clicks, 1);
   QTest::mouseDClick(shown->viewport(), Qt::LeftButton, {}, third);
   EXPECT_EQ(doubles, 1);
   list.éléments = {"seul"};

@@ -63,8 +63,8 @@ bool has_a_title(const QImage &picture) {
 
 class Demonstration : public testing::Test {
  protected:
-  void run(const QString &where) {
-    program.start(QStringLiteral(ARDANE_PROGRAM), {"--demonstration", where});
+  void run(const QString &where, const QString &of = QStringLiteral(ARDANE_PROGRAM)) {
+    program.start(of, {"--demonstration", where});
     ASSERT_TRUE(program.waitForFinished(end_ms));
     output = QString::fromUtf8(program.readAllStandardOutput());
   }
@@ -105,6 +105,14 @@ TEST_F(Demonstration, WhereTheMapHasNoRoomItSaysWhyItStops) {
   EXPECT_THAT(to_utf8(output),
               testing::ContainsRegex(
                   "La démonstration s'est arrêtée : pas un pixel libre pour la province [0-9]+\\.\n$"));
+}
+
+TEST_F(Demonstration, WhereTheProgramHasNoFilesItEndsWithTheErrorThatItIsTold) {
+  const QString bare = folder.filePath("ardane");
+  ASSERT_TRUE(QFile::copy(QStringLiteral(ARDANE_PROGRAM), bare));
+  run(folder.filePath("album"), bare);
+  EXPECT_EQ(program.exitCode(), 1);
+  EXPECT_TRUE(output.endsWith("02-Erreur.png\n")) << to_utf8(output);
 }
 
 TEST_F(Demonstration, WhereNoPictureCanBeLeftItSaysSo) {

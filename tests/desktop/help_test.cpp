@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextFrame>
 #include <QTimer>
@@ -275,7 +276,16 @@ TEST_F(Help, WearsThePaletteOfTheDesktopAndFollowsItsChange) {
     return page().document()->begin().begin().fragment().charFormat().foreground().color();
   };
   EXPECT_EQ(ground(), restored.palette.color(QPalette::Base));
+  // Links are marked by a hue of their own, which must be read on this ground, too.
+  const auto link = [&] {
+    for (QTextBlock block = page().document()->begin(); block.isValid(); block = block.next())
+      for (auto part = block.begin(); !part.atEnd(); ++part)
+        if (const QTextCharFormat format = part.fragment().charFormat(); !format.anchorHref().isEmpty())
+          return format.foreground().color();
+    return QColor();
+  };
   EXPECT_LT(ink().lightness(), ground().lightness() - 80);
+  EXPECT_LT(link().lightness(), ground().lightness() - 80);
   page().verticalScrollBar()->setValue(100);
   QPalette dark;
   dark.setColor(QPalette::Base, QColor(30, 32, 36));
@@ -284,6 +294,7 @@ TEST_F(Help, WearsThePaletteOfTheDesktopAndFollowsItsChange) {
   QApplication::processEvents();
   EXPECT_EQ(ground(), QColor(30, 32, 36));
   EXPECT_GT(ink().lightness(), ground().lightness() + 80);
+  EXPECT_GT(link().lightness(), ground().lightness() + 110);
   EXPECT_EQ(page().verticalScrollBar()->value(), 100);
 }
 

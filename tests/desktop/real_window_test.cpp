@@ -58,6 +58,8 @@ class RealWindow : public ProgramTest {
     order().click("bouton_sortie");
     play();
   }
+
+  const std::filesystem::path memory = folder.path() / "fenetre.ini";
 };
 
 TEST_F(RealWindow, HasATitleBarWithTheProgramsNameAndCanBeMinimisedMaximisedAndClosed) {
@@ -526,7 +528,6 @@ TEST_F(RealWindow, HasItsSizeItsPlaceAndItsScaleAgainAtTheNextStart) {
 }
 
 TEST_F(RealWindow, IsRememberedAsItGoesAndNotAtWhateverItHears) {
-  const std::filesystem::path memory = folder.path() / "fenetre.ini";
   start();
   std::filesystem::remove(memory);
   QEvent other(QEvent::User);
@@ -536,9 +537,18 @@ TEST_F(RealWindow, IsRememberedAsItGoesAndNotAtWhateverItHears) {
   EXPECT_TRUE(std::filesystem::exists(memory));
 }
 
+TEST_F(RealWindow, IsRememberedWhenAResizeHasRestedThoughTheProgramBeKilled) {
+  start();
+  resize(window_for(1));
+  const QSize left = frame()->size();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return std::filesystem::exists(memory); }));
+  die();
+  start();
+  EXPECT_EQ(frame()->size(), left);
+}
+
 TEST_F(RealWindow, AMemoryOfItThatIsDamagedIsAsGoodAsNone) {
-  std::ofstream(folder.path() / "fenetre.ini")
-      << "[fenetre]\ngeometrie=@ByteArray(\\x1\\xd9rien)\nechelle=-3\n";
+  std::ofstream(memory) << "[fenetre]\ngeometrie=@ByteArray(\\x1\\xd9rien)\nechelle=-3\n";
   start();
   EXPECT_TRUE(frame()->screen()->availableGeometry().contains(frame()->frameGeometry()));
   EXPECT_GT(scale(), 1.1);

@@ -1,11 +1,14 @@
 // The program is asked to end by others than the player.
 #include <gmock/gmock.h>
+#include <pthread.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <csignal>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "front/qt/end_signals.h"
 #include "front/qt/one_instance.h"
@@ -66,6 +69,7 @@ TEST_F(Signalled, EachSignalEndsTheProgramAsTheCloseControlDoes) {
 
 TEST_F(Signalled, TheBoxOfAFirstStartHindersNoEnd) {
   end_a_run_by(SIGTERM);
+  EXPECT_THAT(settings(), HasSubstr(places().programme)) << "where the scores will lie";
 }
 
 TEST_F(Signalled, AGameThatIsOfferedIsOfferedAgain) {
@@ -131,6 +135,31 @@ TEST(EndSignals, AreTakenFromThoseThatHadThemAndGivenBack) {
     EXPECT_EQ(handler_of(own.at(i)), found.at(i));
     std::signal(own.at(i), before.at(i));
   }
+}
+
+TEST(EndSignals, BreakOffNoCallThatWaits) {
+  const EndSignals signals([] {});
+  std::array<int, 2> pipe_ends{};
+  ASSERT_EQ(pipe(pipe_ends.data()), 0);
+  const pthread_t reader = pthread_self();
+  const fs::path status = "/proc/self/task/" + std::to_string(gettid()) + "/status";
+  const auto wait_until_it_says = [&](const char *line) {
+    std::ostringstream text;
+    do {
+      text.str({});
+      text << std::ifstream(status).rdbuf();
+    } while (text.str().find(line) == std::string::npos);
+  };
+  std::thread other([&] {
+    wait_until_it_says("\nState:\tS");
+    pthread_kill(reader, SIGTERM);
+    wait_until_it_says("\nSigPnd:\t0000000000000000\n");
+    EXPECT_EQ(write(pipe_ends[1], "x", 1), 1);
+  });
+  char byte = 0;
+  EXPECT_EQ(read(pipe_ends[0], &byte, 1), 1);
+  other.join();
+  for (const int end : pipe_ends) close(end);
 }
 
 class SignalledChild : public KeptRun {

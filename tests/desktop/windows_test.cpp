@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPixmapCache>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -296,6 +297,19 @@ TEST_F(Windows, TheWidgetOfAControlThatIsTakenOffGoes) {
   EXPECT_EQ(stage.widget(window, "rang"), nullptr);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_FALSE(widget);
+}
+
+TEST_F(Windows, WhatTheStyleKeepsForAWindowOfItsOwnColoursGoesWithIt) {
+  const auto kept = QStringLiteral("kept");
+  for (const bool coloured : {false, true}) {
+    QPixmapCache::insert(kept, QPixmap(1, 1));
+    Fenêtre other("autre");
+    if (coloured) other.fond = Couleur{64, 0, 0};
+    stage.renderer.montrer(other);
+    stage.renderer.retirer(other);
+    QPixmap found;
+    EXPECT_EQ(QPixmapCache::find(kept, &found), !coloured);
+  }
 }
 
 TEST_F(Windows, F1AsksForHelpInTheWindowThatHasIt) {

@@ -95,7 +95,7 @@ class Changements {
 
 }  // namespace
 
-std::string énumérer(std::vector<std::string> noms) {
+std::string énumérer(const std::vector<std::string> &noms) {
   std::map<std::string, std::set<int>> familles;
   std::string texte;
   const auto ajouter = [&](const std::string &nom) { texte += (texte.empty() ? "" : ", ") + nom; };

@@ -52,7 +52,7 @@ class Chronique {
 };
 
 /// Names of controls in few words: "Pays(1-3), Pays(7), Reste(1)".
-std::string énumérer(std::vector<std::string> noms);
+std::string énumérer(const std::vector<std::string> &noms);
 
 /// What was moved to make one pile of another of the same things: the fewest that it takes.
 std::vector<std::string> déplacés(const std::vector<std::string> &avant,

@@ -51,9 +51,40 @@ std::string place(const Contrôle &c) {
   return texte;
 }
 
-constexpr std::array<std::string_view, 14> propriétés = {"actif",  "place",  "texte",    "bulle", "dit",
-                                                         "image",  "fond",   "couleur",  "coché", "focus",
-                                                         "valeur", "bornes", "éléments", "choix"};
+constexpr std::array<std::string_view, 16> propriétés = {
+    "actif", "place", "texte",  "bulle",  "dit",      "image", "fond",    "couleur",
+    "coché", "focus", "valeur", "bornes", "éléments", "choix", "lettres", "traits"};
+
+std::string lettres(const Contrôle &c) {
+  constexpr std::array familles = {"système", "Times", "sans empattement"};
+  constexpr std::array côtés = {"à gauche", "au centre", "à droite"};
+  return std::string(familles.at(static_cast<std::size_t>(c.police.famille))) + " " +
+         nombre_json(c.police.points).dump() + (c.police.gras ? " gras " : " ") +
+         côtés.at(static_cast<std::size_t>(c.alignement));
+}
+
+/// What else makes it look or behave as it does.
+std::string traits(const Contrôle &c) {
+  std::string texte(nom_genre(c.genre));
+  const auto ajouter = [&](bool vrai, const std::string &trait) {
+    if (vrai) texte += ", " + trait;
+  };
+  ajouter(est_bordé(c), "bordé");
+  ajouter(c.cellule, "cellule");
+  ajouter(c.étirée, "étirée");
+  ajouter(c.déborde, "déborde");
+  ajouter(c.multiligne, "plusieurs lignes");
+  ajouter(c.lignes_crlf, "lignes de fichier");
+  ajouter(c.lecture_seule, "lecture seule");
+  ajouter(c.pour_fichier, "pour un fichier");
+  ajouter(c.muet, "muet");
+  ajouter(c.mnémonique != 0, "mnémonique " + std::to_string(static_cast<unsigned>(c.mnémonique)));
+  ajouter(c.étiquette != nullptr, c.étiquette == nullptr ? "" : "étiquette " + c.étiquette->nom);
+  ajouter(c.ordre_tabulation >= 0, "rang " + std::to_string(c.ordre_tabulation));
+  ajouter(!c.raccourci.empty(), "raccourci " + c.raccourci);
+  ajouter(static_cast<bool>(c.clic), "se clique");
+  return texte;
+}
 
 /// So many of a family that change each in its own way are told one by one.
 constexpr std::size_t dits_un_par_un = 8;
@@ -181,23 +212,53 @@ Chronique::Aspect Chronique::aspect(const Fenêtre &fenêtre, const Contrôle &c
           std::to_string(c.min) + " à " + std::to_string(c.max) + " par " + std::to_string(c.petit_pas) +
               " ou " + std::to_string(c.grand_pas),
           éléments,
-          std::to_string(c.choix)};
+          std::to_string(c.choix),
+          lettres(c),
+          traits(c)};
+}
+
+/// The window itself, as one more control.
+Contrôle Chronique::cadre(const Fenêtre &fenêtre) {
+  Contrôle cadre;
+  cadre.nom = "(fenêtre)";
+  cadre.gauche = fenêtre.gauche;
+  cadre.haut = fenêtre.haut;
+  cadre.largeur = fenêtre.largeur;
+  cadre.hauteur = fenêtre.hauteur;
+  cadre.texte = fenêtre.titre;
+  cadre.nom_parlé = fenêtre.nom_parlé;
+  cadre.fond = fenêtre.fond;
+  cadre.valeur = fenêtre.contexte_aide;
+  for (const auto &[vrai, trait] : {std::pair(fenêtre.fermable, "se ferme"),
+                                    {fenêtre.avec_titre, "a un titre"},
+                                    {fenêtre.placée_sur_le_moniteur, "sur le moniteur"},
+                                    {fenêtre.redimensionnable, "se dimensionne"}})
+    if (vrai) cadre.infobulle += (cadre.infobulle.empty() ? "" : ", ") + std::string(trait);
+  std::vector<std::string> touches;
+  for (const auto &[touche, bouton] :
+       {std::pair("Entrée", fenêtre.bouton_défaut), {"Echap", fenêtre.bouton_annulation}})
+    if (bouton != nullptr) touches.push_back(std::string(touche) + " : " + bouton->nom);
+  cadre.éléments = touches;
+  return cadre;
 }
 
 Chronique::Nouvelles Chronique::nouvelles(const Fenêtre &fenêtre, Vue &vue) const {
   const Aspect neuf = aspect(fenêtre, {});
   std::array<Changements, propriétés.size()> changements;
-  std::map<std::string, Pile> piles;
   std::set<std::string> visibles;
-  for (const Contrôle &c : fenêtre.contrôles()) {
-    if (c.genre != Genre::menu) piles[c.conteneur == nullptr ? "" : c.conteneur->nom].push_back(&c);
-    if (!est_visible(c)) continue;
+  const auto regarder = [&](const Contrôle &c) {
     visibles.insert(c.nom);
     Aspect &dernier = vue.aspects.try_emplace(c.nom, neuf).first->second;
     Aspect vu = aspect(fenêtre, c);
     for (std::size_t i = 0; i < vu.size(); ++i)
       if (vu[i] != dernier[i]) changements[i].ajouter(c.nom, dernier[i], vu[i]);
     dernier = std::move(vu);
+  };
+  regarder(cadre(fenêtre));
+  std::map<std::string, Pile> piles;
+  for (const Contrôle &c : fenêtre.contrôles()) {
+    if (c.genre != Genre::menu) piles[c.conteneur == nullptr ? "" : c.conteneur->nom].push_back(&c);
+    if (est_visible(c)) regarder(c);
   }
   Nouvelles nouvelles;
   noter_présence(visibles, vue, nouvelles);

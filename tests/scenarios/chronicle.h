@@ -39,6 +39,7 @@ class Chronique {
   /// What has befallen controls: words, and who.
   using Nouvelles = std::map<std::string, std::vector<std::string>>;
 
+  static Contrôle cadre(const Fenêtre &fenêtre);
   Aspect aspect(const Fenêtre &fenêtre, const Contrôle &contrôle) const;
   Nouvelles nouvelles(const Fenêtre &fenêtre, Vue &vue) const;
   static void noter_présence(const std::set<std::string> &visibles, Vue &vue, Nouvelles &nouvelles);

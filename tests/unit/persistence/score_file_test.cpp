@@ -382,8 +382,10 @@ TEST_F(ScoreFile, TheLogSaysWhatIsWrongInWhichSlot) {
   octets.score(121, "", 5, 1);
   poser();
   EXPECT_THAT(journal_de_lecture(), EndsWith("case 118 : texte trop long\n"));
-  écrire_fichier(fichier, "");
-  EXPECT_THAT(journal_de_lecture(), EndsWith("case 1 : fin du fichier\n"));
+  for (const std::size_t reste : {0U, 1U, 10U}) {
+    écrire_fichier(fichier, octets.octets().substr(0, reste));
+    EXPECT_THAT(journal_de_lecture(), EndsWith("case 1 : fin du fichier\n")) << reste;
+  }
 }
 
 TEST_F(ScoreFile, TheLogSaysTheVersionOfAFileOfAnother) {

@@ -105,6 +105,15 @@ TEST_F(Assistance, TenErrorsAfterTheHelpAreToldOtherwiseThanWithoutIt) {
   EXPECT_EQ(m.dernière_boîte().texte, message(m.g(), Message::essayer_autre_chose));
 }
 
+TEST_F(Assistance, TheNextQuestionBeginsWithoutTheButton) {
+  jouer(1);
+  m.répondre_faux();
+  ASSERT_TRUE(est_visible(m.e().BoutonPasse));
+  for (int i = 1; i < 10; ++i) m.répondre_faux();
+  EXPECT_EQ(m.g().NbErreurs, 0);
+  EXPECT_FALSE(est_visible(m.e().BoutonPasse));
+}
+
 TEST_F(Assistance, TheBlinkingStopsWhenTheQuestionIsGivenUp) {
   jouer(0);
   const int p = m.g().ProvinceCourante;

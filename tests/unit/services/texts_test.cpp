@@ -101,6 +101,9 @@ TEST_F(Texts, WithTwoLanguagesTheChangeTogglesBetweenThemAndIsRemembered) {
   EXPECT_EQ(p.principale().Boîte_restants.texte, message(p.état(), Message::provinces_à_placer));
   EXPECT_EQ(p.principale().titre, "deux 110");
   EXPECT_EQ(monde.registre->lire(clé_du_jeu, "langue"), "2");
+  Programme suivant(monde.monde(), deux_langues, m.dossier.chemin());
+  ASSERT_TRUE(suivant.Démarrage(m.dossier.chemin()));
+  EXPECT_EQ(suivant.principale().titre, "deux 110");
   cliquer(p.principale(), p.principale().menu("Menu_langue"));
   EXPECT_EQ(p.principale().titre, "un 110");
 }

@@ -167,6 +167,15 @@ TEST_F(Start, ASaveFolderThatCannotBeWrittenOpensTheFolderWindowAndTheStartGoesO
   EXPECT_THAT(m.façade.ouvertes, ElementsAre("Paramétrage_répertoires", "Patience", "Ecran_principal"));
 }
 
+TEST_F(Start, TheFolderOfTheCardsIsThatOfTheSettings) {
+  réglages_d_une_partie_passée();
+  DossierTemporaire autre;
+  écrire_fichier(autre.fichier("ARDANE.INF"), "");
+  poser("répertoire information", autre.chemin());
+  ASSERT_TRUE(démarrer());
+  EXPECT_EQ(m.g().Fichiers_info(1), autre.fichier("ARDANE.INF"));
+}
+
 TEST_F(Start, ANewVersionKeepsNameAndLanguageAndResetsTheFolders) {
   réglages_d_une_partie_passée();
   poser("version", "Version 0.90 du 01/01/2006");
@@ -231,6 +240,16 @@ TEST_F(Start, TheSystemSoundsAreSilencedWhileTheProgramRunsAndGivenBackAtItsEnd)
   EXPECT_EQ(réglage("", présent), "chimes.wav");
   EXPECT_EQ(réglage("", sans_valeur), "");
   EXPECT_FALSE(m.registre.existe(absent));
+}
+
+TEST_F(Start, TheSystemSoundsAreGivenBackWhereTheProcessIsEnded) {
+  constexpr std::string_view clé =
+      R"(HKEY_CURRENT_USER\AppEvents\Schemes\Apps\.Default\SystemAsterisk\.current)";
+  poser("", "chimes.wav", clé);
+  ASSERT_TRUE(démarrer());
+  ASSERT_EQ(réglage("", clé), "");
+  m.programme.interrompre();
+  EXPECT_EQ(réglage("", clé), "chimes.wav");
 }
 
 TEST_F(Start, ARefusedClosingLeavesTheSystemSoundsSilentAndPlayGoesOn) {

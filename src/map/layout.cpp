@@ -7,7 +7,6 @@
 #include "core/game_state.h"
 #include "core/window_placing.h"
 #include "map/main_window.h"
-#include "map/scrolling.h"
 
 namespace ardane {
 namespace {
@@ -102,12 +101,6 @@ void disposer_panneau(Ecran_principal &e) {
   e.NombreProvinces.visible = e.BoîteProvinces.visible = e.EtiquetteProvinces.visible = false;
 }
 
-void revenir_à_zéro(Contexte &c, Contrôle &barre, void (*défiler)(Contexte &)) {
-  if (barre.valeur == 0) return;
-  fixer_valeur(barre, 0);
-  défiler(c);
-}
-
 }  // namespace
 
 void Lire_rectangle_carte(Contexte &c) {
@@ -177,8 +170,8 @@ void Disposer_écran(Contexte &c) {
   DisposerCarte(c);
   disposer_panneau(c.principale);
   disposer_grille(c.principale);
-  revenir_à_zéro(c, c.principale.barre_h, Défiler_horizontal);
-  revenir_à_zéro(c, c.principale.barre_v, Défiler_vertical);
+  fixer_valeur(c.principale.barre_h, 0);
+  fixer_valeur(c.principale.barre_v, 0);
 }
 
 void Redisposer(Contexte &c) {

@@ -67,7 +67,6 @@ void entrer_dans_le_mode(Contexte &c, Etapes mode) {
   DisposerCarte(c);
   MasquerParamétrage(c);
   ConstruirePanneauParamétrage(c);
-  AfficherPanneau(c);
   RedessinerCarte(c);
 }
 

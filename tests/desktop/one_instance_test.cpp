@@ -1,12 +1,22 @@
 // Two starts of the program by one player.
 #include "front/qt/one_instance.h"
 
+#include <poll.h>
+#include <sys/select.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 #include <QAction>
 #include <QTest>
+#include <atomic>
+#include <string_view>
+#include <thread>
 
 #include "persistence/score_file.h"
 #include "program_test.h"
 #include "started_program.h"
+#include "thread_status.h"
 
 namespace ardane {
 namespace {
@@ -84,6 +94,49 @@ TEST_F(TwoStarts, OtherSettingsAreAnotherPlayersAndAnotherSpellingOfTheSameFileI
   EXPECT_EQ(OneInstance(folder.path() / "." / "registre", std::chrono::milliseconds(0)).place(),
             Place::unknown)
       << "the first does not listen";
+}
+
+/// The socket of a first instance that has its name but does not listen yet.
+int begin_to_start(const std::filesystem::path &settings) {
+  sockaddr_un name{};
+  socklen_t size = 0;
+  const auto is_of_an_instance = [&](int descriptor) {
+    size = sizeof name;
+    return getsockname(descriptor, reinterpret_cast<sockaddr *>(&name), &size) == 0 &&
+           name.sun_family == AF_UNIX && std::string_view(name.sun_path + 1).starts_with("mirabonde.ardane.");
+  };
+  {
+    const OneInstance known(settings);
+    int descriptor = 0;
+    while (descriptor < FD_SETSIZE && !is_of_an_instance(descriptor)) ++descriptor;
+  }
+  const int starting = socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
+  EXPECT_EQ(bind(starting, reinterpret_cast<const sockaddr *>(&name), size), 0);
+  return starting;
+}
+
+TEST_F(TwoStarts, TheSecondWaitsForAFirstThatHasOnlyJustStarted) {
+  const int starting = begin_to_start(settings);
+  std::atomic<pid_t> thread = 0;
+  std::atomic<Place> found = Place::first;
+  std::thread second([&] {
+    thread = gettid();
+    found = OneInstance(settings).place();
+  });
+  while (found == Place::first && (thread == 0 || !waits_in_a_call(thread))) {
+  }
+  EXPECT_EQ(listen(starting, 1), 0);
+  pollfd called{starting, POLLIN, 0};
+  if (found == Place::first && poll(&called, 1, end_ms) == 1) {
+    const int caller = accept(starting, nullptr, nullptr);
+    EXPECT_EQ(send(caller, "!", 1, 0), 1);
+    second.join();
+    close(caller);
+  } else {
+    second.join();
+  }
+  EXPECT_EQ(found, Place::second);
+  close(starting);
 }
 
 TEST_F(TwoStarts, WithoutSettingsNobodyKnows) {

@@ -13,6 +13,7 @@
 #include "front/qt/end_signals.h"
 #include "front/qt/one_instance.h"
 #include "kept_run.h"
+#include "thread_status.h"
 
 namespace ardane {
 namespace {
@@ -142,18 +143,13 @@ TEST(EndSignals, BreakOffNoCallThatWaits) {
   std::array<int, 2> pipe_ends{};
   ASSERT_EQ(pipe(pipe_ends.data()), 0);
   const pthread_t reader = pthread_self();
-  const fs::path status = "/proc/self/task/" + std::to_string(gettid()) + "/status";
-  const auto wait_until_it_says = [&](const char *line) {
-    std::ostringstream text;
-    do {
-      text.str({});
-      text << std::ifstream(status).rdbuf();
-    } while (text.str().find(line) == std::string::npos);
-  };
+  const pid_t known_as = gettid();
   std::thread other([&] {
-    wait_until_it_says("\nState:\tS");
+    while (!waits_in_a_call(known_as)) {
+    }
     pthread_kill(reader, SIGTERM);
-    wait_until_it_says("\nSigPnd:\t0000000000000000\n");
+    while (!status_says(known_as, "SigPnd:\t0000000000000000\n")) {
+    }
     EXPECT_EQ(write(pipe_ends[1], "x", 1), 1);
   });
   char byte = 0;

@@ -10,6 +10,8 @@
 #include <QAction>
 #include <QTest>
 #include <atomic>
+#include <optional>
+#include <stdexcept>
 #include <string_view>
 #include <thread>
 
@@ -96,23 +98,49 @@ TEST_F(TwoStarts, OtherSettingsAreAnotherPlayersAndAnotherSpellingOfTheSameFileI
       << "the first does not listen";
 }
 
+struct Name {
+  sockaddr_un value{};
+  socklen_t size = sizeof value;
+
+  const sockaddr *get() const { return reinterpret_cast<const sockaddr *>(&value); }
+};
+
+int make_socket_for_packets() {
+  return socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
+}
+
+/// Of the instance that this process holds.
+Name name_of_the_instance() {
+  for (int descriptor = 0; descriptor < FD_SETSIZE; ++descriptor) {
+    Name name;
+    if (getsockname(descriptor, reinterpret_cast<sockaddr *>(&name.value), &name.size) == 0 &&
+        name.value.sun_family == AF_UNIX &&
+        std::string_view(name.value.sun_path + 1).starts_with("mirabonde.ardane."))
+      return name;
+  }
+  throw std::logic_error("No instance here");
+}
+
 /// The socket of a first instance that has its name but does not listen yet.
 int begin_to_start(const std::filesystem::path &settings) {
-  sockaddr_un name{};
-  socklen_t size = 0;
-  const auto is_of_an_instance = [&](int descriptor) {
-    size = sizeof name;
-    return getsockname(descriptor, reinterpret_cast<sockaddr *>(&name), &size) == 0 &&
-           name.sun_family == AF_UNIX && std::string_view(name.sun_path + 1).starts_with("mirabonde.ardane.");
-  };
-  {
-    const OneInstance known(settings);
-    int descriptor = 0;
-    while (descriptor < FD_SETSIZE && !is_of_an_instance(descriptor)) ++descriptor;
-  }
-  const int starting = socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
-  EXPECT_EQ(bind(starting, reinterpret_cast<const sockaddr *>(&name), size), 0);
+  std::optional<OneInstance> known(settings);
+  const Name name = name_of_the_instance();
+  known.reset();
+  const int starting = make_socket_for_packets();
+  EXPECT_EQ(bind(starting, name.get(), name.size), 0);
   return starting;
+}
+
+TEST_F(TwoStarts, WhoCallsAndSaysNothingBringsNoWindowToTheFront) {
+  OneInstance first(settings);
+  int calls = 0;
+  first.listen([&](const std::string &) { ++calls; });
+  const Name name = name_of_the_instance();
+  const int caller = make_socket_for_packets();
+  ASSERT_EQ(connect(caller, name.get(), name.size), 0);
+  close(caller);
+  for (int turn = 0; turn < 5; ++turn) QApplication::processEvents();
+  EXPECT_EQ(calls, 0);
 }
 
 TEST_F(TwoStarts, TheSecondWaitsForAFirstThatHasOnlyJustStarted) {
@@ -139,8 +167,29 @@ TEST_F(TwoStarts, TheSecondWaitsForAFirstThatHasOnlyJustStarted) {
   close(starting);
 }
 
-TEST_F(TwoStarts, WithoutSettingsNobodyKnows) {
-  EXPECT_EQ(OneInstance({}).place(), Place::unknown);
+TEST_F(TwoStarts, AFirstThatNeverListensIsGivenUpInHalfASecond) {
+  const int starting = begin_to_start(settings);
+  EXPECT_EQ(OneInstance(settings).place(), Place::unknown);
+  close(starting);
+}
+
+/// How often a socket has something for the program.
+struct SocketWatch : QObject {
+  SocketWatch() { qApp->installEventFilter(this); }
+  bool eventFilter(QObject *, QEvent *event) override {
+    if (event->type() == QEvent::SockAct) ++count;
+    return false;
+  }
+  int count = 0;
+};
+
+TEST_F(TwoStarts, WithoutSettingsNobodyKnowsAndNobodyIsListenedTo) {
+  OneInstance nobody({});
+  EXPECT_EQ(nobody.place(), Place::unknown);
+  const SocketWatch watch;
+  nobody.listen([](const std::string &) {});
+  for (int turn = 0; turn < 5; ++turn) QApplication::processEvents();
+  EXPECT_EQ(watch.count, 0) << "a socket without a name would call at each turn";
 }
 
 class Fronted : public ProgramTest {};

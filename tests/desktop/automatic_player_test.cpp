@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
 #include <algorithm>
 #include <numeric>
 #include <vector>
@@ -51,19 +54,35 @@ TEST_F(Player, ReplacesWhatStandsInATextBox) {
   }
 }
 
+/// Counts what it is asked for orders, and has nothing to say of boxes.
+struct NoPlan : Plan {
+  void at_window(AutomaticPlayer &, const std::string &) override { ++times; }
+  void at_map(AutomaticPlayer &) override { ++times; }
+  int times = 0;
+};
+
 TEST_F(Player, AsksForNoMoreOrdersOnceTheProgramHasEnded) {
   script.player.choose("menu_fichier", "fichier_quitter");
   EXPECT_EQ(script.run(), "");
   ASSERT_FALSE(desktop.programme().en_cours());
-  struct Asked : Plan {
-    void at_window(AutomaticPlayer &, const std::string &) override { ++times; }
-    void at_map(AutomaticPlayer &) override { ++times; }
-    int times = 0;
-  } plan;
+  NoPlan plan;
   AutomaticPlayer player(desktop, plan);
   player.begin();
   for (int turn = 0; turn < 5; ++turn) QApplication::processEvents();
   EXPECT_EQ(plan.times, 0);
+}
+
+TEST_F(Player, PressesTheDefaultButtonOfABoxThatThePlanSaysNothingOf) {
+  NoPlan plan;
+  AutomaticPlayer player(desktop, plan);
+  QMessageBox box;
+  box.addButton(QStringLiteral("Oui"), QMessageBox::YesRole);
+  QPushButton *no = box.addButton(QStringLiteral("Non"), QMessageBox::NoRole);
+  box.setDefaultButton(no);
+  box.open();
+  player.begin();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !box.isVisible(); }));
+  EXPECT_EQ(box.clickedButton(), no);
 }
 
 TEST_F(Player, GivesUpWhereAWindowWaitsForNoOrder) {

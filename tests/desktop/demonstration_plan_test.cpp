@@ -16,14 +16,15 @@
 namespace ardane {
 namespace {
 
-/// Without the folder, and the name of the province, which is drawn by lot.
+/// Without the folder, and the names of the provinces, which are drawn by lot.
 constexpr const char *short_transcript = R"(Image : 01-carte.png
 Image : 02-nouvelle_partie.png
+Province 10 sur 22. Score : 999998
 Image : 03-milieu.png
 Image : 04-enregistrer.png
 Image : 05-reprendre.png
+Province 20 sur 22. Score : 999997
 Image : 06-fin.png
-Province 10 sur 10. Score : 999998
 Image : 07-Joli score dans la catégorie.png
 Image : 08-Affichage_scores.png
 Image : 09-Stats.png
@@ -49,7 +50,7 @@ class DemonstrationPlans : public ProgramTest {
     desktop().play();
     QString told = QString::fromStdString(testing::internal::GetCapturedStdout());
     told.remove(pictures);
-    return to_utf8(told.replace(QRegularExpression("10 : [^.]+\\."), "10."));
+    return to_utf8(told.replace(QRegularExpression("22 : [^.]+\\."), "22."));
   }
 
   /// A folder that cannot be made: to compress pictures takes longer than all else.
@@ -61,11 +62,11 @@ class DemonstrationPlans : public ProgramTest {
 
 TEST_F(DemonstrationPlans, AGameIsStoppedHalfWayAndTakenUpAndThenTheOtherWindowsAreSeen) {
   start();
-  leave_in_play(10);
+  leave_in_play(22);
   EXPECT_EQ(play_on(), short_transcript);
   EXPECT_EQ(player.trouble(), "");
-  EXPECT_EQ(plan.mistakes(), 1);
-  EXPECT_EQ(plan.score(), 999'998);
+  EXPECT_EQ(plan.mistakes(), 2);
+  EXPECT_EQ(plan.score(), 999'997);
   EXPECT_FALSE(album.complete());
 }
 

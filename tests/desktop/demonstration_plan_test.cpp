@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "front/qt/appearance.h"
-#include "persistence/score_file.h"
 #include "program_test.h"
 
 namespace ardane {
@@ -39,9 +38,8 @@ class DemonstrationPlans : public ProgramTest {
  protected:
   /// Only the first provinces are left in play.
   void leave_in_play(int provinces) {
-    state().Ordre_jeux = Ordre_de_jeu({étape_provinces, 0, 0, 0});
     for (int p = 1; p <= nombre_provinces; ++p) state().TableProvinces(p).inhibée = p > provinces;
-    ASSERT_TRUE(Ecrire_scores(desktop().programme().contexte(), false));
+    DemonstrationPlan::choose_stage(desktop().programme().contexte());
   }
   /// What it tells until the program has ended.
   std::string play_on() {

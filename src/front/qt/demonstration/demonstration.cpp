@@ -8,7 +8,6 @@
 #include "front/qt/demonstration/demonstration_plan.h"
 #include "front/qt/demonstration/offscreen.h"
 #include "front/qt/demonstration/scratch_folder.h"
-#include "persistence/score_file.h"
 
 namespace ardane {
 namespace {
@@ -16,16 +15,12 @@ namespace {
 int play(const QDir &folder) {
   const ScratchFolder scratch(chemin_natif(to_utf8(QCoreApplication::applicationDirPath())));
   Desktop desktop(scratch.places(), ressources_du_programme());
-  GameState &g = desktop.programme().état();
   Album album(folder);
-  DemonstrationPlan plan(g, album);
+  DemonstrationPlan plan(desktop.programme().état(), album);
   AutomaticPlayer player(desktop, plan);
   std::printf("Démonstration : une partie du jeu des provinces, au niveau Facile.\n");
   if (!player.start()) return 1;
-  g.Ordre_jeux.remplir(0);
-  g.Ordre_jeux(1) = étape_provinces;
-  // A game taken up finds its stages in the score file.
-  Ecrire_scores(desktop.programme().contexte(), false);
+  DemonstrationPlan::choose_stage(desktop.programme().contexte());
   player.begin();
   desktop.play();
   if (!player.trouble().empty()) {

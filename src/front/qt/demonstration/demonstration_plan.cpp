@@ -7,6 +7,7 @@
 
 #include "core/chooser_modes.h"
 #include "front/qt/appearance.h"
+#include "persistence/score_file.h"
 
 namespace ardane {
 namespace {
@@ -35,6 +36,11 @@ const std::map<std::string, const char *> ways_out = {
     {"Stats", "Command1"}, {"Pompe", "BTN_OK"}, {"Edition", "BTN_quit"}, {"Palette", "BoutonFermeture"}};
 
 }  // namespace
+
+void DemonstrationPlan::choose_stage(Contexte &c) {
+  c.état.Ordre_jeux = Ordre_de_jeu({étape_provinces, 0, 0, 0});
+  Ecrire_scores(c, false);  // a game taken up finds its stages in the score file
+}
 
 void DemonstrationPlan::at_box(AutomaticPlayer &player, const QMessageBox &box) {
   album_.add(to_utf8(box.windowTitle()));

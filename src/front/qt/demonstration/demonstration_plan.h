@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "core/context.h"
 #include "core/game_state.h"
 #include "front/qt/demonstration/album.h"
 #include "front/qt/demonstration/automatic_player.h"
@@ -16,6 +17,9 @@ namespace ardane {
 class DemonstrationPlan : public Plan {
  public:
   DemonstrationPlan(const GameState &state, Album &album) : g_(state), album_(album) {}
+
+  /// Leaves the game that one stage.
+  static void choose_stage(Contexte &c);
 
   void at_box(AutomaticPlayer &player, const QMessageBox &box) override;
   void at_window(AutomaticPlayer &player, const std::string &name) override;

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -70,6 +71,20 @@ TEST_F(Player, AsksForNoMoreOrdersOnceTheProgramHasEnded) {
   player.begin();
   for (int turn = 0; turn < 5; ++turn) QApplication::processEvents();
   EXPECT_EQ(plan.times, 0);
+}
+
+TEST_F(Player, AsksForNoOrdersWhileAProcedureIsAtWork) {
+  NoPlan plan;
+  AutomaticPlayer player(desktop, plan);
+  int times_at_work = -1;
+  Ecran_principal &main = desktop.programme().principale();
+  main.menu("MenuSon").clic = [&] {
+    player.begin();
+    for (int turn = 0; turn < 5; ++turn) QApplication::processEvents();
+    times_at_work = plan.times;
+  };
+  desktop.renderer().frame(main)->findChild<QAction *>("MenuSon")->trigger();
+  EXPECT_EQ(times_at_work, 0);
 }
 
 TEST_F(Player, PressesTheDefaultButtonOfABoxThatThePlanSaysNothingOf) {

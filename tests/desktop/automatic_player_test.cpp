@@ -138,6 +138,14 @@ TEST_F(Player, GivesUpOverAMenuEntryThatNoKeyReaches) {
 }
 
 TEST_F(Player, GoesByKeysToAProvinceFromWhereverTheCursorIs) {
+  struct Mouse : QObject {
+    bool eventFilter(QObject *, QEvent *event) override {
+      pressed = pressed || event->type() == QEvent::MouseButtonPress;
+      return false;
+    }
+    bool pressed = false;
+  } mouse;
+  qApp->installEventFilter(&mouse);
   GameState &g = desktop.programme().état();
   g.Ordre_jeux.remplir(0);
   g.Ordre_jeux(1) = étape_provinces;
@@ -152,14 +160,6 @@ TEST_F(Player, GoesByKeysToAProvinceFromWhereverTheCursorIs) {
   std::iota(provinces.begin(), provinces.end(), 1);
   const auto [north, south] =
       std::ranges::minmax(provinces, lies_higher, [&](int p) { return g.TableVilles(p); });
-  struct Mouse : QObject {
-    bool eventFilter(QObject *, QEvent *event) override {
-      pressed = pressed || event->type() == QEvent::MouseButtonPress;
-      return false;
-    }
-    bool pressed = false;
-  } mouse;
-  desktop.renderer().top_frame()->findChild<QWidget *>("Carte")->installEventFilter(&mouse);
   for (const int p : {south, north}) {
     Poser_question(desktop.programme().contexte(), p);
     by_keys.player.click(province(p));

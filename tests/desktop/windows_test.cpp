@@ -3,15 +3,18 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QPixmapCache>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+#include <QStyleOption>
 #include <QTest>
 #include <QTimer>
+#include <set>
 
+#include "front/qt/style.h"
 #include "stage.h"
 
 namespace ardane {
@@ -299,17 +302,47 @@ TEST_F(Windows, TheWidgetOfAControlThatIsTakenOffGoes) {
   EXPECT_FALSE(widget);
 }
 
-TEST_F(Windows, WhatTheStyleKeepsForAWindowOfItsOwnColoursGoesWithIt) {
-  const auto kept = QStringLiteral("kept");
-  for (const bool coloured : {false, true}) {
-    QPixmapCache::insert(kept, QPixmap(1, 1));
-    Fenêtre other("autre");
-    if (coloured) other.fond = Couleur{64, 0, 0};
-    stage.renderer.montrer(other);
-    stage.renderer.retirer(other);
-    QPixmap found;
-    EXPECT_EQ(QPixmapCache::find(kept, &found), !coloured);
+/// What the colours of each button drawn are known by: the toolkit keeps a picture, and its name, for each.
+class Palettes : public QProxyStyle {
+ public:
+  explicit Palettes(std::set<qint64> &keys) : keys_(keys) {}
+  void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override {
+    if (element == PE_PanelButtonCommand) keys_.insert(option->palette.cacheKey());
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
+
+ private:
+  std::set<qint64> &keys_;
+};
+
+TEST_F(Windows, AWindowOfItsOwnColoursThatComesUpAgainLeavesNothingBehind) {
+  install_style();
+  std::set<qint64> keys;
+  std::size_t after_the_first = 0;
+  auto *style = static_cast<QProxyStyle *>(QApplication::style());
+  style->setBaseStyle(std::make_unique<Palettes>(keys).release());
+  for (int i = 0; i < 3; ++i) {
+    Fenêtre coloured("fenêtre de couleur");
+    coloured.largeur = coloured.hauteur = 60;
+    coloured.fond = Couleur{64, 0, 0};
+    place(coloured, "bouton", Genre::bouton, {4, 4, 40, 20});
+    stage.renderer.montrer(coloured);
+    stage.renderer.frame(coloured)->grab();
+    stage.renderer.retirer(coloured);
+    if (i == 0) after_the_first = keys.size();
+  }
+  style->setBaseStyle(nullptr);
+  EXPECT_GE(after_the_first, 1U);
+  EXPECT_EQ(keys.size(), after_the_first);
+}
+
+TEST_F(Windows, AnIconOfTheStyleIsDecodedOnce) {
+  install_style();
+  const auto picture = [] {
+    return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(32).cacheKey();
+  };
+  EXPECT_EQ(picture(), picture());
 }
 
 TEST_F(Windows, F1AsksForHelpInTheWindowThatHasIt) {

@@ -1,7 +1,11 @@
 #include "front/qt/style.h"
 
 #include <QApplication>
+#include <QHash>
+#include <QIcon>
+#include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOption>
 #include <QWidget>
 
 #include "front/qt/child.h"
@@ -20,11 +24,50 @@ class Style : public QProxyStyle {
   }
 
   /// A menu bar asks at once for the arrow that it shows when it is too narrow. Ours never is, and to decode
-  /// the arrow loads every decoder there is.
+  /// the arrow loads every decoder there is. All else is decoded once: the toolkit remembers the name of each
+  /// picture that it ever made of an icon.
   QIcon standardIcon(StandardPixmap which, const QStyleOption *option, const QWidget *widget) const override {
     if (which == SP_ToolBarHorizontalExtensionButton) return {};
-    return QProxyStyle::standardIcon(which, option, widget);
+    QIcon &icon = icons_[which];
+    if (icon.isNull()) icon = QProxyStyle::standardIcon(which, option, widget);
+    return icon;
   }
+
+  void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                   const QWidget *widget) const override {
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    if (button == nullptr) return QProxyStyle::drawControl(element, option, painter, widget);
+    const QStyleOptionButton coloured = in_known_colours(*button);
+    QProxyStyle::drawControl(element, &coloured, painter, widget);
+  }
+
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                          const QWidget *widget) const override {
+    const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (bar == nullptr) return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const QStyleOptionSlider coloured = in_known_colours(*bar);
+    QProxyStyle::drawComplexControl(control, &coloured, painter, widget);
+  }
+
+ private:
+  /// The option with a palette of these colours that was there before, if one was. The toolkit keeps pictures
+  /// of buttons and bars by palette, and their names for good; a window of its own colours has a palette of
+  /// its own each time that it comes up.
+  template <class Option>
+  Option in_known_colours(Option option) const {
+    const qsizetype known = palettes_.indexOf(option.palette);
+    if (known < 0) {
+      palettes_ += option.palette;
+    } else {
+      const QPalette::ColorGroup group = option.palette.currentColorGroup();
+      option.palette = palettes_[known];
+      option.palette.setCurrentColorGroup(group);
+    }
+    return option;
+  }
+
+  mutable QHash<StandardPixmap, QIcon> icons_;
+  mutable QList<QPalette> palettes_;
 };
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QPixmapCache>
 #include <QScreen>
 #include <QStyleOption>
 #include <QTimer>
@@ -154,9 +153,6 @@ WindowView::~WindowView() {
   if (fit_) context_.screen.play_on(std::nullopt);
   views_.clear();
   static_cast<Frame &>(frame_).resized = {};
-  // The style keeps pictures of its buttons by palette. A ground of one's own makes a palette of one's own, and
-  // what nobody will ask for again would stay.
-  if (window().fond) QPixmapCache::clear();
   // The window may be taken off by an event of its own, whose widget is still at work.
   frame_.deleteLater();
 }

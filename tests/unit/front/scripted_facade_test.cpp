@@ -71,6 +71,18 @@ TEST_F(ScriptedWindows, WhatLosesTheFocusIsTold) {
   EXPECT_EQ(perdus, 1);
 }
 
+TEST_F(ScriptedWindows, AFocusThatComesBackElsewhereIsTold) {
+  Contrôle premier, second;
+  int perdus = 0;
+  premier.perte_du_focus = [&] { ++perdus; };
+  façade.montrer(dessous);
+  façade.porter_focus(dessous, premier);
+  dessous.activation = [&] { dessous.focus = &second; };
+  façade.montrer_modale(dessus);
+  façade.suivre();
+  EXPECT_EQ(perdus, 1);
+}
+
 TEST(ScriptedWorld, KeepsItsSettingsInAFileWhereOneIsNamed) {
   const DossierTemporaire dossier;
   OptionsMonde options = options_factices();

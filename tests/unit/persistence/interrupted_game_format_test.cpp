@@ -4,6 +4,7 @@
 #include <functional>
 #include <sstream>
 
+#include "core/game_state.h"
 #include "persistence/saved_game_format.h"
 
 namespace ardane {
@@ -110,6 +111,12 @@ TEST(InterruptedGame, OfAnotherFormIsRefusedAtOnce) {
   const std::size_t chiffre = octets.find("forme 1") + 6;
   octets[chiffre] = '2';
   EXPECT_EQ(lire_interrompue(octets).défaut, (Défaut_de_case{1, Défaut_de_case::Cause::valeur}));
+}
+
+TEST(InterruptedGame, WithoutAConfigurationOfItsOwnIsRefusedAtOnce) {
+  std::string octets = écrire_interrompue(partie_de_l_étape(1));
+  octets.at(octets.find(nom_fichier_temporaire)) = 'x';
+  EXPECT_EQ(lire_interrompue(octets).défaut, (Défaut_de_case{4, Défaut_de_case::Cause::valeur}));
 }
 
 TEST(InterruptedGame, ForeignBytesAreRefusedAtOnce) {

@@ -163,6 +163,17 @@ TEST_F(WindowsAsData, OfManyNoneIsTakenOffWhereOneCannotBe) {
   EXPECT_EQ(fenêtre.contrôles().size(), 1U);
 }
 
+TEST_F(WindowsAsData, ABarKeepsWithinItsRangeAndTellsOfAMove) {
+  Contrôle &barre = ajouter("barre", Genre::barre);
+  std::vector<int> valeurs;
+  barre.changement = [&] { valeurs.push_back(barre.valeur); };
+  fixer_bornes(barre, 2, 9);
+  fixer_valeur(barre, 12);
+  fixer_valeur(barre, 9);
+  fixer_bornes(barre, 2, 5);
+  EXPECT_THAT(valeurs, ElementsAre(2, 9, 5));
+}
+
 TEST_F(WindowsAsData, AControlThatAWindowDoesNotHaveIsAFatalError) {
   try {
     contrôle(fenêtre, "absent");

@@ -314,6 +314,7 @@ TEST_F(FileRegistry, AnInstanceThatWritesUndoesNoChangeOfAnother) {
   RegistreFichier première = ouvrir();
   première.créer("R");
   première.écrire("R", "a", "1");
+  première.écrire("R", "a", "1");
   RegistreFichier seconde = ouvrir();
   seconde.écrire("R", "a", "2");
   première.écrire("R", "b", "3");

@@ -143,11 +143,13 @@ TEST_F(Stages, TheFinishedMapStandsUnderTheAnnouncementOfTheNextStage) {
   EXPECT_EQ(reste, "000");
 }
 
-TEST_F(Stages, TheMapOfTheNextStageShowsNothingAsFound) {
+TEST_F(Stages, TheNextStageBeginsWithNothingFoundAndACountOfItsOwn) {
   ordonner({étape_provinces, étape_drapeaux});
   m.nouvelle_partie(2);
   finir_étape();
   ASSERT_EQ(m.g().Etape, étape_drapeaux);
+  EXPECT_EQ(m.e().Boîte_restants.texte, "Drapeaux à placer");
+  EXPECT_EQ(m.e().Reste(3).texte + m.e().Reste(2).texte + m.e().Reste(1).texte, "110");
   for (int p = 1; p <= nombre_provinces; ++p) {
     EXPECT_FALSE(est_visible(m.e().Pays(p))) << p;
     EXPECT_TRUE(est_visible(m.e().Inv(p))) << p;

@@ -130,14 +130,45 @@ TEST_F(Player, GivesUpOverAListThatIsNoneOrLacksTheItem) {
   expect_given_up("boîte_nom_joueur n'est pas une liste");
 }
 
-TEST_F(Player, GivesUpOverAMenuEntryThatNoKeyReaches) {
-  Script by_keys(desktop, AutomaticPlayer::Hand::keys);
-  by_keys.player.choose("menu_fichier", "entrée_absente");
-  EXPECT_EQ(by_keys.run(), "rien à choisir sous le nom entrée_absente");
-  EXPECT_FALSE(desktop.programme().en_cours());
+TEST_F(Player, GivesUpOverATextBoxThatIsNotThere) {
+  open_new_game();
+  script.player.fill_in("boîte_absente", "Zoé");
+  expect_given_up("rien à utiliser sous le nom boîte_absente dans nouvelle_partie");
 }
 
-TEST_F(Player, GoesByKeysToAProvinceFromWhereverTheCursorIs) {
+class PlayerByKeys : public Player {
+ protected:
+  void expect_given_up(const std::string &why) {
+    EXPECT_EQ(by_keys.run(), why);
+    EXPECT_FALSE(desktop.programme().en_cours());
+  }
+
+  Script by_keys{desktop, AutomaticPlayer::Hand::keys};
+};
+
+TEST_F(PlayerByKeys, GivesUpOverAMenuEntryThatNoKeyReaches) {
+  by_keys.player.choose("menu_fichier", "entrée_absente");
+  expect_given_up("rien à choisir sous le nom entrée_absente");
+}
+
+TEST_F(PlayerByKeys, GivesUpOverAMenuThatHasNoEntries) {
+  by_keys.player.choose("Menu_aide", "entrée_absente");
+  expect_given_up("le menu ne s'ouvre pas");
+}
+
+TEST_F(PlayerByKeys, GivesUpOverTheMenusUnderAnotherWindow) {
+  by_keys.player.choose("menu_fichier", "fichier_nouveau");
+  by_keys.player.choose("menu_fichier", "fichier_nouveau");
+  expect_given_up("rien à utiliser sous le nom barre_de_menus dans nouvelle_partie");
+}
+
+TEST_F(PlayerByKeys, GivesUpOverAControlThatTheTabKeyPasses) {
+  by_keys.player.choose("menu_fichier", "fichier_nouveau");
+  by_keys.player.click("Label1");
+  expect_given_up("aucune touche ne mène à Label1");
+}
+
+TEST_F(PlayerByKeys, GoesToAProvinceFromWhereverTheCursorIs) {
   struct Mouse : QObject {
     bool eventFilter(QObject *, QEvent *event) override {
       pressed = pressed || event->type() == QEvent::MouseButtonPress;
@@ -149,7 +180,6 @@ TEST_F(Player, GoesByKeysToAProvinceFromWhereverTheCursorIs) {
   GameState &g = desktop.programme().état();
   g.Ordre_jeux.remplir(0);
   g.Ordre_jeux(1) = étape_provinces;
-  Script by_keys(desktop, AutomaticPlayer::Hand::keys);
   by_keys.player.choose("menu_fichier", "fichier_nouveau");
   by_keys.player.fill_in("boîte_nom_joueur", "Zoé");
   by_keys.player.click("niveau_facile");

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -53,6 +54,14 @@ TEST_F(Player, ReplacesWhatStandsInATextBox) {
     EXPECT_EQ(script.run(), "");
     EXPECT_EQ(desktop.programme().état().Nom_joueur, name);
   }
+  open_new_game();
+  script.player.fill_in("boîte_nom_joueur", "");
+  script.player.then([this] {
+    const auto *box = desktop.renderer().top_frame()->findChild<QLineEdit *>("boîte_nom_joueur");
+    EXPECT_EQ(box->text(), "");
+  });
+  script.player.click("Bouton_annuler");
+  EXPECT_EQ(script.run(), "");
 }
 
 /// Counts what it is asked for orders, and has nothing to say of boxes.

@@ -147,6 +147,14 @@ TEST_F(Player, GivesUpOverATextBoxThatIsNotThere) {
 
 class PlayerByKeys : public Player {
  protected:
+  void begin_game(std::int16_t stage) {
+    desktop.programme().état().Ordre_jeux = Ordre_de_jeu({stage, 0, 0, 0});
+    by_keys.player.choose("menu_fichier", "fichier_nouveau");
+    by_keys.player.fill_in("boîte_nom_joueur", "Zoé");
+    by_keys.player.click("niveau_facile");
+    by_keys.player.click("bouton_sortie");
+    EXPECT_EQ(by_keys.run(), "");
+  }
   void expect_given_up(const std::string &why) {
     EXPECT_EQ(by_keys.run(), why);
     EXPECT_FALSE(desktop.programme().en_cours());
@@ -187,13 +195,7 @@ TEST_F(PlayerByKeys, GoesToAProvinceFromWhereverTheCursorIs) {
   } mouse;
   qApp->installEventFilter(&mouse);
   GameState &g = desktop.programme().état();
-  g.Ordre_jeux.remplir(0);
-  g.Ordre_jeux(1) = étape_provinces;
-  by_keys.player.choose("menu_fichier", "fichier_nouveau");
-  by_keys.player.fill_in("boîte_nom_joueur", "Zoé");
-  by_keys.player.click("niveau_facile");
-  by_keys.player.click("bouton_sortie");
-  EXPECT_EQ(by_keys.run(), "");
+  begin_game(étape_provinces);
   const auto lies_higher = [](const Fiche_ville &a, const Fiche_ville &b) { return a.y < b.y; };
   std::vector<int> provinces(nombre_provinces);
   std::iota(provinces.begin(), provinces.end(), 1);
@@ -206,6 +208,16 @@ TEST_F(PlayerByKeys, GoesToAProvinceFromWhereverTheCursorIs) {
     EXPECT_TRUE(g.TableProvinces(p).trouvée) << p;
   }
   EXPECT_FALSE(mouse.pressed);
+}
+
+TEST_F(PlayerByKeys, GoesToATownsDotToThePixel) {
+  begin_game(étape_villes);
+  for (const int v : {1, 34, 78}) {
+    Poser_question(desktop.programme().contexte(), v);
+    by_keys.player.click(town(v));
+    EXPECT_EQ(by_keys.run(), "");
+    EXPECT_TRUE(desktop.programme().état().TableVilles(v).trouvée) << v;
+  }
 }
 
 TEST_F(Player, GivesUpOverAMenuEntryThatIsDisabledAndClosesTheMenu) {

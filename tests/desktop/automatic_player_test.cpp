@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -14,6 +15,7 @@
 #include <vector>
 
 #include "core/game_state.h"
+#include "front/qt/demonstration/mouse.h"
 #include "front/qt/demonstration/scratch_folder.h"
 #include "play/question_selection.h"
 #include "script.h"
@@ -131,6 +133,18 @@ TEST_F(Player, GivesUpOverAProvinceUnderAnotherWindow) {
   open_new_game();
   script.player.click(province(1));
   expect_given_up("rien à utiliser sous le nom Carte dans nouvelle_partie");
+}
+
+TEST(Mouse, ScrollsAListToAnItemThatIsOutOfSight) {
+  QListWidget list;
+  for (int i = 1; i <= 100; ++i) list.addItem(QString::number(i));
+  list.resize(100, 100);
+  list.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+  for (const int row : {99, 0}) {
+    click(list, *list.item(row));
+    EXPECT_EQ(list.currentRow(), row);
+  }
 }
 
 TEST_F(Player, GivesUpOverAListThatIsNoneOrLacksTheItem) {

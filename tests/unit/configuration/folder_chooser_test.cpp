@@ -164,10 +164,14 @@ TEST_F(FolderChooser, AFolderThatIsGoneListsNothingButTheWayUp) {
 }
 
 TEST_F(FolderChooser, AFolderMadeElsewhereIsListedAtTheNextTick) {
-  f();
-  fs::create_directory(chemin_natif(jeux + "/venu"));
-  f().tic();
-  EXPECT_THAT(k("Répertoire").éléments, Contains("venu"));
+  m.façade.joueur = [&](Fenêtre &ouverte) {
+    fs::create_directory(chemin_natif(jeux + "/venu"));
+    m.programme.battre();
+    EXPECT_THAT(contrôle(ouverte, "Répertoire").éléments, Contains("venu"));
+    m.façade.joueur = {};
+  };
+  m.c().plateforme.fenêtres.ouvrir_modale("Paramétrage_répertoires");
+  EXPECT_FALSE(m.façade.joueur) << "it was up";
 }
 
 TEST_F(FolderChooser, TheNewFolderBoxComesAndGoesWithTheFocus) {

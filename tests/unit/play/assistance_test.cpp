@@ -132,7 +132,10 @@ TEST_F(Assistance, ARightAnswerUnderHelpPlacesNothingChargesInFullAndDrawsTwice)
   m.répondre_faux();
   aider();
   const int tirages = m.hasard.tirages;
+  m.son.joués.clear();
   m.répondre_juste();
+  EXPECT_THAT(m.son.joués, ElementsAre("carte_ok.wav"));
+  EXPECT_FALSE(m.g().AssistanceActive);
   EXPECT_EQ(m.hasard.tirages, tirages + 2);
   EXPECT_FALSE(m.g().TableProvinces(p).trouvée);
   EXPECT_EQ(m.g().ProvincesRestantes, 110);

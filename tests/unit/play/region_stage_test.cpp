@@ -263,6 +263,7 @@ TEST_F(Regions, AWrongSelectionSoundsPicksThenError) {
   ClicProvince(m.c(), étrangère(1));
   ClicProvince(m.c(), étrangère(2));
   EXPECT_THAT(m.son.joués, ElementsAre("carte_es.wav", "carte_es.wav", "carte_er.wav"));
+  EXPECT_THAT(m.boîtes.montrées, IsEmpty());
 }
 
 TEST_F(Regions, ARegionPlacedInLearningModeGivesTheTipOfTheCardsOnce) {

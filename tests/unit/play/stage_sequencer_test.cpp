@@ -148,12 +148,18 @@ TEST_F(Stages, TheNextStageBeginsWithNothingFoundAndACountOfItsOwn) {
   m.nouvelle_partie(2);
   finir_étape();
   ASSERT_EQ(m.g().Etape, étape_drapeaux);
+  EXPECT_FALSE(est_visible(m.e().Texte_à_chercher)) << "it would tell the province's name";
   EXPECT_EQ(m.e().Boîte_restants.texte, "Drapeaux à placer");
   EXPECT_EQ(m.e().Reste(3).texte + m.e().Reste(2).texte + m.e().Reste(1).texte, "110");
   for (int p = 1; p <= nombre_provinces; ++p) {
     EXPECT_FALSE(est_visible(m.e().Pays(p))) << p;
     EXPECT_TRUE(est_visible(m.e().Inv(p))) << p;
   }
+}
+
+TEST_F(Stages, AClickOnTheMapAtRestIsNone) {
+  m.cliquer_carte(m.g().TableVilles(7).x, m.g().TableVilles(7).y);
+  EXPECT_TRUE(m.g().PartieVierge);
 }
 
 TEST_F(Stages, AGameNeverClickedIsDroppedWithoutAQuestionAndWithoutAScore) {

@@ -102,9 +102,9 @@ void parcourir(std::string_view contenu, const auto &clé_lue, const auto &valeu
   const auto lire_clé = [&](std::string_view ligne) {
     if (ligne.size() < 3 || ligne.front() != '[' || ligne.back() != ']') return false;
     const std::string nette = clé_nette(ligne.substr(1, ligne.size() - 2));
-    if (!clé_permise(nette)) return false;
-    clé_lue(nette);
-    return sous_une_clé = true;
+    sous_une_clé = clé_permise(nette);
+    if (sous_une_clé) clé_lue(nette);
+    return sous_une_clé;
   };
   while (!contenu.empty()) {
     const std::string_view brute = couper(contenu, '\n');

@@ -278,6 +278,11 @@ void Chronique::noter_pile(Pile pile, std::vector<std::string> &avant, Nouvelles
   std::vector<std::string> noms;
   for (const Contrôle *c : pile) noms.push_back(c->nom);
   if (noms == avant) return;
+  if (avant.empty()) {
+    std::string ordre;
+    for (const std::string &nom : noms) ordre += nom + "\n";
+    nouvelles["empilés, somme " + std::to_string(somme_de(ordre))] = {noms.front()};
+  }
   for (const std::string &nom : déplacés(avant, noms)) {
     const auto place = std::ranges::find(noms, nom);
     nouvelles["posé sur " + (place == noms.begin() ? "le fond" : *std::prev(place))].push_back(nom);

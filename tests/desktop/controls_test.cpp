@@ -307,12 +307,14 @@ TEST_F(Controls, ASystemColourIsThatOfTheDesktop) {
   auto *shown = stage.widget<QLabel>(window, "étiquette");
   EXPECT_EQ(shown->palette().color(QPalette::Window), QApplication::palette().color(QPalette::Midlight));
   EXPECT_TRUE(shown->autoFillBackground());
+  EXPECT_EQ(shown->margin(), 3) << "words keep off the edge of their ground";
   label.fond = Couleur{0, 255, 0};
   stage.renderer.sync();
   EXPECT_EQ(shown->palette().color(QPalette::Window), QColor(0, 255, 0));
   label.fond.reset();
   stage.renderer.sync();
   EXPECT_FALSE(shown->autoFillBackground());
+  EXPECT_EQ(shown->margin(), 0);
 }
 
 TEST_F(Controls, BordersComeAndGo) {

@@ -176,6 +176,7 @@ TEST_F(GameByEar, WhatIsSaidIsANotification) {
   ASSERT_NE(speech, nullptr);
   EXPECT_EQ(QAccessible::queryAccessibleInterface(speech)->role(), QAccessible::Notification);
   EXPECT_EQ(speech->size(), QSize(1, 1)) << "for the ear alone";
+  EXPECT_NE(frame()->childAt(speech->geometry().center()), speech) << "the mouse does not find it";
 }
 
 TEST_F(GameByEar, TheMainWindowIsAWindowAndADialogADialog) {

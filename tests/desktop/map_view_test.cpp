@@ -415,6 +415,7 @@ TEST(MapCursor, IsDrawnWithoutATraceOnThePainter) {
   EXPECT_GT(colours.size(), 3U) << "its lines are smooth";
   for (const QPoint tick : {QPoint(8, 20), QPoint(32, 20), QPoint(20, 8), QPoint(20, 32)})
     EXPECT_LT(image.pixelColor(tick).lightness(), 60) << "a line on each side";
+  EXPECT_LT(image.pixelColor(26, 26).lightness(), 100) << "of a ring";
   EXPECT_EQ(painter.pen(), pen);
   EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing));
 }

@@ -346,6 +346,16 @@ TEST_F(Windows, AnIconOfTheStyleIsDecodedOnce) {
   EXPECT_EQ(picture().cacheKey(), picture().cacheKey());
 }
 
+TEST_F(Windows, ABarIsDrawnInTheStyle) {
+  install_style();
+  Fenêtre scrolled("fenêtre");
+  scrolled.largeur = scrolled.hauteur = 100;
+  place(scrolled, "barre", Genre::barre, {4, 4, 17, 90}).max = 10;
+  stage.renderer.montrer(scrolled);
+  const QImage drawn = stage.widget(scrolled, "barre")->grab().toImage();
+  EXPECT_NE(drawn.pixel(8, 8), drawn.pixel(8, 60)) << "its arrow and its groove";
+}
+
 TEST_F(Windows, F1AsksForHelpInTheWindowThatHasIt) {
   std::string asked;
   stage.renderer.help = [&](const Fenêtre &on) { asked += on.nom; };

@@ -194,7 +194,10 @@ class Chronique_d_une_fenêtre : public testing::Test {
  protected:
   Contrôle &ajouter(const std::string &nom) { return fenêtre.ajouter({.nom = nom}); }
   std::vector<std::string> noter() { return chronique.noter({&fenêtre}); }
-  void SetUp() override { noter(); }
+  void SetUp() override {
+    ajouter("décor");
+    noter();
+  }
 
   const CatalogueImages images;
   Chronique chronique{images, "/tmp/x", "{dossier}"};
@@ -234,6 +237,21 @@ TEST_F(Chronique_d_une_fenêtre, tells_of_many_that_change_alike_or_each_in_its_
   for (Contrôle *c : tous) c->valeur = static_cast<int>(c->nom.size() + c->plan);
   const auto lignes = noter();
   EXPECT_THAT(lignes, ElementsAre(AllOf(StartsWith("valeur changé, somme "), HasSubstr(" : ville(1-20)"))));
+}
+
+TEST_F(Chronique_d_une_fenêtre, tells_in_what_order_things_lie_at_first) {
+  const auto somme = [this](const std::vector<std::string> &noms) {
+    Fenêtre autre("autre");
+    for (const std::string &nom : noms) autre.ajouter({.nom = nom});
+    for (const std::string &ligne : chronique.noter({&autre}))
+      if (ligne.starts_with("empilés")) return ligne.substr(0, ligne.find(" : "));
+    return std::string();
+  };
+  const std::string un_deux = somme({"un", "deux"});
+  noter();
+  const std::string deux_un = somme({"deux", "un"});
+  EXPECT_NE(un_deux, "");
+  EXPECT_NE(un_deux, deux_un);
 }
 
 TEST_F(Chronique_d_une_fenêtre, names_the_window_where_it_is_not_the_one_on_top) {

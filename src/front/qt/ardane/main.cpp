@@ -64,7 +64,8 @@ int play(int argc, char **argv, const DesktopOptions &options) {
       ressources_du_programme());
   desktop.heed(instance);
   const EndSignals signals([&] { desktop.end_unasked(); });
-  if (desktop.start() && options.prêt_et_quitter) {
+  if (!desktop.start()) return 0;  // by design, not by an error: the player has been told why
+  if (options.prêt_et_quitter) {
     const QWidget &window = *desktop.renderer().frame(desktop.programme().principale());
     await_first_paint(window);
     report("prêt");
@@ -73,7 +74,7 @@ int play(int argc, char **argv, const DesktopOptions &options) {
     report("chargé");
     return 0;
   }
-  desktop.play();  // not at all where it has ended at once: the player has been told why
+  desktop.play();
   return 0;
 }
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Play at random for as long as one likes, through the pilot or the desktop's windows: memory stays flat, no
-descriptor and no temporary file is left, and an answer takes no longer at the end than at the beginning."""
+descriptor and no temporary file is left, and an answer takes no longer at the end than at the beginning. Hours
+are those of the program's own clock: it may run faster than ours."""
 import argparse
 import os
 import random
@@ -18,14 +19,30 @@ LEVELS = ("niveau_facile", "niveau_moyen", "niveau_difficile", "niveau_expert")
 WARM_UP = 0.2  # of the games: by then everything has been shown and loaded once
 MORE_MEMORY = 2048  # KiB that a run may have grown by after that: the allocator's own
 SLOWER = 1.05
+CLOCK = "/usr/$LIB/faketime/libfaketime.so.1"  # Debian's package libfaketime
+TICKS_OF_THOUGHT, TICKS_A_SECOND = 6, 2
+
+
+class Thinker(Player):
+    """Looks at the map for three seconds before each click: in the pilot it is told how time goes by."""
+
+    ticks = 0
+
+    def click_on_town(self, town):
+        self.do(f"tic {TICKS_OF_THOUGHT}")
+        self.ticks += TICKS_OF_THOUGHT
+        super().click_on_town(town)
+
+    def seconds(self):
+        return self.ticks / TICKS_A_SECOND
 
 
 class Watch:
-    """Looks at a process at the end of each game."""
+    """Looks at a process at the end of each game. `clock` tells the seconds that it has lived through."""
 
-    def __init__(self, pid, folder, interval):
-        self._process, self._folder, self._interval = Path(f"/proc/{pid}"), folder, interval
-        self._begun = self._told = time.monotonic()
+    def __init__(self, pid, folder, interval, clock):
+        self._process, self._folder, self._interval, self._clock = Path(f"/proc/{pid}"), folder, interval, clock
+        self._told = clock()
         self.memory, self.descriptors, self.medians, self._left = [], [], [], set()
 
     def end_of_game(self, median):
@@ -38,12 +55,12 @@ class Watch:
         if still := left & self._left:
             sys.exit(f"FINDING: temporary files: {still}")
         self._left = left
-        if time.monotonic() - self._told >= self._interval:
-            self._told = time.monotonic()
+        if self._clock() - self._told >= self._interval:
+            self._told = self._clock()
             self.tell()
 
     def tell(self):
-        print(f"{time.monotonic() - self._begun:.0f} s, {len(self.memory)} games, {self.memory[-1]} KiB, "
+        print(f"{self._clock():.0f} s, {len(self.memory)} games, {self.memory[-1]} KiB, "
               f"{self.descriptors[-1]} descriptors, median answer {statistics.median(self.medians[-50:]):.0f} µs",
               flush=True)  # fmt: skip
 
@@ -73,15 +90,18 @@ def through_the_desktop(options, folder):
     temporary, of_the_system = folder / "tmp", folder / "run"
     temporary.mkdir()
     of_the_system.mkdir(mode=0o700)
+    environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "TMPDIR": str(temporary),
+                   "XDG_RUNTIME_DIR": str(of_the_system)}  # fmt: skip
+    if options.faster != 1:
+        environment |= {"LD_PRELOAD": CLOCK, "FAKETIME": f"+0 x{options.faster}"}
+    begun = time.monotonic()
     run = subprocess.Popen([program, str(options.seconds), str(options.games), str(options.seed)],
-                           stdout=subprocess.PIPE, text=True,
-                           env={**os.environ, "QT_QPA_PLATFORM": "offscreen", "TMPDIR": str(temporary),
-                                "XDG_RUNTIME_DIR": str(of_the_system)})  # fmt: skip
-    watch = Watch(run.pid, temporary, options.interval)
+                           stdout=subprocess.PIPE, text=True, env=environment)  # fmt: skip
+    watch = Watch(run.pid, temporary, options.interval, lambda: (time.monotonic() - begun) * options.faster)
     for line in run.stdout:
         if not line.startswith("game:"):
             sys.exit("FINDING: " + line)
-        watch.end_of_game(float(line.split()[-2]))
+        watch.end_of_game(float(line.split()[-2]) / options.faster)  # its processor time runs faster too
     if run.wait() != 0:
         sys.exit(f"FINDING: it ended with {run.returncode}")
     if left := list(temporary.iterdir()):
@@ -110,11 +130,10 @@ def through_the_pilot(options):
     attack = Attack.over(options.programs / "ardane-pilote")
     drawn = random.Random(options.seed)
     folder = attack.base()
-    player = Player(attack, folder)
-    watch = Watch(player.pilot.pid, folder, options.interval)
+    player = Thinker(attack, folder)
+    watch = Watch(player.pilot.pid, folder, options.interval, player.seconds)
     player.start()
-    end = time.monotonic() + options.seconds
-    while time.monotonic() < end and len(watch.memory) < options.games:
+    while player.seconds() < options.seconds and len(watch.memory) < options.games:
         between_games(player, drawn)
         player.choose_file("menu_recharger", "petit.SCI")
         player.new_game("Zoé", drawn.choice(LEVELS))
@@ -131,7 +150,8 @@ def through_the_pilot(options):
 def main():
     options = argparse.ArgumentParser(description=__doc__)
     options.add_argument("through", choices=("pilot", "desktop"))
-    options.add_argument("--seconds", type=int, default=600, help="how long (%(default)s); 43200 are twelve hours")
+    options.add_argument("--seconds", type=int, default=600, help="of its clock (%(default)s); 43200 are twelve hours")
+    options.add_argument("--faster", type=int, default=1, help="the desktop's clock runs so many times as fast")
     options.add_argument("--games", type=int, default=10**6, help="no more than so many")
     options.add_argument("--seed", type=int, default=1)
     options.add_argument("--interval", type=int, default=60, help="seconds between two figures (%(default)s)")

@@ -34,7 +34,7 @@ std::string_view nom_genre(Genre genre) {
   return "";
 }
 
-Contrôle &Fenêtre::ajouter(Contrôle contrôle) {
+Contrôle &Fenêtre::ajouter(Contrôle &&contrôle) {
   contrôles_.push_back(std::move(contrôle));
   ++révision_;
   au_premier_plan(contrôles_.back());
@@ -92,7 +92,7 @@ bool est_utilisable(const Contrôle &contrôle) {
 
 bool est_bordé(const Contrôle &contrôle) {
   if (contrôle.bord == Bord::selon_genre) return contrôle.genre == Genre::texte;
-  return contrôle.bord == Bord::avec || contrôle.cellule;
+  return contrôle.bord == Bord::avec;
 }
 
 const std::string &nom_à_dire(const Contrôle &contrôle) {

@@ -75,7 +75,7 @@ struct Contrôle {
   bool actif = true;
   bool retiré = false;  ///< taken off its window: only those who still hold it can tell
   Bord bord = Bord::selon_genre;
-  bool cellule = false;  ///< a label of a table: framed text on its ground, which takes neither click nor tip
+  bool cellule = false;  ///< a label of a table, which takes neither click nor tip
   bool étirée = false;   ///< the picture takes the control's size; otherwise the control takes the picture's
   bool déborde = false;  ///< a label of one line that runs on beyond its right edge rather than shrink
   bool multiligne = false;
@@ -139,7 +139,7 @@ class Fenêtre {
   std::function<void()> demande_de_fermeture;  ///< the close control; without it the window just closes
 
   /// Adds a control on top of the stack. References stay valid until it is taken off.
-  Contrôle &ajouter(Contrôle contrôle);
+  Contrôle &ajouter(Contrôle &&contrôle);
   /// Takes a control off, and what lies in it, no menu entry: no event reaches it any more, and no property
   /// of the window or of another control points at it. Its memory stays until `oublier_retirés`.
   void retirer(Contrôle &contrôle);

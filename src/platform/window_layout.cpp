@@ -5,7 +5,8 @@
 namespace ardane {
 
 Contrôle &placer(Fenêtre &fenêtre, const Place &place) {
-  Contrôle nouveau;
+  Contrôle *const conteneur = place.conteneur.empty() ? nullptr : &contrôle(fenêtre, place.conteneur);
+  Contrôle &nouveau = fenêtre.ajouter({});
   nouveau.nom = place.nom;
   nouveau.genre = place.genre;
   nouveau.gauche = place.gauche;
@@ -14,8 +15,8 @@ Contrôle &placer(Fenêtre &fenêtre, const Place &place) {
   nouveau.hauteur = place.hauteur;
   nouveau.ordre_tabulation = place.ordre_tabulation;
   nouveau.texte = place.texte;
-  if (!place.conteneur.empty()) nouveau.conteneur = &contrôle(fenêtre, place.conteneur);
-  return fenêtre.ajouter(std::move(nouveau));
+  nouveau.conteneur = conteneur;
+  return nouveau;
 }
 
 Contrôle &contrôle(Fenêtre &fenêtre, std::string_view nom) {
@@ -25,7 +26,9 @@ Contrôle &contrôle(Fenêtre &fenêtre, std::string_view nom) {
 }
 
 std::string indexé(std::string_view nom, int i) {
-  return std::string(nom).append("(").append(std::to_string(i)).append(")");
+  std::string indexé;
+  indexé.reserve(nom.size() + sizeof "(330)");
+  return indexé.append(nom).append("(").append(std::to_string(i)).append(")");
 }
 
 }  // namespace ardane

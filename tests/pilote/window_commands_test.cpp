@@ -164,7 +164,7 @@ TEST_F(Main_du_joueur, the_window_on_top_takes_the_commands) {
   bouton.nom = "OK";
   bouton.genre = Genre::bouton;
   bouton.clic = noter("dessus");
-  dessus.ajouter(bouton);
+  dessus.ajouter(Contrôle(bouton));
   ouvrir();
   monde.façade.montrer(dessus);
   faire("clic OK");

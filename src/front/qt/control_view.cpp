@@ -2,7 +2,6 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
-#include <cmath>
 
 #include "front/qt/accessibility.h"
 #include "front/qt/appearance.h"
@@ -23,8 +22,7 @@ bool is_enter(const QKeyEvent &event) {
 }
 
 QRect place_of(const Contrôle &control) {
-  return {static_cast<int>(std::lround(control.gauche)), static_cast<int>(std::lround(control.haut)),
-          static_cast<int>(std::lround(control.largeur)), static_cast<int>(std::lround(control.hauteur))};
+  return {qRound(control.gauche), qRound(control.haut), qRound(control.largeur), qRound(control.hauteur)};
 }
 
 ControlView::ControlView(Contrôle &control, const ViewContext &context, QWidget *widget)

@@ -346,14 +346,24 @@ TEST_F(Windows, AnIconOfTheStyleIsDecodedOnce) {
   EXPECT_EQ(picture().cacheKey(), picture().cacheKey());
 }
 
-TEST_F(Windows, ABarIsDrawnInTheStyle) {
-  install_style();
+TEST_F(Windows, ABarLooksAsTheToolkitDrawsItHoweverOftenItWasThere) {
   Fenêtre scrolled("fenêtre");
-  scrolled.largeur = scrolled.hauteur = 100;
-  place(scrolled, "barre", Genre::barre, {4, 4, 17, 90}).max = 10;
+  scrolled.largeur = scrolled.hauteur = 300;
+  Contrôle &bar = place(scrolled, "barre", Genre::barre, {4, 4, 17, 290});
   stage.renderer.montrer(scrolled);
-  const QImage drawn = stage.widget(scrolled, "barre")->grab().toImage();
-  EXPECT_NE(drawn.pixel(8, 8), drawn.pixel(8, 60)) << "its arrow and its groove";
+  auto *toolkit = static_cast<QProxyStyle *>(QApplication::style())->baseStyle();
+  QWidget &shown = *stage.widget(scrolled, "barre");
+  for (const bool usable : {true, false, true})
+    for (const int last : {10, 100})
+      for (bar.valeur = 0; bar.valeur < last; bar.valeur += last / 5) {
+        bar.actif = usable;
+        bar.max = last;
+        stage.renderer.sync();
+        const QImage drawn = shown.grab().toImage();
+        shown.setStyle(toolkit);
+        EXPECT_EQ(drawn, shown.grab().toImage()) << bar.valeur << " of " << last << ", usable: " << usable;
+        shown.setStyle(nullptr);
+      }
 }
 
 TEST_F(Windows, F1AsksForHelpInTheWindowThatHasIt) {

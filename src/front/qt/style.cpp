@@ -3,15 +3,47 @@
 #include <QApplication>
 #include <QHash>
 #include <QIcon>
+#include <QPainter>
 #include <QPalette>
+#include <QPixmap>
 #include <QProxyStyle>
 #include <QStyleOption>
 #include <QWidget>
+#include <algorithm>
+#include <array>
+#include <vector>
 
 #include "front/qt/child.h"
 
 namespace ardane {
 namespace {
+
+/// All that a scroll bar's picture depends on.
+struct BarLook {
+  BarLook(const QStyleOptionSlider &bar, qreal device_ratio)
+      : size(bar.rect.size()),
+        state(bar.state),
+        pressed(bar.activeSubControls),
+        range{bar.minimum, bar.maximum, bar.sliderPosition, bar.pageStep, bar.orientation},
+        palette(bar.palette.cacheKey()),
+        ratio(device_ratio) {}
+
+  QSize size;
+  QStyle::State state;
+  QStyle::SubControls pressed;
+  std::array<int, 5> range;
+  qint64 palette;
+  qreal ratio;
+  friend bool operator==(const BarLook &, const BarLook &) = default;
+};
+
+struct KnownBar {
+  BarLook look;
+  QPixmap picture;
+};
+
+/// More than there are on the screen.
+constexpr std::size_t most_known_bars = 16;
 
 class Style : public QProxyStyle {
  public:
@@ -46,7 +78,9 @@ class Style : public QProxyStyle {
     const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (bar == nullptr) return QProxyStyle::drawComplexControl(control, option, painter, widget);
     const QStyleOptionSlider coloured = in_known_colours(*bar);
-    QProxyStyle::drawComplexControl(control, &coloured, painter, widget);
+    if (control != CC_ScrollBar) return QProxyStyle::drawComplexControl(control, &coloured, painter, widget);
+    painter->drawPixmap(bar->rect.topLeft(),
+                        picture_of(coloured, painter->device()->devicePixelRatio(), widget));
   }
 
  private:
@@ -66,8 +100,25 @@ class Style : public QProxyStyle {
     return option;
   }
 
+  /// The toolkit draws each long line of a bar with several threads, and waits for them all.
+  QPixmap picture_of(const QStyleOptionSlider &bar, qreal ratio, const QWidget *widget) const {
+    const BarLook look(bar, ratio);
+    if (const auto known = std::ranges::find(bars_, look, &KnownBar::look); known != bars_.end())
+      return known->picture;
+    QPixmap picture(bar.rect.size() * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.translate(-bar.rect.topLeft());
+    QProxyStyle::drawComplexControl(CC_ScrollBar, &bar, &painter, widget);
+    if (bars_.size() == most_known_bars) bars_.clear();
+    bars_.push_back({look, picture});
+    return picture;
+  }
+
   mutable QHash<StandardPixmap, QIcon> icons_;
   mutable QList<QPalette> palettes_;
+  mutable std::vector<KnownBar> bars_;
 };
 
 }  // namespace

@@ -87,8 +87,10 @@ Stats::Stats(Contexte &c) : Fenêtre("Stats"), c_(c) {
   placer_tout(*this, places_des_statistiques);
   contrôle(*this, "Baratin").texte = message(g, Message::explication_des_statistiques);
   for (const char *entête :
-       {"EntêteColonne1", "EntêteVilles", "EntêteDrapeaux", "EntêteProvinces", "EntêtePerteColonne1"})
+       {"EntêteColonne1", "EntêteVilles", "EntêteDrapeaux", "EntêteProvinces", "EntêtePerteColonne1"}) {
     contrôle(*this, entête).alignement = Alignement::centre;
+    contrôle(*this, entête).cellule = true;
+  }
   Contrôle &barre = contrôle(*this, "BarreVerticale");
   barre.visible = false;
   barre.changement = [this, &barre] { remplir(barre.valeur); };
@@ -222,6 +224,7 @@ Contrôle &Stats::ajouter_cellule(Colonne colonne, int ligne) {
       placer(*this, {indexé(place.nom, ligne), Genre::étiquette, place.gauche,
                      haut_du_tableau + hauteur_de_ligne * (ligne - 1), place.largeur, hauteur_de_ligne});
   boîte.cellule = true;
+  boîte.bord = Bord::avec;
   boîte.visible = false;
   cellules(colonne).push_back(&boîte);
   return boîte;

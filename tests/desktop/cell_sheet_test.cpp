@@ -34,6 +34,7 @@ class Cells : public testing::Test {
   static Contrôle &add_cell(Fenêtre &holder, const char *named, QRect where, const char *text) {
     Contrôle &cell = place(holder, named, Genre::étiquette, where);
     cell.cellule = true;
+    cell.bord = Bord::avec;
     cell.texte = text;
     return cell;
   }
@@ -62,6 +63,21 @@ TEST_F(Cells, ACellLooksLikeALabelWithABorder) {
   Contrôle &label = place(other, "étiquette", Genre::étiquette, place_of(name));
   label.texte = name.texte;
   label.bord = Bord::avec;
+  show(window);
+  show(other);
+  EXPECT_EQ(picture(name), stage.widget(other, "étiquette")->grab().toImage());
+}
+
+TEST_F(Cells, AHeadingLooksLikeALabelOfTwoLinesWithoutABorder) {
+  name.bord = Bord::selon_genre;
+  name.alignement = Alignement::centre;
+  name.texte = "Recherche des provinces";
+  name.largeur = 77;
+  name.hauteur = 30;
+  Fenêtre other{"autre"};
+  Contrôle &label = place(other, "étiquette", Genre::étiquette, place_of(name));
+  label.texte = name.texte;
+  label.alignement = Alignement::centre;
   show(window);
   show(other);
   EXPECT_EQ(picture(name), stage.widget(other, "étiquette")->grab().toImage());

@@ -17,8 +17,7 @@ inline CellSheet &sheet_of(const QWidget &window) {
 
 /// The text of the cell of that name as it is shown; empty where none is.
 inline std::string read_cell(const QWidget &window, const std::string &name) {
-  const QString *text = sheet_of(window).text_in(name);
-  return text == nullptr ? "" : text->toStdString();
+  return sheet_of(window).text_in(name).toStdString();
 }
 
 }  // namespace ardane

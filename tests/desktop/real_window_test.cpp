@@ -438,12 +438,17 @@ TEST_F(RealWindow, TheCellsOfATableGrowWithIt) {
   order().answer(Réponse::oui);
   order().answer(Réponse::ok);
   order().click("BoutonStatistiques");
-  CellSheet::Cell cell;
-  order().then([&] { cell = sheet_of(*QApplication::activeModalWidget()).cells().front(); });
+  CellSheet::Cell heading, cell;
+  order().then([&] {
+    const std::vector<CellSheet::Cell> &cells = sheet_of(*QApplication::activeModalWidget()).cells();
+    heading = cells.front();
+    cell = *std::ranges::find(cells, "NomProvince(1)", &CellSheet::Cell::name);
+  });
   order().click("Command1");
   order().click("Command1");
   play();
-  EXPECT_EQ(cell.name, "NomProvince(1)");
+  EXPECT_EQ(heading.name, "EntêteColonne1");
+  EXPECT_EQ(heading.place, QRect(QPoint(12, 135), QPoint(235, 179)));
   EXPECT_EQ(cell.place, QRect(QPoint(12, 180), QPoint(253, 205)));
 }
 

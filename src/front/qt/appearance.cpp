@@ -32,6 +32,15 @@ QString tool_tip(const std::string &text) {
   return Qt::mightBeRichText(plain) ? plain.toHtmlEscaped() : plain;
 }
 
+Qt::Alignment across(Alignement alignement) {
+  switch (alignement) {
+    case Alignement::gauche: return Qt::AlignLeft;
+    case Alignement::centre: return Qt::AlignHCenter;
+    case Alignement::droite: return Qt::AlignRight;
+  }
+  return Qt::AlignLeft;
+}
+
 QColor to_qt(const Teinte &teinte) {
   if (const auto *system = std::get_if<Couleur_système>(&teinte))
     return QGuiApplication::palette().color(role_of(*system));

@@ -24,6 +24,8 @@ QString caption(const std::string &text, char32_t mnemonic);
 /// A tool tip that is never taken for markup.
 QString tool_tip(const std::string &text);
 
+Qt::Alignment across(Alignement alignement);
+
 /// The colour on this desktop.
 QColor to_qt(const Teinte &teinte);
 

@@ -1,6 +1,8 @@
 // The cells of a window's tables.
 #pragma once
 
+#include <QHash>
+#include <QStaticText>
 #include <QWidget>
 #include <optional>
 #include <string>
@@ -8,7 +10,6 @@
 #include <vector>
 
 #include "front/qt/control_view.h"
-#include "front/qt/fitted_text.h"
 
 namespace ardane {
 
@@ -22,6 +23,8 @@ class CellSheet : public QWidget {
     std::string name, text, spoken;
     QRect place;  ///< on this widget
     std::optional<Teinte> fond;
+    bool bordé;
+    Alignement alignement;
     Police police;
     Scale scale;
     friend bool operator==(const Cell &, const Cell &) = default;
@@ -31,24 +34,38 @@ class CellSheet : public QWidget {
   void sync();
 
   const std::vector<Cell> &cells() const { return cells_; }
-  /// What can be read in the cell of that name; null where none is seen.
-  const QString *text_in(std::string_view name) const;
+  /// What can be read in the cell of that name; nothing where none is seen.
+  QString text_in(std::string_view name) const;
 
  protected:
   void paintEvent(QPaintEvent *event) override;
 
  private:
+  /// What cells are designed to be written with.
+  struct Letters {
+    Police police;
+    Scale scale;
+    QFont font;
+    int indent;     ///< half a letter off the edge of its frame, as every framed text is
+    int two_lines;  ///< height from which a text is broken into lines
+    /// What was laid out in one line: a table that is scrolled has the same texts in other rows.
+    QHash<QString, QStaticText> lines;
+  };
   struct Writing {
-    FittedText fitted;
-    QPoint baseline;  ///< where its first letter stands
+    QStaticText text;
+    QFont font;
+    QPoint place;
   };
 
   Cell cell_of(const Contrôle &control) const;
-  Writing writing_in(const Cell &cell) const;
+  Letters &letters_of(const Cell &cell);
+  Writing writing_in(const Cell &cell);
+  Writing line_in(const QString &text, QRect room, Letters &letters) const;
 
   const ViewContext &context_;
   std::vector<Cell> cells_;
-  std::vector<Writing> writings_;  ///< of each of them
+  std::vector<Writing> writings_;   ///< of each of them
+  std::optional<Letters> letters_;  ///< of the last cell: mostly those of the next one too
 };
 
 }  // namespace ardane

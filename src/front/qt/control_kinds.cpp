@@ -27,15 +27,6 @@ constexpr int frame_margin = 3;
 /// What the toolkit keeps free on either side of a line's text.
 constexpr int line_margin = 2;
 
-Qt::Alignment across(Alignement alignement) {
-  switch (alignement) {
-    case Alignement::gauche: return Qt::AlignLeft;
-    case Alignement::centre: return Qt::AlignHCenter;
-    case Alignement::droite: return Qt::AlignRight;
-  }
-  return Qt::AlignLeft;
-}
-
 /// A scroll bar whose focus is seen, which most styles leave out.
 class MarkedBar : public QScrollBar {
  public:

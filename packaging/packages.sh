@@ -6,7 +6,7 @@ packages_to_play="build-essential cmake ninja-build qt6-base-dev qt6-multimedia-
   qt6-translations-l10n libgl-dev nlohmann-json3-dev fonts-liberation"
 packages_to_test="$packages_to_play appstream bats clang clang-format clang-tidy desktop-file-utils libclang-rt-14-dev git
   libgif-dev libgtest-dev libgmock-dev libbenchmark-dev python3"
-packages_to_test_all="$packages_to_test at-spi2-core dbus gir1.2-atspi-2.0 openbox python3-gi xvfb"
+packages_to_test_all="$packages_to_test at-spi2-core dbus gir1.2-atspi-2.0 libfaketime openbox python3-gi xvfb"
 packages_to_package="build-essential cmake ninja-build qt6-base-dev qt6-multimedia-dev libgl-dev nlohmann-json3-dev
   debhelper"
 packages_for_a_bare_machine="debootstrap git"

@@ -20,9 +20,6 @@
 namespace ardane {
 namespace {
 
-/// How long a window that is to be painted at once is waited for.
-constexpr std::chrono::milliseconds exposure_delay{200};
-
 Qt::WindowFlags flags_of(const Fenêtre &window) {
   const Qt::WindowFlags kind = window.est_principale ? Qt::Window : Qt::Dialog;
   if (!window.avec_titre) return kind | Qt::FramelessWindowHint;
@@ -336,8 +333,7 @@ void WindowView::sync_stacking() {
 }
 
 void WindowView::sync_tab_order() {
-  ControlView *first = map() == nullptr ? nullptr : view_of(*map());
-  QWidget *last = first == nullptr ? nullptr : &first->widget();
+  QWidget *last = nullptr;
   for (const Contrôle *control : ordre_du_clavier(window())) {
     ControlView *view = view_of(*control);
     if (view == nullptr) continue;
@@ -394,12 +390,12 @@ void WindowView::hide() {
   frame_.hide();
 }
 
-void WindowView::await_first_paint() {
+void WindowView::await_first_paint(std::chrono::milliseconds patience) {
   if (frame_.windowHandle()->isExposed()) return;
   // With a time of its own processEvents would not wait but ask again and again.
   QTimer deadline;
   deadline.setSingleShot(true);
-  deadline.start(exposure_delay);
+  deadline.start(patience);
   while (!frame_.windowHandle()->isExposed() && deadline.isActive())
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
   frame_.repaint();

@@ -3,6 +3,7 @@
 
 #include <QEventLoop>
 #include <QWidget>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -57,7 +58,7 @@ class WindowView : public QObject {
   void hide();
   /// Waits a moment for a window that the desktop has yet to put up, and paints it. One that has been painted
   /// before needs no haste: what changed is painted when the event is over, and then once.
-  void await_first_paint();
+  void await_first_paint(std::chrono::milliseconds patience = std::chrono::milliseconds(200));
   /// Outer edges of a control on the screen.
   Rect rectangle(const Contrôle &control) const;
 

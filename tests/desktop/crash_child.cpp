@@ -147,7 +147,12 @@ void play_to_the_signal(std::string_view way) {
 /// In a procedure that lets events through, as the wait for a page does, or under the box of an error.
 void meet_the_signal(bool at_an_error) {
   Dispatcher dispatcher;
-  const EndSignals signals([&] { dispatcher.end_when_idle([] { std::puts("fin"); }); });
+  const EndSignals signals([&] {
+    dispatcher.end_when_idle([&] {
+      std::puts("fin");
+      dispatcher.run([] { std::puts("suite"); });
+    });
+  });
   dispatcher.run([&] {
     std::raise(SIGTERM);
     if (at_an_error) fail("fatale");

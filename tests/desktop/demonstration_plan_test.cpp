@@ -102,6 +102,16 @@ TEST_F(DemonstrationPlans, TheConfigurationThatIsTriedOutIsTheNorth) {
   EXPECT_EQ(state().Etape, étape_repos);
 }
 
+TEST_F(DemonstrationPlans, APictureIsAFileOfTheAlbumWhateverItsScreenIsCalled) {
+  const QTemporaryDir shelf;
+  Album kept{QDir(shelf.path())};
+  testing::internal::CaptureStdout();
+  kept.add("Top ten 1/2");
+  testing::internal::GetCapturedStdout();
+  EXPECT_TRUE(kept.complete());
+  EXPECT_EQ(QDir(shelf.path()).entryList(QDir::Files), QStringList("01-Top ten 1-2.png"));
+}
+
 TEST_F(DemonstrationPlans, ItGivesUpOverAWindowThatItDoesNotExpect) {
   plan.at_window(player, "Inconnue");
   EXPECT_EQ(player.trouble(), "fenêtre inattendue : Inconnue");

@@ -263,9 +263,9 @@ class GameWithSettingsOfItsOwn : public Game {
 TEST_F(GameWithSettingsOfItsOwn, SettingsThatCanBeKeptNoMoreAreToldOnce) {
   start();
   settle();
-  std::filesystem::remove_all(settings);
-  std::ofstream(settings) << "no folder any more";
-  for (const char *name : {"Ann", "Bob"}) {
+  for (const auto &[name, kept] : {std::pair{"Ann", false}, {"Bob", false}, {"Zoé", true}, {"Lou", false}}) {
+    std::filesystem::remove_all(settings);
+    if (!kept) std::ofstream(settings) << "no folder any more";
     order().choose("menu_fichier", "fichier_nouveau");
     order().fill_in("boîte_nom_joueur", name);
     order().click("bouton_sortie");

@@ -39,6 +39,7 @@ class Help : public testing::Test {
   QTextBrowser &page() { return *child<QTextBrowser>("page_aide"); }
   QLineEdit &field() { return *child<QLineEdit>("recherche_aide"); }
   QString status() { return child<QLabel>("résultat_recherche")->text().replace(QChar::Nbsp, ' '); }
+  QRect status_place() { return child<QLabel>("résultat_recherche")->geometry(); }
   QPushButton &button(const char *name) { return *child<QPushButton>(name); }
   QPushButton &button_called(const char *words) {
     const auto buttons = help.window()->findChildren<QPushButton *>();
@@ -185,6 +186,7 @@ TEST_F(Help, WordsAreMarkedAsTheyAreTypedAndGoneThroughByKeys) {
     EXPECT_EQ(marked.format.foreground().color(), QColor(Qt::black)) << "whatever the desktop's letters are";
   }
   EXPECT_EQ(status(), "Dans cette page : 3");
+  EXPECT_GT(status_place().left(), page().width() / 2) << "at the right, beside what leads on";
   const auto press = [&](Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(help.window(), Qt::Key_F3, modifiers);
     return page().textCursor().selectedText();

@@ -280,6 +280,17 @@ TEST_F(MapViews, AtAnotherScaleAPressIsToldInPixelsOfTheData) {
   EXPECT_EQ(pressed, QPoint(30, 40));
 }
 
+TEST_F(MapViews, APictureThatComesWhileTheMapIsResizedIsSeen) {
+  poser_image(map, stage.catalogue.chercher("mer"));
+  scale = Scale(1.5);
+  EXPECT_EQ(at(30, 30), sea);
+  scale = Scale(1.7);
+  widget->resize(scale.rect(QRectF(0, 0, 100, 80)).size());
+  EXPECT_EQ(at(30, 30), sea);
+  picture("terre", "terre", 10, 10);
+  EXPECT_EQ(at(30, 30), land);
+}
+
 /// Presses keys on a map of 120 by 90 of which 100 by 80 are seen.
 class MapByKeys : public MapViews {
  protected:

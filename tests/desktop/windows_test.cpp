@@ -12,9 +12,11 @@
 #include <QStyleOption>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 #include <set>
 
 #include "front/qt/style.h"
+#include "front/qt/window_view.h"
 #include "stage.h"
 
 namespace ardane {
@@ -181,6 +183,22 @@ TEST_F(Windows, TheTabKeyFollowsTheOrderOfTheData) {
     QTest::keyClick(frame->focusWidget(), Qt::Key_Tab);
   }
   EXPECT_EQ(met, (std::vector<std::string>{"deux", "trois", "un", "page", "sans rang", "ni lui", "deux"}));
+}
+
+TEST_F(Windows, AWindowPutUpOnceMoreIsTheActiveOneAgain) {
+  show();
+  stage.renderer.montrer(dialog);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(stage.renderer.frame(dialog)));
+  stage.renderer.montrer(window);
+  EXPECT_TRUE(QTest::qWaitForWindowActive(stage.renderer.frame(window)));
+}
+
+TEST_F(Windows, AWindowThatTheDesktopDoesNotPutUpIsNotWaitedForWithoutEnd) {
+  const MapGuide guide;
+  WindowView view(window, {stage.dispatcher, stage.pictures, stage.screen, guide}, {}, nullptr);
+  view.frame().winId();
+  view.await_first_paint(std::chrono::milliseconds(0));
+  EXPECT_FALSE(view.frame().windowHandle()->isExposed());
 }
 
 TEST_F(Windows, AClosedWindowHearsOfNoLostFocus) {

@@ -119,7 +119,6 @@ void MasquerCarte(Contexte &c) {
 }
 
 void RedessinerCarte(Contexte &c) {
-  const GameState &g = c.état;
   Ecran_principal &principale = c.principale;
   c.plateforme.écran.sablier(true);
   for (int i = 1; i <= nombre_provinces; ++i) {
@@ -132,15 +131,6 @@ void RedessinerCarte(Contexte &c) {
     Montrer_région(c, i);
   }
   for (int i = 1; i <= nombre_villes; ++i) principale.au_premier_plan(repère(principale, i));
-  if (g.Etape == étape_provinces) {
-    for (int i = 1; i <= nombre_villes; ++i)
-      if (g.TableVilles(i).capitale || g.TableProvinces(g.TableVilles(i).province).trouvée)
-        Montrer_repère(c, i);
-  }
-  if (g.Etape == étape_villes || g.Etape == étape_révision) {
-    for (int i = 1; i <= nombre_villes; ++i)
-      if (g.TableProvinces(g.TableVilles(i).province).encart == 0) Montrer_repère(c, i);
-  }
   c.plateforme.écran.sablier(false);
 }
 

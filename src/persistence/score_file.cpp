@@ -68,7 +68,6 @@ std::optional<std::string> octets_à_écrire(const Contenu_scores &contenu) {
 }
 
 void annoncer(Contexte &c, const Contenu_scores &contenu, bool fin_de_partie) {
-  if (!c.secours.en_service()) return;
   if (const auto octets = octets_à_écrire(contenu))
     c.secours.annoncer_écriture(fichier_en_usage(c), *octets, fin_de_partie);
 }

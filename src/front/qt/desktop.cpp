@@ -96,10 +96,10 @@ void Desktop::keep_window() {
 }
 
 void Desktop::window_rests() {
-  if (!programme_.en_cours() || screen_view_ == nullptr) return;
-  keep_window();
   dispatcher_.run_when_idle([this] {
-    if (programme_.en_cours()) programme_.écran_changé();
+    if (!programme_.en_cours()) return;
+    keep_window();
+    programme_.écran_changé();
   });
 }
 
@@ -110,7 +110,6 @@ void Desktop::speak() {
   if (main == nullptr) return;
   if (speech_ == nullptr) speech_ = make_child<Speech>(main);
   Partie_entendue now = Ecouter(programme_.contexte());
-  if (now == heard_) return;
   speech_->say(to_qt(Annoncer_partie(heard_, now)));
   heard_ = std::move(now);
 }

@@ -70,7 +70,6 @@ void Dispatcher::guard(const Event &event) {
 }
 
 void Dispatcher::run_when_idle(const Event &event) {
-  if (!event) return;
   if (!busy_) return run(event);
   QTimer::singleShot(0, &put_off_, [this, event] { run_when_idle(event); });
 }

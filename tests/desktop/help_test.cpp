@@ -204,6 +204,24 @@ TEST_F(Help, WordsAreMarkedAsTheyAreTypedAndGoneThroughByKeys) {
   EXPECT_FALSE(button("mot_suivant").isVisible());
 }
 
+TEST_F(Help, WordsAreCountedAnewInEachPage) {
+  write("contextes.txt", "10\tjouer.html\n");
+  write("jouer.html", "<p>Une île, l’ÎLE et des îles.</p>");
+  write("carte.html", "<p>Encore une île.</p>");
+  open(10);
+  type("ile");
+  EXPECT_EQ(status(), "Dans cette page : 3");
+  page().setSource(page().source().resolved(QUrl("carte.html")));
+  EXPECT_EQ(status(), "Dans cette page : 1");
+}
+
+TEST_F(Help, IsWrittenInTheLettersOfTheDesktop) {
+  QFont larger = open_shipped().font();
+  larger.setPointSize(larger.pointSize() + 5);
+  page().setFont(larger);
+  EXPECT_EQ(page().document()->defaultFont(), larger);
+}
+
 TEST_F(Help, WhereNoWordIsMarkedThereIsNoneToGoTo) {
   HelpPage empty;
   empty.go_to_mark(false);

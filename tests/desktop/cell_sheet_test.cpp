@@ -51,6 +51,16 @@ class Cells : public testing::Test {
   CellSheet &sheet() { return sheet_of(frame()); }
   std::string read(const char *cell) { return read_cell(frame(), cell); }
   QImage picture(const Contrôle &cell) { return sheet().grab(place_of(cell)).toImage(); }
+  QImage picture_of_label_like(const Contrôle &cell) {
+    Fenêtre other{"autre"};
+    Contrôle label = cell;
+    label.cellule = false;
+    other.ajouter(std::move(label));
+    show(other);
+    const QImage shown = stage.widget(other, cell.nom.c_str())->grab().toImage();
+    stage.renderer.retirer(other);
+    return shown;
+  }
 
   Stage stage;
   Fenêtre window{"fenêtre"};
@@ -59,13 +69,8 @@ class Cells : public testing::Test {
 };
 
 TEST_F(Cells, ACellLooksLikeALabelWithABorder) {
-  Fenêtre other{"autre"};
-  Contrôle &label = place(other, "étiquette", Genre::étiquette, place_of(name));
-  label.texte = name.texte;
-  label.bord = Bord::avec;
   show(window);
-  show(other);
-  EXPECT_EQ(picture(name), stage.widget(other, "étiquette")->grab().toImage());
+  EXPECT_EQ(picture(name), picture_of_label_like(name));
 }
 
 TEST_F(Cells, AHeadingLooksLikeALabelOfTwoLinesWithoutABorder) {
@@ -74,13 +79,8 @@ TEST_F(Cells, AHeadingLooksLikeALabelOfTwoLinesWithoutABorder) {
   name.texte = "Recherche des provinces";
   name.largeur = 77;
   name.hauteur = 30;
-  Fenêtre other{"autre"};
-  Contrôle &label = place(other, "étiquette", Genre::étiquette, place_of(name));
-  label.texte = name.texte;
-  label.alignement = Alignement::centre;
   show(window);
-  show(other);
-  EXPECT_EQ(picture(name), stage.widget(other, "étiquette")->grab().toImage());
+  EXPECT_EQ(picture(name), picture_of_label_like(name));
 }
 
 TEST_F(Cells, ItStandsOnItsOwnGroundWithinItsFrame) {

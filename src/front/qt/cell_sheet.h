@@ -23,8 +23,8 @@ class CellSheet : public QWidget {
     std::string name, text, spoken;
     QRect place;  ///< on this widget
     std::optional<Teinte> fond;
-    bool bordé;
-    Alignement alignement;
+    bool bordé = false;
+    Alignement alignement = Alignement::gauche;
     Police police;
     Scale scale;
     friend bool operator==(const Cell &, const Cell &) = default;

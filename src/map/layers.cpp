@@ -124,7 +124,7 @@ void RedessinerCarte(Contexte &c) {
   for (int i = 1; i <= nombre_provinces; ++i) {
     principale.au_premier_plan(principale.Inv(i));
     principale.au_premier_plan(principale.Pays(i));
-    Montrer_province(c, i, false);
+    Montrer_province(c, i, false);  // and its towns
   }
   for (int i = 1; i <= nombre_régions; ++i) {
     principale.au_premier_plan(principale.Région(i));
